@@ -1,0 +1,34 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+
+#include "igs/support/export.h"
+#include "igs/support/kluTypeInfo.h"
+
+/// A class name as a template argument.
+template <std::size_t N>
+struct igsName {
+  // NOLINTNEXTLINE(google-explicit-constructor): a literal is to be written where a name is wanted
+  constexpr igsName(const char (&literal)[N]) { std::copy_n(literal, N, text); }
+  char text[N] = {};
+};
+
+/// The type protocol of one class, written once: a class `igsX` under `igsParent` derives from
+/// `igsTyped<igsX, "igsX", igsParent>`. The root of a hierarchy declares `id` and the three operations itself.
+///
+/// `isa` asks for the exact class; `typeof` asks for the class or one of its descendants.
+template <class Self, igsName Name, class Parent>
+class IGS_API_TEMPLATE igsTyped : public Parent {
+ public:
+  static constexpr kluTypeInfo id{Name.text, &Parent::id};
+
+  static const kluTypeInfo& type() { return id; }
+  bool typeof(const kluTypeInfo& t) const override { return id.childof(t); }
+  const kluTypeInfo& objtype() const override { return id; }
+  bool isa(const kluTypeInfo& t) const override { return id == t; }
+
+ protected:
+  using Parent::Parent;
+  igsTyped() = default;
+};

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cfloat>
+
+/// Marks an integer that was never set: Terminate counts, Global number-format parameters, an undefined view number,
+/// the key of an untagged error.
+inline constexpr int unset_int = -2147483647;
+
+/// Marks a real number that was never set or not supplied by the file.
+inline constexpr double undefined_real = -DBL_MAX;
+
+/// True for the value that marks a real number as never set; a NaN is not undefined by this test.
+constexpr bool is_undefined_real(double value) { return value == undefined_real; }

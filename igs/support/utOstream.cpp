@@ -1,0 +1,60 @@
+#include "igs/support/utOstream.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <ostream>
+
+utOstream::utOstream(std::ostream& target) : m_own{&target, true}, m_target(&m_own), m_tabs(0) {}
+
+utOstream::utOstream(utOstream& parent, int tabs)
+    : m_own{nullptr, false}, m_target(parent.m_target), m_tabs(parent.m_tabs + std::max(tabs, 0)) {}
+
+void utOstream::write(const char* text, std::size_t length) {
+  if (length == 0) return;
+  if (m_target->at_line_start) {
+    for (int i = 0; i < m_tabs; ++i) m_target->stream->put('\t');
+    m_target->at_line_start = false;
+  }
+  m_target->stream->write(text, static_cast<std::streamsize>(length));
+}
+
+utOstream& utOstream::operator<<(std::string_view text) {
+  write(text.data(), text.size());
+  return *this;
+}
+
+utOstream& utOstream::operator<<(const char* text) {
+  write(text, std::strlen(text));
+  return *this;
+}
+
+utOstream& utOstream::operator<<(char character) {
+  write(&character, 1);
+  return *this;
+}
+
+namespace {
+template <class Number>
+void write_number(utOstream& os, Number value) {
+  char text[32];
+  const std::to_chars_result end = std::to_chars(text, text + sizeof text, value);
+  os << std::string_view(text, static_cast<std::size_t>(end.ptr - text));
+}
+}  // namespace
+
+utOstream& utOstream::operator<<(int value) {
+  write_number(*this, value);
+  return *this;
+}
+
+utOstream& utOstream::operator<<(double value) {
+  write_number(*this, value);
+  return *this;
+}
+
+utOstream& utEndl(utOstream& os) {
+  os.m_target->stream->put('\n');
+  os.m_target->at_line_start = true;
+  return os;
+}
