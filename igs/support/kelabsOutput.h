@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdarg>
 #include <iosfwd>
 
 #include "igs/support/export.h"
@@ -9,6 +10,9 @@
 #else
 #define IGS_PRINTF(format_index, first_argument)
 #endif
+
+/// The tag of every text that the library prints.
+inline constexpr char iges_tag[] = "iges";
 
 /// A sink for the library's few messages to people: warnings begin "Warning : " and end with a line end, and every one
 /// carries the tag "iges". A host overrides `write`; the library never owns a sink.
@@ -21,6 +25,7 @@ class IGS_API kelabsOutput {
 
   /// Formats as printf does and hands the text to `write`. A text that cannot be formatted is dropped.
   IGS_PRINTF(3, 4) void print(const char* tag, const char* format, ...);
+  void print_list(const char* tag, const char* format, std::va_list arguments);
 
  protected:
   /// Receives one text as it stands, line ends included.

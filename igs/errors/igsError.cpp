@@ -1,0 +1,94 @@
+#include "igs/errors/igsError.h"
+
+#include <cstdarg>
+
+#include "igs/errors/igsSectionLog.h"
+#include "igs/file/igsObjectSystem.h"
+#include "igs/objects/igsCompound.h"
+#include "igs/objects/igsObject.h"
+#include "igs/objects/igsObjectPtr.h"
+
+igsErrorValueVisitor::~igsErrorValueVisitor() = default;
+
+igsError::~igsError() = default;
+
+int igsError::fix() { return 0; }
+
+void igsError::visit_values(igsErrorValueVisitor& /*visitor*/) const {}
+
+void igsError::message(const char* format, ...) const {
+  if (m_message_stream == nullptr) return;
+  std::va_list arguments;
+  va_start(arguments, format);
+  m_message_stream->print_list(iges_tag, format, arguments);
+  va_end(arguments);
+}
+
+void igsIndexedError::set_key(int key) {
+  m_key = key;
+  if (log() != nullptr) log()->key_changed(this);
+}
+
+// Errors are logged from the constructor of their kind, before the constructor of their class has stored any value.
+
+igsObjectError::igsObjectError() { igsObjectSystem::error_created(this); }
+
+igsStructureError::igsStructureError() { igsObjectSystem::error_created(this); }
+
+igsStructureError::igsStructureError(int de) : igsTyped(de) { igsObjectSystem::error_created(this); }
+
+igsGlobalError::igsGlobalError() { igsObjectSystem::error_created(this); }
+
+igsStartError::igsStartError() { igsObjectSystem::error_created(this); }
+
+igsTerminateError::igsTerminateError() { igsObjectSystem::error_created(this); }
+
+int igsObjectError::obj() { return m_obj != 0 ? m_obj : key(); }
+
+igsObject* igsObjectError::object_at_key() const { return igsObjectPtr(key()).object(); }
+
+igsObject* igsObjectError::object_at_obj() { return igsObjectPtr(obj()).object(); }
+
+int igsReferenceDataError::fix() {
+  const igsObject* const referenced = object_at_obj();
+  return referenced != nullptr && referenced->num_logged_errors() == 0 ? 1 : 0;
+}
+
+namespace {
+igsCompound* as_compound(igsObject* object) {
+  return object != nullptr && object->typeof(igsCompound::type()) ? static_cast<igsCompound*>(object) : nullptr;
+}
+
+bool is_sound(const igsObjectPtr& member) {
+  const igsObject* const object = member.object();
+  return object != nullptr && object->num_logged_errors() == 0;
+}
+}  // namespace
+
+int igsCompoundEntityError::obj() {
+  if (m_obj != 0) return m_obj;
+  const igsCompound* const compound = as_compound(object_at_key());
+  const int member = compound != nullptr ? compound->get_entity(compound->get_current_index(m_member)).de_number() : 0;
+  m_obj = member != 0 ? member : key();
+  return m_obj;
+}
+
+int igsCompoundEntityError::fix() {
+  igsCompound* const compound = as_compound(object_at_key());
+  if (compound == nullptr) return 0;
+  const int count = compound->number_of_entities();
+  if (compound->num_logged_errors() > 1 || count <= 0) return 1;
+
+  igsObjectPtrcoDynArr kept;
+  std::vector<int> new_position(static_cast<std::size_t>(count), -1);
+  for (int i = 0; i < count; ++i) {
+    const igsObjectPtr member = compound->get_entity(i);
+    if (!is_sound(member)) continue;
+    new_position[static_cast<std::size_t>(i)] = static_cast<int>(kept.size());
+    kept.push_back(member);
+  }
+  if (static_cast<int>(kept.size()) == count) return 1;
+  for (int i = 0; i < count; ++i) compound->set_index(i, new_position[static_cast<std::size_t>(i)]);
+  compound->set_entities(std::move(kept));
+  return 1;
+}

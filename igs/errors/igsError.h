@@ -1,0 +1,171 @@
+#pragma once
+
+#include "igs/support/export.h"
+#include "igs/support/igsTyped.h"
+#include "igs/support/kelabsOutput.h"
+#include "igs/support/kluTypeInfo.h"
+#include "igs/support/undefined.h"
+#include "igs/support/utString.h"
+
+class igsGlobalSection;
+class igsObject;
+class igsSimpleSectionLog;
+class igsTerminateSection;
+
+/// Is handed the values that an error carries, one by one, in the order of the error's constructor. The key (a DE
+/// number) is not among them.
+class IGS_API igsErrorValueVisitor {
+ public:
+  virtual ~igsErrorValueVisitor();
+  virtual void value(int number) = 0;
+  virtual void value(double number) = 0;
+  virtual void value(const utString& text) = 0;
+};
+
+/// A deviation from the standard, found while reading or checking. Its class is its identity: errors carry values,
+/// never texts. Constructing an error of one of the five kinds below hands it to the error log of the current file,
+/// which owns it from then on: create errors with `new` and do not delete them.
+class IGS_API igsError {
+ public:
+  static constexpr kluTypeInfo id{"igsError"};
+  static const kluTypeInfo& type() { return id; }
+
+  igsError(const igsError&) = delete;
+  igsError& operator=(const igsError&) = delete;
+
+  /// Repairs the condition. Returns 1 when it is repaired (or was a mere warning), 0 when it cannot be repaired and the
+  /// model is as it was.
+  virtual int fix();
+  virtual ~igsError();
+  virtual bool typeof(const kluTypeInfo& t) const { return id.childof(t); }
+  virtual const kluTypeInfo& objtype() const { return id; }
+  virtual bool isa(const kluTypeInfo& t) const { return id == t; }
+  /// Hands every carried value to `visitor`.
+  virtual void visit_values(igsErrorValueVisitor& visitor) const;
+
+  /// The section log that holds the error, and the error's place in its list of active or fixed errors (0-based); null
+  /// and -1 when no log took it.
+  igsSimpleSectionLog* log() const { return m_log; }
+  int log_position() const { return m_log_position; }
+
+  /// The sink for the texts that `fix` prints; null (the default) keeps it silent. Not owned.
+  void set_message_stream(kelabsOutput* stream) { m_message_stream = stream; }
+  kelabsOutput* message_stream() const { return m_message_stream; }
+
+ protected:
+  igsError() = default;
+  /// Prints a text to the message stream, with the library's tag; nothing without a stream.
+  IGS_PRINTF(2, 3) void message(const char* format, ...) const;
+
+ private:
+  friend class igsSimpleSectionLog;
+  friend class igsIndexedSectionLog;
+  void set_log(igsSimpleSectionLog* log) { m_log = log; }
+  void set_log_position(int position) { m_log_position = position; }
+
+  kelabsOutput* m_message_stream = nullptr;
+  int m_log_position = -1;
+  igsSimpleSectionLog* m_log = nullptr;
+};
+
+/// An error with an integer key: for object and structure errors the DE number of the entity.
+class IGS_API igsIndexedError : public igsTyped<igsIndexedError, "igsIndexedError", igsError> {
+ public:
+  /// -2147483647 until it is set.
+  virtual int key() const { return m_key; }
+  virtual void set_key(int key);
+
+ protected:
+  igsIndexedError() = default;
+  explicit igsIndexedError(int key) : m_key(key) {}
+
+ private:
+  int m_key = unset_int;
+};
+
+/// A fault of one entity. The key is set when the entity tags the error.
+class IGS_API igsObjectError : public igsTyped<igsObjectError, "igsObjectError", igsIndexedError> {
+ public:
+  /// The DE number of the entity that the fault concerns and that has to be repaired first: the key unless a subclass
+  /// knows better.
+  virtual int obj();
+  /// Makes obj() answer `de` (0: the key again).
+  void set_obj(int de) { m_obj = de; }
+
+ protected:
+  igsObjectError();
+
+  /// The live entity at the key's (or obj()'s) DE number in the current file; null when there is none.
+  igsObject* object_at_key() const;
+  igsObject* object_at_obj();
+
+  int m_obj = 0;  ///< 0: not known
+};
+
+/// Says that an entity which this one refers to fails its own check. obj() is the referenced entity, so that the fixer
+/// repairs it first. `fix` changes nothing: it answers 1 exactly when the referenced entity has no logged errors any
+/// more.
+class IGS_API igsReferenceDataError : public igsObjectError {
+ public:
+  int fix() override;
+};
+
+/// A fault of one member of a compound entity.
+class IGS_API igsCompoundEntityError
+    : public igsTyped<igsCompoundEntityError, "igsCompoundEntityError", igsObjectError> {
+ public:
+  /// `member`: the member's original position, 0-based.
+  explicit igsCompoundEntityError(int member) : m_member(member) {}
+
+  void visit_values(igsErrorValueVisitor& visitor) const override { visitor.value(m_member); }
+  /// The member's DE number, or the key when the member is null.
+  int obj() override;
+  /// Rebuilds the compound's member list without null and faulty members and records where each original position went.
+  /// Changes nothing and returns 1 while the compound has more than one logged error, or when all members are sound;
+  /// returns 0 when there is no compound at the key.
+  int fix() override;
+
+ private:
+  int m_member;
+};
+
+/// A fault of the file's structure; the key is the DE number (or record number) given to the constructor.
+class IGS_API igsStructureError : public igsTyped<igsStructureError, "igsStructureError", igsIndexedError> {
+ protected:
+  igsStructureError();
+  explicit igsStructureError(int de);
+};
+
+/// A fault of the Global section.
+class IGS_API igsGlobalError : public igsTyped<igsGlobalError, "igsGlobalError", igsError> {
+ public:
+  /// The section concerned, not owned; null until tagged.
+  igsGlobalSection* key() const { return m_section; }
+  virtual void set_key(igsGlobalSection* section) { m_section = section; }
+
+ protected:
+  igsGlobalError();
+
+ private:
+  igsGlobalSection* m_section = nullptr;
+};
+
+/// A fault of the Start section.
+class IGS_API igsStartError : public igsTyped<igsStartError, "igsStartError", igsError> {
+ protected:
+  igsStartError();
+};
+
+/// A fault of the Terminate section or of the file as a whole.
+class IGS_API igsTerminateError : public igsTyped<igsTerminateError, "igsTerminateError", igsError> {
+ public:
+  /// The section concerned, not owned; null until tagged.
+  igsTerminateSection* key() const { return m_section; }
+  virtual void set_key(igsTerminateSection* section) { m_section = section; }
+
+ protected:
+  igsTerminateError();
+
+ private:
+  igsTerminateSection* m_section = nullptr;
+};

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "igs/errors/igsSectionLog.h"
+
+/// The section logs of a file, by position. The values are part of the interface and never change.
+enum igsLogID {
+  igsObjectLog = 0,     ///< igsObjectError, by DE number
+  igsStructureLog = 1,  ///< igsStructureError, by DE number
+  igsGlobalLog = 2,     ///< igsGlobalError
+  igsStartLog = 3,      ///< igsStartError
+  igsTerminateLog = 4   ///< igsTerminateError
+};
+inline constexpr int num_section_logs = 5;
+
+/// All errors of one file. Every file has one; igsObjectSystem::log() is the current file's.
+class IGS_API igsErrorLog {
+ public:
+  igsErrorLog();
+
+  /// Gives the error to the first section log that accepts it.
+  void receive_error(igsError* error);
+  /// Moves the error to the fixed ones of its section log.
+  void mark_as_fixed(igsError* error);
+  /// Calls print() of every section log, which writes nothing.
+  void print() const;
+
+  /// The log at position `log_id`; null for a value outside igsLogID. Owned by this object.
+  igsSimpleSectionLog* get_section_log(igsLogID log_id) const;
+
+  /// The two logs that are indexed by DE number.
+  igsIndexedSectionLog& object_log() const { return *m_objects; }
+  igsIndexedSectionLog& structure_log() const { return *m_structure; }
+
+ private:
+  std::array<std::unique_ptr<igsSimpleSectionLog>, num_section_logs> m_logs;
+  igsIndexedSectionLog* m_objects;
+  igsIndexedSectionLog* m_structure;
+};

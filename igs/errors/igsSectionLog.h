@@ -1,0 +1,115 @@
+#pragma once
+
+#include <unordered_map>
+#include <vector>
+
+#include "igs/errors/igsError.h"
+#include "igs/support/export.h"
+
+/// The errors of one kind in one file: active errors in slots (a freed slot is the next to be used) and fixed errors in
+/// fixing order. Owns them all.
+class IGS_API igsSimpleSectionLog {
+ public:
+  /// Accepts errors whose class is `accepted` or descends from it; the record must outlive the log.
+  explicit igsSimpleSectionLog(const kluTypeInfo& accepted) : m_accepted(accepted) {}
+  igsSimpleSectionLog(const igsSimpleSectionLog&) = delete;
+  igsSimpleSectionLog& operator=(const igsSimpleSectionLog&) = delete;
+  virtual ~igsSimpleSectionLog();
+
+  /// Takes ownership of the error and returns 1; returns 0 for a class that this log does not accept.
+  virtual int receive_error(igsError* error);
+  /// Moves an active error to the fixed ones and returns 1; returns 0 for a class that this log does not accept.
+  virtual int mark_as_fixed(igsError* error);
+  /// Removes the error, active or fixed, and destroys it. An error of another log is left alone.
+  virtual void delete_error(igsError* error);
+  /// Destroys all errors, active and fixed.
+  virtual void clear();
+  /// Writes nothing: errors have no texts. Walk the log with its iterator and render each error from its class.
+  virtual void print() const {}
+
+  /// The active error in slot `slot` (its log_position, 0-based); null for a slot that is free or does not exist.
+  igsError* error_in_slot(int slot) const {
+    return slot >= 0 && slot < static_cast<int>(m_active.size()) ? m_active[static_cast<std::size_t>(slot)] : nullptr;
+  }
+  /// Number of active errors.
+  int num_errors() const { return m_num_errors; }
+  /// The fixed errors in fixing order.
+  const std::vector<igsError*>& fixed_errors() const { return m_fixed; }
+
+ protected:
+  bool accepts(const igsError* error) const { return error != nullptr && error->typeof(m_accepted); }
+  /// Brings whatever is kept lazily up to date.
+  virtual void update_log() const {}
+  virtual void key_changed(igsIndexedError* /*error*/) {}
+  /// The error has left its slot.
+  virtual void slot_freed(int /*slot*/) const {}
+
+  int take_slot(igsError* error) const;
+  void free_slot(int slot);
+  bool is_active(const igsError* error) const;
+
+  mutable int m_num_errors = 0;
+
+ private:
+  friend class igsIndexedError;
+  friend class igsSimpleSectionLogIT;
+
+  const kluTypeInfo& m_accepted;
+  mutable std::vector<igsError*> m_active;
+  mutable std::vector<int> m_free_slots;
+  std::vector<igsError*> m_fixed;
+};
+
+/// A section log that also answers by key. Errors are indexed when they are first asked for, since they get their key
+/// after they were received.
+class IGS_API igsIndexedSectionLog : public igsSimpleSectionLog {
+ public:
+  using igsSimpleSectionLog::igsSimpleSectionLog;
+  ~igsIndexedSectionLog() override;
+
+  int receive_error(igsError* error) override;
+  void clear() override;
+
+  using igsSimpleSectionLog::num_errors;
+  /// Number of active errors whose key is `key`.
+  int num_errors(int key) const;
+  /// Destroys the active errors whose key is `key`.
+  void clear(int key);
+
+ protected:
+  void update_log() const override;
+  void key_changed(igsIndexedError* error) override;
+  void slot_freed(int slot) const override;
+
+ private:
+  // The slots of one key form a doubly linked list, so that any error leaves it at once.
+  struct Link {
+    int key, previous, next;
+  };
+  struct Bucket {
+    int first = -1;
+    int size = 0;
+  };
+  void link(int slot, int key) const;
+
+  mutable std::vector<igsError*> m_received;
+  mutable std::vector<Link> m_links;
+  mutable std::unordered_map<int, Bucket> m_index;
+};
+
+/// Walks the active errors of a log in slot order. Starts before the first. The error at the current position may be
+/// marked as fixed or deleted while the walk goes on.
+class IGS_API igsSimpleSectionLogIT {
+ public:
+  explicit igsSimpleSectionLogIT(const igsSimpleSectionLog* log);
+  explicit igsSimpleSectionLogIT(const igsSimpleSectionLog& log) : igsSimpleSectionLogIT(&log) {}
+
+  /// Moves to the next error and returns 1; returns 0 at the end.
+  int operator++();
+  /// The error at the current position; null before the first and after the last.
+  igsError* operator()() const;
+
+ private:
+  const igsSimpleSectionLog* m_log;
+  int m_position = -1;
+};

@@ -1,0 +1,103 @@
+#pragma once
+
+#include "igs/file/igsDEAttribute.h"
+#include "igs/file/igsStatusFlags.h"
+#include "igs/objects/igsEntityType.h"
+#include "igs/objects/igsObjectPtr.h"
+#include "igs/support/export.h"
+#include "igs/support/utString.h"
+
+class igsObjectManager;
+class igsOutStream;
+class utOstream;
+
+/// The directory entry of one entity: twenty 8-column fields in two records (IGES 5.3, section 2.2.4.4). Owned by the
+/// file. Values are kept as read; checks tell which of them are valid.
+class IGS_API igsDirectoryEntry {
+ public:
+  igsDirectoryEntry() = default;
+  igsDirectoryEntry(const igsDirectoryEntry&) = delete;
+  igsDirectoryEntry& operator=(const igsDirectoryEntry&) = delete;
+
+  /// Copies every field of the other entry, entity type and form too; the owner stays.
+  void become(const igsDirectoryEntry& other);
+
+  igsEntityType entity_type() const { return m_entity_type; }
+  int form_number() const { return m_form_number; }
+  void set_form_number(int form) { m_form_number = form; }
+  /// Sequence number of the entity's first Parameter Data record; meaningful after reading or writing.
+  int start_of_parameter_data() const { return m_parameter_data_pointer; }
+  void set_start_of_parameter_data(int line) { m_parameter_data_pointer = line; }
+  /// Number of Parameter Data records; meaningful after reading or writing.
+  int parameter_line_count() const { return m_parameter_line_count; }
+  void set_parameter_line_count(int count) { m_parameter_line_count = count; }
+  /// Field 3 as it stands in the file.
+  int structure() const { return m_structure; }
+  void set_structure(int structure) { m_structure = structure; }
+  const igsLineFont& line_font() const { return m_line_font; }
+  void set_line_font(const igsLineFont& font) { m_line_font = font; }
+  const igsLevel& level() const { return m_level; }
+  void set_level(const igsLevel& level) { m_level = level; }
+  /// Null: seen in all views.
+  const igsObjectPtr& view() const { return m_view; }
+  void set_view(const igsObjectPtr& view) { m_view = view; }
+  void remove_view() { m_view = igsObjectPtr(); }
+  /// Null: the identity.
+  const igsObjectPtr& matrix() const { return m_matrix; }
+  void set_matrix(const igsObjectPtr& matrix) { m_matrix = matrix; }
+  const igsObjectPtr& label_display() const { return m_label_display; }
+  void set_label_display(const igsObjectPtr& label_display) { m_label_display = label_display; }
+  const igsStatusFlags& status_flags() const { return m_status_flags; }
+  void set_status_flags(const igsStatusFlags& flags) { m_status_flags = flags; }
+  int line_weight() const { return m_line_weight; }
+  void set_line_weight(int weight) { m_line_weight = weight; }
+  const igsColour& colour() const { return m_colour; }
+  void set_colour(const igsColour& colour) { m_colour = colour; }
+  /// At most 8 characters of it fit in a file.
+  const utString& entity_label() const { return m_entity_label; }
+  void set_entity_label(const utString& label) { m_entity_label = label; }
+  int entity_subscript() const { return m_entity_subscript; }
+  void set_entity_subscript(int subscript) { m_entity_subscript = subscript; }
+
+  igsObjectManager* manager() const { return m_manager; }
+
+  /// Tags the entity's object errors, in this order: line font, level, transformation matrix (class, then its own
+  /// check), colour, status flags, line weight against the Global section's gradations, subscript.
+  void common_check() const;
+  /// As common_check() without the matrix, for directions; a negative line weight is not reported.
+  void direction_check() const;
+
+  void print(utOstream& os) const;
+
+ private:
+  friend class igsFile;
+  friend class igsObject;
+
+  void set_manager(igsObjectManager* manager) { m_manager = manager; }
+  void set_type(igsEntityType type, int form) {
+    m_entity_type = type;
+    m_form_number = form;
+  }
+  void unreference_children();
+  /// Writes the entry's two records.
+  void write(igsOutStream& out) const;
+  void check(bool with_matrix, int min_line_weight) const;
+  void check_matrix() const;
+
+  igsObjectManager* m_manager = nullptr;
+  igsEntityType m_entity_type = igsEntityType(-1);
+  int m_form_number = 0;
+  int m_parameter_data_pointer = 0;
+  int m_parameter_line_count = 0;
+  int m_structure = 0;
+  int m_line_weight = 0;
+  int m_entity_subscript = 0;
+  igsStatusFlags m_status_flags;
+  igsLineFont m_line_font;
+  igsLevel m_level;
+  igsColour m_colour;
+  igsObjectPtr m_view;
+  igsObjectPtr m_matrix;
+  igsObjectPtr m_label_display;
+  utString m_entity_label;
+};

@@ -1,0 +1,237 @@
+#include "igs/file/igsFile.h"
+
+#include <algorithm>
+
+#include "igs/errors/igsErrorLog.h"
+#include "igs/errors/igsFixer.h"
+#include "igs/file/igsDirectoryEntry.h"
+#include "igs/file/igsObjectSystem.h"
+#include "igs/objects/igsObject.h"
+#include "igs/objects/igsObjectManager.h"
+#include "igs/support/utOstream.h"
+
+namespace {
+// operator new notes here where the next file will stand.
+void* newest_on_heap = nullptr;
+
+std::size_t index(int slot) { return static_cast<std::size_t>(slot); }
+}  // namespace
+
+void* igsFile::operator new(std::size_t size) {
+  newest_on_heap = ::operator new(size);
+  return newest_on_heap;
+}
+
+void igsFile::operator delete(void* memory) { ::operator delete(memory); }
+
+igsFile::igsFile() : igsFile(utString()) {}
+
+igsFile::igsFile(const utString& pathname)
+    : m_pathname(pathname),
+      m_start_section(this),
+      m_global_section(this),
+      m_terminate_section(this),
+      m_on_heap(newest_on_heap == this) {
+  newest_on_heap = nullptr;
+  igsObjectSystem::initialize_system();
+  igsObjectSystem::file_created(this);
+}
+
+igsFile::~igsFile() {
+  for (std::size_t i = 0; i < m_slots.size(); ++i) {
+    if (m_slots[i] != nullptr) delete m_slots[i]->object();
+  }
+  for (const auto& [slot, manager] : m_pending) delete manager;
+  igsObjectSystem::file_deleted(this);
+}
+
+void igsFile::set_start_section(const igsStartSection& section) {
+  m_start_section.become(section);
+  m_start_section.set_owner(this);
+}
+
+void igsFile::set_global_section(const igsGlobalSection& section) {
+  m_global_section.become(section);
+  m_global_section.set_owner(this);
+}
+
+int igsFile::num_entities() const { return static_cast<int>(m_slots.size() - m_free_slots.size()); }
+
+igsObject* igsFile::entity(int de_number) const {
+  if (de_number < 1 || de_number % 2 == 0) return nullptr;
+  const std::size_t slot = index((de_number - 1) / 2);
+  return slot < m_slots.size() && m_slots[slot] != nullptr ? m_slots[slot]->object() : nullptr;
+}
+
+igsErrorLog& igsFile::error_log() const { return igsObjectSystem::log_of(*this); }
+
+void igsFile::object_created(igsObject* object) {
+  int slot = static_cast<int>(m_slots.size());
+  if (m_free_slots.empty()) {
+    m_slots.push_back(nullptr);
+  } else {
+    slot = m_free_slots.back();
+    m_free_slots.pop_back();
+  }
+  igsObjectManager* manager;
+  if (const auto waiting = m_pending.find(slot); waiting != m_pending.end()) {
+    manager = waiting->second;
+    m_pending.erase(waiting);
+  } else {
+    manager = new igsObjectManager;
+    ++m_num_managers;
+  }
+  manager->set_directory_entry(new igsDirectoryEntry);
+  manager->directory_entry()->set_manager(manager);
+  manager->set_object(object);
+  manager->set_file(this);
+  manager->set_system_location(slot);
+  object->set_manager(manager);
+  m_slots[index(slot)] = manager;
+}
+
+void igsFile::ptr_created(igsObjectPtr* pointer, int slot) {
+  igsObjectManager* manager = index(slot) < m_slots.size() ? m_slots[index(slot)] : nullptr;
+  if (manager == nullptr) {
+    igsObjectManager*& waiting = m_pending[slot];
+    if (waiting == nullptr) {
+      waiting = new igsObjectManager;
+      waiting->set_file(this);
+      ++m_num_managers;
+    }
+    manager = waiting;
+  }
+  manager->add_pointer(pointer);
+}
+
+void igsFile::object_deleted(igsObject* object) {
+  igsObjectManager* const manager = object->manager();
+  const int slot = manager->system_location();
+  m_slots[index(slot)] = nullptr;
+  m_free_slots.push_back(slot);
+  --m_num_managers;
+  const igsDirectoryEntry* const entry = manager->directory_entry();
+  delete manager;
+  delete entry;
+}
+
+// The prototype's slot was the last to be made: taking it back leaves no trace.
+void igsFile::release_prototype(igsObject* object) {
+  const int slot = object->manager()->system_location();
+  object_deleted(object);
+  object->set_manager(nullptr);
+  if (index(slot) + 1 != m_slots.size()) return;
+  m_slots.pop_back();
+  m_free_slots.pop_back();
+}
+
+void igsFile::reset_visit_flags() const {
+  for (igsObjectManager* const manager : m_slots) {
+    if (manager != nullptr) manager->set_visited(0);
+  }
+}
+
+int igsFile::all_entities_visited() const {
+  return std::all_of(m_slots.begin(), m_slots.end(),
+                     [](const igsObjectManager* manager) { return manager == nullptr || manager->visited() != 0; })
+             ? 1
+             : 0;
+}
+
+void igsFile::compress() {
+  std::size_t used = 0;
+  for (igsObjectManager* const manager : m_slots) {
+    if (manager == nullptr) continue;
+    manager->set_system_location(static_cast<int>(used));
+    m_slots[used++] = manager;
+  }
+  m_slots.resize(used);
+  m_free_slots.clear();
+}
+
+void igsFile::tag_error(igsError* error) const {
+  if (error != nullptr && m_message_stream != nullptr) error->set_message_stream(m_message_stream);
+}
+
+void igsFile::check() const {
+  const igsFileScope current(*this);
+  m_global_section.check();
+  igsObjectSystem::reentrant_start();
+  igsFileIT entities(this);
+  while (++entities) entities()->check();
+  igsObjectSystem::reentrant_end();
+}
+
+void igsFile::clean(int delete_faulty) {
+  const igsFileScope current(*this);
+  check();
+  igsFixer().fix(igsObjectSystem::log(), 1);
+  igsObjectSystem::log().print();
+  if (delete_faulty == 0) return;
+  igsFileIT entities(this);
+  while (++entities) {
+    const igsObject* const entity = entities();
+    if (entity->num_logged_errors() != 0) delete entity;
+  }
+}
+
+void igsFile::replace_entity(igsObject* old, igsObject* replacement) {
+  if (old == nullptr || replacement == nullptr || old == replacement) return;
+  igsObjectManager* const manager = replacement->manager();
+  if (&old->file() != this || manager->file() != this) return;
+
+  std::vector<igsObjectPtr*> references;
+  igsObjectManagerIT pointers(old->manager());
+  while (++pointers) references.push_back(pointers());
+  for (igsObjectPtr* const reference : references) *reference = igsObjectPtr(replacement);
+
+  const int slot = old->manager()->system_location();
+  delete old;
+  m_free_slots.pop_back();  // the slot that the deletion has just freed
+  m_slots[index(slot)] = manager;
+  m_slots[index(manager->system_location())] = nullptr;
+  m_free_slots.push_back(manager->system_location());
+  manager->set_system_location(slot);
+}
+
+void igsFile::print(utOstream& os) const {
+  const igsFileScope current(*this);
+  igsObjectSystem::reentrant_start();
+  os << "IgesFile = {" << utEndl;
+  utOstream inner(os, 1);
+  inner << "Pathname = \"" << m_pathname << '"' << utEndl;
+  m_start_section.print(inner);
+  m_global_section.print(inner);
+  inner << "NoOfEntities = " << static_cast<int>(m_slots.size()) << utEndl;
+  inner << "Entities = {" << utEndl;
+  utOstream entity_stream(inner, 1);
+  igsFileIT entities(this);
+  while (++entities) entities()->print(entity_stream);
+  inner << '}' << utEndl;
+  m_terminate_section.print(inner);
+  os << '}' << utEndl;
+  igsObjectSystem::reentrant_end();
+}
+
+int igsFileIT::operator++() {
+  const auto& slots = m_file->m_slots;
+  while (index(++m_position) < slots.size()) {
+    const igsObjectManager* const manager = slots[index(m_position)];
+    if (manager != nullptr && (m_roots_only == 0 || manager->num_references() == 0)) return 1;
+  }
+  m_position = -1;
+  return 0;
+}
+
+igsObject* igsFileIT::operator()() const {
+  const auto& slots = m_file->m_slots;
+  if (m_position < 0 || index(m_position) >= slots.size() || slots[index(m_position)] == nullptr) return nullptr;
+  return slots[index(m_position)]->object();
+}
+
+int igsFileTypeIT::operator++() {
+  while (++m_entities) {
+    if (m_entities()->isa(m_type)) return 1;
+  }
+  return 0;
+}

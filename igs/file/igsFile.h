@@ -1,0 +1,176 @@
+#pragma once
+
+#include <cstddef>
+#include <iosfwd>
+#include <map>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "igs/file/igsGlobalSection.h"
+#include "igs/file/igsStartSection.h"
+#include "igs/file/igsTerminateSection.h"
+#include "igs/support/export.h"
+#include "igs/support/kluTypeInfo.h"
+#include "igs/support/utString.h"
+
+class igsError;
+class igsErrorLog;
+class igsInStream;
+class igsObject;
+class igsObjectManager;
+class igsObjectPtr;
+class igsOutStream;
+class kelabsOutput;
+class utOstream;
+
+/// An IGES file in memory: its Start, Global and Terminate sections and its entities. The entity in slot s (0-based)
+/// has DE number 2s + 1. The file owns its entities; deleting the file deletes them.
+///
+/// Constructing a file makes it the current one. `read`, `check`, `clean`, `write` and `print` make their file current
+/// while they run. Operations that can fail return 1 for success and 0 for failure; faults of the content are errors in
+/// error_log(), never exceptions.
+class IGS_API igsFile {
+ public:
+  igsFile();
+  /// As above, with a name to be printed; nothing is opened.
+  explicit igsFile(const utString& pathname);
+  ~igsFile();
+  igsFile(const igsFile&) = delete;
+  igsFile& operator=(const igsFile&) = delete;
+
+  // The registry deletes the files that are left when the process ends, so it must know which were made with `new`.
+  static void* operator new(std::size_t size);
+  static void operator delete(void* memory);
+  static void* operator new(std::size_t, void* place) noexcept { return place; }
+  static void operator delete(void*, void*) noexcept {}
+
+  /// Reads a whole file into this (fresh) one. 0 when a section cannot be read to its end; what was read before it
+  /// stays. Entities of unknown and null type and those without parameter data are dropped and counted.
+  int read(std::istream& in, utOstream& messages);
+  /// Renumbers the entities to 1, 3, 5, ... and writes the whole file. A temporary file in the write directory holds
+  /// the Parameter Data meanwhile.
+  int write(std::ostream& out, utOstream& messages);
+  /// Validates everything, logging one error a fault.
+  void check() const;
+  /// Checks, repairs what can be repaired and, when `delete_faulty` is not 0, deletes the entities that still have
+  /// logged errors.
+  void clean(int delete_faulty);
+  /// Makes `replacement` take over the DE number of `old` and every pointer to it. `old` is deleted. Both must be
+  /// entities of this file.
+  void replace_entity(igsObject* old, igsObject* replacement);
+
+  /// Number of live entities.
+  int num_entities() const;
+  /// Number of null entities, and of entities of unknown type or form, that reading dropped.
+  int num_nulls() const { return m_num_deleted_nulls; }
+  int num_unknowns() const { return m_num_deleted_unknowns; }
+  /// What reading dropped, for whatever reason: counts by entity type and form as the file has them.
+  const std::map<std::pair<int, int>, int>& dropped_entities() const { return m_dropped; }
+  /// 1 unless a read failed before the end of the Parameter Data section.
+  int parameter_data_read() const { return m_parameter_data_read; }
+
+  /// The sink for warnings, null for none (the default). Not owned.
+  kelabsOutput* message_stream() const { return m_message_stream; }
+  void set_message_stream(kelabsOutput* stream) { m_message_stream = stream; }
+  /// Where `write` makes its temporary file; empty (the default) for the system's directory of temporary files.
+  void set_write_dir(const utString& directory) { m_write_dir = directory; }
+
+  const igsStartSection& start_section() const { return m_start_section; }
+  const igsGlobalSection& global_section() const { return m_global_section; }
+  const igsTerminateSection& terminate_section() const { return m_terminate_section; }
+  void set_start_section(const igsStartSection& section);
+  void set_global_section(const igsGlobalSection& section);
+
+  /// The entity with this DE number, null when there is none.
+  igsObject* entity(int de_number) const;
+  /// The errors of this file.
+  igsErrorLog& error_log() const;
+
+  void print(utOstream& os) const;
+
+ protected:
+  const utString& pathname() const { return m_pathname; }
+  int read_directory_section(igsInStream& in);
+  int read_directory_entry(igsInStream& in);
+  int read_parameter_data_section(igsInStream& in);
+  int write_data_section(std::ostream& out, igsOutStream& stream);
+  int write_directory_entries(igsOutStream& stream);
+  int write_parameter_data_section(std::ostream& out, const utString& name);
+  void tag_error(igsError* error) const;
+
+ private:
+  friend class igsFactory;
+  friend class igsFileIT;
+  friend class igsObject;
+  friend class igsObjectSystem;
+
+  void object_created(igsObject* object);
+  void object_deleted(igsObject* object);
+  void ptr_created(igsObjectPtr* pointer, int slot);
+  void release_prototype(igsObject* object);
+  void reset_visit_flags() const;
+  int all_entities_visited() const;
+  void tidyup();
+  void compress();
+  void set_system_location(int location) { m_system_location = location; }
+  int system_location() const { return m_system_location; }
+  bool is_on_heap() const { return m_on_heap; }
+
+  int read_sections(igsInStream& in, utOstream& messages);
+  void note_line_faults(igsInStream& in);
+  void drop_entity(igsObject* object);
+  int read_entity(igsInStream& in, igsObject& object);
+  int write_entities(igsOutStream& stream);
+  int write_sections(std::ostream& out, utOstream& messages);
+  void tag_overflow_errors(igsOutStream& stream) const;
+
+  utString m_pathname;
+  igsStartSection m_start_section;
+  igsGlobalSection m_global_section;
+  igsTerminateSection m_terminate_section;
+  std::vector<igsObjectManager*> m_slots;
+  std::vector<int> m_free_slots;
+  std::unordered_map<int, igsObjectManager*> m_pending;
+  int m_num_managers = 0;
+  int m_system_location = -1;
+  utString m_write_dir;
+  kelabsOutput* m_message_stream = nullptr;
+  int m_invalid_line_numbers = 0;
+  int m_blank_lines = 0;
+  int m_parameter_data_read = 1;
+  int m_num_deleted_nulls = 0;
+  int m_num_deleted_unknowns = 0;
+  std::map<std::pair<int, int>, int> m_dropped;
+  bool m_on_heap;
+};
+
+/// Walks the entities of a file in slot order. Starts before the first. The current entity may be deleted or replaced.
+class IGS_API igsFileIT {
+ public:
+  /// With `roots_only` not 0, only the entities that no other entity points to.
+  explicit igsFileIT(const igsFile* file, int roots_only = 0) : m_file(file), m_roots_only(roots_only) {}
+
+  /// Moves to the next entity and returns 1; returns 0 at the end, its position being -1 again.
+  int operator++();
+  /// The entity at the current position; null before the first and when it was deleted.
+  igsObject* operator()() const;
+
+ private:
+  const igsFile* m_file;
+  int m_roots_only;
+  int m_position = -1;
+};
+
+/// As igsFileIT, stopping only at entities of exactly one class.
+class IGS_API igsFileTypeIT {
+ public:
+  igsFileTypeIT(const igsFile* file, const kluTypeInfo& type, int roots_only = 0)
+      : m_entities(file, roots_only), m_type(type) {}
+  int operator++();
+  igsObject* operator()() const { return m_entities(); }
+
+ private:
+  igsFileIT m_entities;
+  const kluTypeInfo& m_type;
+};

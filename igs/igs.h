@@ -1,0 +1,27 @@
+#pragma once
+
+/// Everything a host needs to read, check, repair, build and write IGES files.
+
+#include "igs/errors/igsErrorLog.h"
+#include "igs/errors/igsFixer.h"
+#include "igs/file/igsDirectoryEntry.h"
+#include "igs/file/igsFile.h"
+#include "igs/file/igsObjectSystem.h"
+#include "igs/geometry/igs100.h"
+#include "igs/geometry/igs110.h"
+#include "igs/geometry/igs116.h"
+#include "igs/geometry/igs123.h"
+#include "igs/geometry/igs124.h"
+#include "igs/geometry/igsPointset.h"
+#include "igs/geometry/igsPolyline.h"
+#include "igs/objects/igsCompound.h"
+#include "igs/objects/igsConvert.h"
+#include "igs/objects/igsFactory.h"
+#include "igs/objects/igsInfoDB.h"
+#include "igs/objects/igsObjectManager.h"
+#include "igs/objects/igsPlaceholders.h"
+#include "igs/support/coResourceTable.h"
+#include "igs/support/kelabsOutput.h"
+#include "igs/support/systemDate.h"
+#include "igs/support/ubFStream.h"
+#include "igs/support/utOstream.h"

@@ -1,0 +1,89 @@
+#include "igs/input/igsInBuffer.h"
+
+#include "igs/input/record.h"
+
+namespace {
+
+igsInBuffer::line_read_callback callback = nullptr;
+
+}  // namespace
+
+igsInBuffer::igsInBuffer(std::istream& in, const igsInOptions& options) : igsInBufferFiller(in, options) {
+  m_line.reserve(std::size_t{4} * record_length);
+  m_record = m_line.data();
+  m_position = m_record;
+  m_end = m_record;
+  *this += 0;
+}
+
+igsInBuffer::~igsInBuffer() = default;
+
+void igsInBuffer::set_line_read_callback(line_read_callback new_callback) { callback = new_callback; }
+
+void igsInBuffer::get_next_line() {
+  m_has_record = get(*this) != 0;
+  m_position = m_record;
+  std::size_t data_length = 0;
+  int sound = 0;
+  if (m_has_record) {
+    const igsRecordMarks* const marks = plain_marks();
+    sound = marks != nullptr ? m_checker.check_plain(m_record, *marks, data_length)
+                             : m_checker.check(m_record, m_length, data_length);
+  }
+  m_end = m_record + data_length;
+  if (sound == 0) freeze();
+  if (callback != nullptr) callback();
+}
+
+void igsInBuffer::freeze() {
+  if (m_frozen) return;
+  m_saved = *m_position;
+  *m_position = '\0';
+  m_frozen = true;
+}
+
+void igsInBuffer::unfreeze() {
+  if (!m_frozen) return;
+  *m_position = m_saved;
+  m_frozen = false;
+}
+
+int igsInBuffer::reset() {
+  while (m_frozen) {
+    const int filler_ok = igsInBufferFiller::reset();
+    const int checker_ok = m_checker.reset();
+    if (filler_ok == 0 || checker_ok == 0) return 0;
+    unfreeze();
+    if (m_has_record && m_position == m_record) return 1;
+    get_next_line();
+  }
+  return 1;
+}
+
+void igsInBuffer::skip_line() {
+  unfreeze();
+  get_next_line();
+}
+
+void igsInBuffer::position(igsFileSection& section, int& line, int& column) const {
+  m_checker.position(section, line);
+  column = static_cast<int>(m_position - m_record);
+}
+
+int igsInBuffer::in_section(igsFileSection section) const {
+  igsFileSection current = igsNoSectionId;
+  int line = 0;
+  m_checker.position(current, line);
+  return m_has_record && !m_frozen && current == section ? 1 : 0;
+}
+
+igsIOErrorSet igsInBuffer::take_errors() {
+  igsIOErrorSet errors = igsInBufferFiller::take_errors();
+  errors.merge(m_checker.take_errors());
+  return errors;
+}
+
+void igsInBuffer::collect_errors(igsIOErrorcoDynArr& errors) {
+  igsInBufferFiller::collect_errors(errors);
+  m_checker.collect_errors(errors);
+}

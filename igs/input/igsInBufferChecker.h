@@ -1,0 +1,61 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "igs/input/igsIOErrorSet.h"
+#include "igs/input/igsRecordMarks.h"
+#include "igs/support/export.h"
+
+/// Checks the columns behind the data of every record and the order of the records, and counts the records of each
+/// section. Errors: 5 to 10 and 18; 7 and 10 are fatal.
+class IGS_API igsInBufferChecker {
+ public:
+  /// Checks a NUL-terminated record and prepares its data for the decoders: column 65 of Parameter Data is blanked and
+  /// a line feed marks the end of the data of Global and Parameter Data records. `data_length` receives the number of
+  /// data characters, never more than `length`. Returns 1 when the record has passed every check.
+  int check(char* record, std::size_t length, std::size_t& data_length);
+  /// As check, for an 80-column record whose marks are known to be sound.
+  int check_plain(char* record, const igsRecordMarks& marks, std::size_t& data_length);
+
+  /// Section and sequence number of the record checked last.
+  void position(igsFileSection& section, int& line) const {
+    section = m_current.section;
+    line = m_current.number;
+  }
+  /// Number of records checked so far in the section; 0 for igsNoSectionId.
+  int num_lines(igsFileSection section) const;
+  /// Back-pointer of the record checked last; 0 outside the Parameter Data section.
+  int backpointer() const { return m_current.backpointer; }
+  int fatal_error() const { return m_fatal; }
+  /// Forgets the errors and returns 1; returns 0 and keeps them after a fatal one.
+  int reset();
+  /// Appends the errors to the list and forgets them unless one is fatal.
+  void collect_errors(igsIOErrorcoDynArr& errors);
+  /// The errors, as collect_errors hands them over.
+  igsIOErrorSet take_errors();
+
+ private:
+  bool check_syntax(igsRecordMarks& marks);
+  bool check_section(igsFileSection& section);
+  void check_line_number(int& number);
+  bool check_backpointer(const igsRecordMarks& marks, int& backpointer);
+  void check_separator_column(igsFileSection section);
+  bool check_semantics(igsRecordMarks& marks);
+  void check_line_number_sequence(igsRecordMarks& marks);
+  bool check_section_sequence(const igsRecordMarks& marks);
+  bool check_backpointer_sequence(const igsRecordMarks& marks);
+  void accept(const igsRecordMarks& marks);
+  std::size_t mark_data_end(igsFileSection section);
+  void set_error(igsIOErrorCode code);
+
+  static bool check_16bit_overflow(int& number);
+  static igsFileSection convert_char_to_section(char letter);
+
+  char* m_record = nullptr;  ///< during a check
+  std::size_t m_length = 0;
+  std::array<int, num_file_sections> m_lines{};
+  igsRecordMarks m_current;
+  int m_fatal = 0;
+  igsIOErrorSet m_errors;
+};

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstddef>
+#include <istream>
+#include <string>
+
+#include "igs/input/igsIOErrorSet.h"
+#include "igs/input/igsInSource.h"
+#include "igs/input/igsRecordMarks.h"
+#include "igs/support/export.h"
+
+class igsInBuffer;
+class kelabsOutput;
+
+/// How a file is read.
+struct igsInOptions {
+  /// Takes the warnings about repaired lines, with the tag "iges"; not owned; null for silence.
+  kelabsOutput* messages = nullptr;
+  /// False sends every record through the repair steps, also those that need none. The results are the same; tests
+  /// compare the two.
+  bool shortcuts = true;
+};
+
+/// Makes 80-column records of the physical lines of a stream. Repairs tabs, NUL characters (code 19), blank lines (20),
+/// lines that were split or run together, missing trailing blanks, shifted section letters and sequence numbers, and a
+/// missing or doubled decimal point at the start of a Parameter Data line. Line ends may be LF, CR LF, CR or absent.
+class IGS_API igsInBufferFiller {
+ public:
+  explicit igsInBufferFiller(std::istream& in, const igsInOptions& options = {});
+  igsInBufferFiller(const igsInBufferFiller&) = delete;
+  igsInBufferFiller& operator=(const igsInBufferFiller&) = delete;
+  virtual ~igsInBufferFiller();
+
+  /// Makes the next record the buffer's record and returns 1; 0 when there is none (codes 12 to 14 say why).
+  int get(igsInBuffer& buffer);
+  /// Forgets the errors and returns 1; returns 0 and keeps them after a fatal one (12, 13, 14).
+  int reset();
+  /// Appends the errors to the list and forgets them unless one is fatal.
+  void collect_errors(igsIOErrorcoDynArr& errors);
+  int fatal_error() const { return m_fatal; }
+
+  /// The delimiters by which damaged lines are told from sound ones; "," and ";" at first. They are independent of the
+  /// delimiters of the fields.
+  void set_param_delimiter(char delimiter);
+  void set_record_delimiter(char delimiter);
+  /// Where the warnings go; null for silence.
+  void set_message_stream(kelabsOutput* messages) { m_messages = messages; }
+
+ protected:
+  /// The errors, as collect_errors hands them over.
+  igsIOErrorSet take_errors();
+  /// The marks of the last record when it needed no repair, else null.
+  const igsRecordMarks* plain_marks() const { return m_is_plain ? &m_marks : nullptr; }
+
+ private:
+  bool get_plain(igsInBuffer& buffer);
+  void rebuild(std::string& line);
+  void settle_continuation();
+
+  int get_line(std::string& line);
+  bool drain_overflow(std::string& line);
+  bool read_chunk(std::string& line);
+  int check_buffer(std::string& line, bool joined);
+  void append_cleaned(std::string& line, const char* text, std::size_t length);
+  void store_overflow(std::string& line);
+  void insert_point(std::string& line);
+  void remove_point(std::string& line);
+  bool check_for_continuation(const char* text, std::size_t length) const;
+  void warn_once(bool& pending, const char* text);
+  void set_error(igsIOErrorCode code);
+
+  static bool buffer_empty(const std::string& line);
+  static bool looks_like_iges(const std::string& line, std::size_t& letter);
+  static void format_buffer(std::string& line);
+  static void remove_excess_127s(std::string& line);
+
+  igsInSource m_source;
+  kelabsOutput* m_messages;
+  bool m_shortcuts;
+  int m_fatal = 0;
+  igsIOErrorSet m_errors;
+  char m_param_delimiter = ',';
+  char m_record_delimiter = ';';
+  bool m_continuation = false;
+  /// The last record while its continuation flag has not been worked out: few records ever need it.
+  char* m_unsettled = nullptr;
+  bool m_missing_point_pending = true;
+  bool m_two_points_pending = true;
+  /// Characters read from the stream that belong to the next record; never more than a few lines.
+  std::string m_overflow;
+  igsRecordMarks m_marks;
+  bool m_is_plain = false;
+};

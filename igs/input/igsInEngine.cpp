@@ -1,0 +1,108 @@
+#include "igs/input/igsInEngine.h"
+
+#include <algorithm>
+
+#include "igs/input/igsDecoder.h"
+
+igsInEngine::igsInEngine(std::istream& in, const igsInOptions& options) : igsInBuffer(in, options) {}
+
+void igsInEngine::decode() {
+  m_decoder->reset_fast_decode();
+  pre_decode();
+  if (fast_decode()) return;
+  m_decoder->reset_slow_decode();
+  slow_decode();
+}
+
+// Skips blanks and the ends of Global records.
+void igsInEngine::pre_decode() {
+  while (**this == ' ' || **this == '\n') {
+    const char* const start = cursor();
+    const char* p = start + 1;
+    while (p < data_end() && *p == ' ') ++p;
+    *this += static_cast<unsigned>(p - start);
+  }
+}
+
+bool igsInEngine::fast_decode() {
+  if (m_decoder->fast_permitted() == 0) return false;
+  const char* const text = cursor();
+  const std::size_t consumed = m_decoder->decode_fast(text);
+  int ends_record = 0;
+  if (text[consumed] == '\0' || !delimiter(text[consumed], ends_record)) return false;
+  *this += static_cast<unsigned>(consumed + 1);
+  halt_buffer(ends_record);
+  return true;
+}
+
+void igsInEngine::slow_decode() {
+  int delimiters_allowed = 1;
+  int more = 1;
+  while (**this != '\0') {
+    if (const std::size_t taken = m_decoder->accept_run(cursor(), data_end())) {
+      *this += static_cast<unsigned>(taken);
+      continue;
+    }
+    int ends_record = 0;
+    if (delimiter_check(delimiters_allowed, **this, ends_record)) {
+      ++*this;
+      halt_buffer(ends_record);
+      break;
+    }
+    m_decoder->accept_character(**this, more, delimiters_allowed);
+    if (more == 0) break;
+    ++*this;
+  }
+  m_decoder->decode();
+}
+
+void igsInEngine::fixed_decode(unsigned width) {
+  m_decoder->reset_fast_decode();
+  if (fixed_fast_decode(width)) return;
+  m_decoder->reset_slow_decode();
+  fixed_slow_decode(width);
+}
+
+bool igsInEngine::fixed_fast_decode(unsigned width) {
+  if (m_decoder->fast_permitted() == 0) return false;
+  char* const field = cursor();
+  const auto rest = static_cast<std::size_t>(buffer() + capacity() - field);
+  // The end of the record is a NUL already.
+  char* const end = field + std::min<std::size_t>(width, rest);
+  const char saved = *end;
+  *end = '\0';
+  const std::size_t consumed = m_decoder->decode_fast(field);
+  *end = saved;
+  if (consumed != width) return false;
+  *this += width;
+  return true;
+}
+
+// The last column of the field is passed over, as it always has been.
+void igsInEngine::fixed_slow_decode(unsigned width) {
+  const char* const field = cursor();
+  for (unsigned i = 0; field[i] != '\0'; ++i) {
+    if (i + 1 == width) {
+      *this += width;
+      break;
+    }
+    int more = 0;
+    int delimiters_allowed = 0;
+    m_decoder->accept_character(field[i], more, delimiters_allowed);
+  }
+  m_decoder->decode();
+}
+
+void igsInEngine::collect_errors(igsIOErrorcoDynArr& errors) {
+  igsInBuffer::collect_errors(errors);
+  if (m_decoder != nullptr) m_decoder->collect_errors(errors);
+  stamp(errors);
+}
+
+void igsInEngine::stamp(igsIOErrorcoDynArr& errors) const {
+  igsFileSection section = igsNoSectionId;
+  int line = 0;
+  int column = 0;
+  position(section, line, column);
+  for (igsIOError& error : errors) error.set_location(section, line, column);
+}

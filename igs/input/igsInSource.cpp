@@ -1,0 +1,61 @@
+#include "igs/input/igsInSource.h"
+
+#include <algorithm>
+#include <cstring>
+#include <streambuf>
+
+namespace {
+
+constexpr std::size_t block_size = 256 * 1024;
+
+}  // namespace
+
+igsInSource::igsInSource(std::istream& in)
+    : m_in(in),
+      m_state(in.rdstate()),
+      m_block(std::make_unique_for_overwrite<char[]>(block_size)),
+      m_cursor(m_block.get()),
+      m_limit(m_block.get()) {
+  if (in.rdbuf() == nullptr) m_state |= std::ios_base::badbit;
+  if (!good()) m_ending = m_state;
+}
+
+bool igsInSource::look_ahead() {
+  if (require(1) > 0) return true;
+  m_state |= m_ending;
+  try {
+    m_in.setstate(m_ending);
+  } catch (...) {  // the stream's exceptions() are enabled; its state is set all the same
+  }
+  return false;
+}
+
+// Takes only what the stream buffer has at hand: a buffer that throws later on then loses none of the characters
+// before.
+bool igsInSource::read_more() {
+  if (m_ending != std::ios_base::goodbit) return false;
+  char* const block = m_block.get();
+  if (static_cast<std::size_t>(block + block_size - m_limit) < max_required) {
+    const std::size_t rest = available();
+    std::memmove(block, m_cursor, rest);
+    m_cursor = block;
+    m_limit = block + rest;
+  }
+  std::streamsize count = 0;
+  try {
+    std::streambuf& source = *m_in.rdbuf();
+    if (!std::istream::traits_type::eq_int_type(source.sgetc(), std::istream::traits_type::eof())) {
+      count = std::clamp<std::streamsize>(source.in_avail(), 1, block + block_size - m_limit);
+      count = source.sgetn(m_limit, count);
+    }
+  } catch (...) {
+    m_ending = std::ios_base::badbit;
+    return false;
+  }
+  if (count <= 0) {
+    m_ending = std::ios_base::eofbit;
+    return false;
+  }
+  m_limit += count;
+  return true;
+}

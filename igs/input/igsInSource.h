@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <istream>
+#include <memory>
+
+/// The characters of an input stream, taken in blocks from its stream buffer. The conditions of the stream become
+/// visible only when somebody looks past the last character, as if every line had been read from the stream by itself;
+/// the stream's own position runs ahead. Nothing is thrown: a stream buffer that throws counts as the bad bit, and a
+/// stream whose exceptions() are enabled keeps them to itself.
+class igsInSource {
+ public:
+  /// The stream is not owned and must outlive this object. A stream that is not good is never read.
+  explicit igsInSource(std::istream& in);
+
+  /// Makes `wanted` characters available, at most `max_required`, where the stream still has as many, and returns how
+  /// many there are. Whatever was handed out before may be overwritten.
+  std::size_t require(std::size_t wanted) {
+    while (available() < wanted && read_more()) {
+    }
+    return available();
+  }
+  static constexpr std::size_t max_required = 4096;
+
+  /// The characters not yet consumed, as far as they are available. They may be changed once they are consumed.
+  char* data() { return m_cursor; }
+  std::size_t available() const { return static_cast<std::size_t>(m_limit - m_cursor); }
+  /// Steps over `count` available characters.
+  void consume(std::size_t count) { m_cursor += count; }
+
+  /// True when there is a further character; otherwise the condition that ended the stream becomes visible.
+  bool look_ahead();
+
+  bool good() const { return m_state == std::ios_base::goodbit; }
+  bool eof() const { return (m_state & std::ios_base::eofbit) != 0; }
+  bool bad() const { return (m_state & std::ios_base::badbit) != 0; }
+  /// The fail or the bad bit.
+  bool fail() const { return (m_state & (std::ios_base::failbit | std::ios_base::badbit)) != 0; }
+
+ private:
+  bool read_more();
+
+  std::istream& m_in;
+  std::ios_base::iostate m_state;
+  std::ios_base::iostate m_ending = std::ios_base::goodbit;  ///< what ended the stream; good while it goes on
+  std::unique_ptr<char[]> m_block;
+  char* m_cursor;
+  char* m_limit;
+};

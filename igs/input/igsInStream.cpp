@@ -1,0 +1,95 @@
+#include "igs/input/igsInStream.h"
+
+igsInStream::igsInStream(std::istream& in, const igsInOptions& options) : igsInEngine(in, options) {
+  configure_for_decode(&m_int_decoder);
+}
+
+void igsInStream::read_field(igsDecoder& decoder) {
+  m_collected = 0;
+  configure_for_decode(&decoder);
+  decode();
+  m_value_present = decoder.value_present();
+}
+
+void igsInStream::read_field(igsDecoder& decoder, unsigned width) {
+  m_collected = 0;
+  configure_for_decode(&decoder);
+  fixed_decode(width);
+  m_value_present = decoder.value_present();
+}
+
+void igsInStream::read_integer(int& value) {
+  read_field(m_int_decoder);
+  value = m_int_decoder.decoded_value();
+}
+
+void igsInStream::read_integer(unsigned width, int& value) {
+  read_field(m_int_decoder, width);
+  value = m_int_decoder.decoded_value();
+}
+
+void igsInStream::read_double(double& value) {
+  read_field(m_double_decoder);
+  value = m_double_decoder.decoded_value();
+}
+
+void igsInStream::read_holerith(utString& value) {
+  read_field(m_holerith_decoder);
+  value = m_holerith_decoder.decoded_value();
+}
+
+void igsInStream::read_string(unsigned width, utString& value) {
+  read_field(m_str_decoder, width);
+  value = m_str_decoder.decoded_value();
+}
+
+// The real decoder is left selected.
+void igsInStream::collect_errors() {
+  m_collected_errors = take_errors();
+  for (igsDecoder* decoder :
+       {static_cast<igsDecoder*>(&m_int_decoder), static_cast<igsDecoder*>(&m_str_decoder),
+        static_cast<igsDecoder*>(&m_holerith_decoder), static_cast<igsDecoder*>(&m_double_decoder)}) {
+    configure_for_decode(decoder);
+    m_collected_errors.merge(decoder->take_errors());
+  }
+  position(m_collected_section, m_collected_line, m_collected_column);
+  m_collected = 1;
+}
+
+int igsInStream::error() {
+  if (m_collected == 0) collect_errors();
+  return m_collected_errors.empty() ? 0 : 1;
+}
+
+int igsInStream::error_type(igsIOErrorCode code) {
+  if (m_collected == 0) collect_errors();
+  return m_collected_errors.holds(code) ? 1 : 0;
+}
+
+const igsIOErrorcoDynArr& igsInStream::errors() {
+  if (m_collected == 0) collect_errors();
+  m_error_list.clear();
+  m_collected_errors.append_to(m_error_list);
+  for (igsIOError& error : m_error_list) {
+    error.set_location(m_collected_section, m_collected_line, m_collected_column);
+  }
+  return m_error_list;
+}
+
+int igsInStream::take_value_present() {
+  const int present = m_value_present;
+  m_value_present = 0;
+  m_int_decoder.forget_value_present();
+  m_double_decoder.forget_value_present();
+  m_holerith_decoder.forget_value_present();
+  m_str_decoder.forget_value_present();
+  if (m_collected != 0) m_collected_errors.erase(igsIOValuePresent);
+  return present;
+}
+
+int igsInStream::reset() {
+  if (igsInEngine::reset() == 0) return 0;
+  m_collected_errors.clear();
+  m_collected = 0;
+  return 1;
+}

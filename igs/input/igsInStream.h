@@ -1,0 +1,73 @@
+#pragma once
+
+#include <istream>
+
+#include "igs/input/igsDoubleDecoder.h"
+#include "igs/input/igsHolerithDecoder.h"
+#include "igs/input/igsInEngine.h"
+#include "igs/input/igsIntDecoder.h"
+#include "igs/input/igsStrDecoder.h"
+#include "igs/support/export.h"
+#include "igs/support/utString.h"
+
+/// The reading side of a file: one call per field, then questions about what the field has met.
+///
+/// Order of use: read a field; ask whether it was given (`error_type(igsIOValuePresent)` or `take_value_present`) and
+/// for the other codes of interest; after the last field of a section or an entity call `reset`, which steps over the
+/// boundary. A field that is not given, and every field read past the end of an entity or a section, has the value 0
+/// or the empty string. Nothing is thrown and nothing is printed on account of the input, apart from two warnings about
+/// repaired lines (set_message_stream).
+class IGS_API igsInStream : public igsInEngine {
+ public:
+  /// Reads and checks the first record. The stream is not owned and must outlive this object; it is read ahead, so that
+  /// its position afterwards means nothing.
+  explicit igsInStream(std::istream& in, const igsInOptions& options = {});
+
+  /// A free-format integer; a value beyond 32 bits becomes the nearest 32-bit value.
+  void read_integer(int& value);
+  /// An integer of `width` columns.
+  void read_integer(unsigned width, int& value);
+  /// A free-format real.
+  void read_double(double& value);
+  /// A Hollerith string.
+  void read_holerith(utString& value);
+  /// A text of `width` columns.
+  void read_string(unsigned width, utString& value);
+
+  /// 1 when the fields read since the last field, or since the last question before it, have met any condition; asking
+  /// collects the conditions, and a later collection forgets them. Fatal conditions stay for ever.
+  int error();
+  /// As error(), for one code.
+  int error_type(igsIOErrorCode code);
+  /// The conditions of error(), each once, with the place where reading stood when they were collected.
+  const igsIOErrorcoDynArr& errors();
+  using igsInEngine::collect_errors;
+  /// 1 when the field just read holds a value. Forgets code 0 and no other code, so that one may ask after every field
+  /// and ask for the other codes after the last one.
+  int take_value_present();
+  /// Forgets the conditions collected so far.
+  void clear_errors() { m_collected_errors.clear(); }
+
+  /// Leaves the frozen state at a boundary (igsInBuffer::reset) and forgets the conditions collected. Returns 1;
+  /// returns 0 after a fatal error, the conditions kept.
+  int reset();
+
+ protected:
+  void collect_errors();
+
+ private:
+  void read_field(igsDecoder& decoder);
+  void read_field(igsDecoder& decoder, unsigned width);
+
+  igsIntDecoder m_int_decoder;
+  igsDoubleDecoder m_double_decoder;
+  igsHolerithDecoder m_holerith_decoder;
+  igsStrDecoder m_str_decoder;
+  igsIOErrorSet m_collected_errors;
+  igsIOErrorcoDynArr m_error_list;  ///< m_collected_errors with their place, filled by errors()
+  igsFileSection m_collected_section = igsStartSectionId;
+  int m_collected_line = 0;
+  int m_collected_column = 0;
+  int m_collected = 0;
+  int m_value_present = 0;
+};

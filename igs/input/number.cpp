@@ -1,0 +1,269 @@
+#include "igs/input/number.h"
+
+#include <algorithm>
+#include <array>
+#include <cfloat>
+#include <charconv>
+#include <climits>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace {
+
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
+unsigned digit_value(char c) { return static_cast<unsigned char>(c) - unsigned{'0'}; }
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+bool is_hex_digit(char c) { return is_digit(c) || (lower(c) >= 'a' && lower(c) <= 'f'); }
+bool is_space(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+const char* skip_space(const char* p) {
+  while (is_space(*p)) ++p;
+  return p;
+}
+
+bool skip_sign(const char*& p) {
+  if (*p != '-' && *p != '+') return false;
+  return *p++ == '-';
+}
+
+// True, and `p` past the word, when the text goes on with it in any case of letters.
+bool skip_word(const char*& p, std::string_view word) {
+  const char* q = p;
+  for (const char c : word) {
+    if (lower(*q++) != c) return false;
+  }
+  p = q;
+  return true;
+}
+
+// An exponent beyond this is as good as infinite: no text is long enough to make up for it.
+constexpr std::int64_t huge_exponent = std::int64_t{1} << 60;
+
+// Digits with a sign, at `p` behind an exponent mark; `p` is left alone when there are none.
+bool read_exponent(const char*& p, std::int64_t& exponent) {
+  const char* q = p;
+  const bool negative = skip_sign(q);
+  if (!is_digit(*q)) return false;
+  std::int64_t value = 0;
+  for (; is_digit(*q); ++q) value = std::min(value * 10 + digit_value(*q), huge_exponent / 16);
+  exponent = negative ? -value : value;
+  p = q;
+  return true;
+}
+
+/// A number as it is written: mantissa times 10 (16 in the hexadecimal form: times 2) to the exponent.
+struct Written {
+  const char* first = nullptr;  ///< the mantissa, a point included
+  const char* last = nullptr;
+  std::int64_t magnitude = 0;  ///< the mantissa is below base ^ magnitude, and not below a base-th of it
+  bool zero = true;
+  std::int64_t exponent = 0;
+};
+
+// What from_chars calls out of range is infinite or next to 0.
+double out_of_range_value(const Written& number, std::int64_t magnitude_in_exponents) {
+  const bool large = !number.zero && number.magnitude * magnitude_in_exponents + number.exponent > 0;
+  return large ? std::numeric_limits<double>::infinity() : 0.0;
+}
+
+double convert(const char* first, const char* last, std::chars_format format, double fallback) {
+  double value = 0;
+  const std::from_chars_result result = std::from_chars(first, last, value, format);
+  return result.ec == std::errc() ? value : fallback;
+}
+
+// The mantissa with the exponent behind it, which may differ from the one in the text.
+double convert_written(const Written& number, std::chars_format format, std::int64_t magnitude_in_exponents) {
+  std::array<char, 128> local;
+  std::string heap;
+  const auto size = static_cast<std::size_t>(number.last - number.first);
+  constexpr std::size_t exponent_room = 24;
+  char* begin = local.data();
+  if (size + exponent_room > local.size()) {
+    heap.resize(size + exponent_room);
+    begin = heap.data();
+  }
+  char* end = std::copy(number.first, number.last, begin);
+  *end++ = format == std::chars_format::hex ? 'p' : 'e';
+  end = std::to_chars(end, end + exponent_room - 1, number.exponent).ptr;
+  return convert(begin, end, format, out_of_range_value(number, magnitude_in_exponents));
+}
+
+/// The decimal digits of a mantissa.
+struct Mantissa {
+  std::uint64_t value = 0;  ///< of the digits without the point; meaningless above 19 significant digits
+  int digits = 0;           ///< significant ones, 20 for more than 19
+  int scale = 0;            ///< digits behind the point
+};
+
+constexpr int max_digits = 19;
+
+// The text from `p` on as a mantissa; `p` is left past it. False when there is no digit.
+bool read_mantissa(const char*& p, Mantissa& mantissa) {
+  const char* const start = p;
+  std::uint64_t value = 0;
+  while (is_digit(*p)) value = value * 10 + digit_value(*p++);
+  std::ptrdiff_t count = p - start;
+  if (*p == '.') {
+    const char* const fraction = ++p;
+    while (is_digit(*p)) value = value * 10 + digit_value(*p++);
+    const std::ptrdiff_t scale = p - fraction;
+    count += scale;
+    mantissa.scale = static_cast<int>(std::min<std::ptrdiff_t>(scale, INT_MAX));
+  }
+  if (count == 0) return false;
+  mantissa.value = value;
+  if (count > max_digits) {
+    const char* significant = start;
+    while (significant < p && (*significant == '0' || *significant == '.')) {
+      if (*significant++ == '0') --count;
+    }
+  }
+  mantissa.digits = static_cast<int>(std::min<std::ptrdiff_t>(count, max_digits + 1));
+  return true;
+}
+
+constexpr std::array<double, 23> exact_powers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                                 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+// Both the mantissa and the power of ten are doubles without error: one rounding gives the nearest double.
+bool convert_exactly(const Mantissa& mantissa, std::int64_t exponent, double& value) {
+#if defined(FLT_EVAL_METHOD) && FLT_EVAL_METHOD != 0
+  return false;
+#else
+  constexpr std::uint64_t largest = std::uint64_t{1} << DBL_MANT_DIG;
+  constexpr auto largest_power = static_cast<std::int64_t>(exact_powers.size()) - 1;
+  if (mantissa.digits > max_digits || mantissa.value > largest) return false;
+  if (exponent < -largest_power || exponent > largest_power) return false;
+  const auto whole = static_cast<double>(mantissa.value);
+  value = exponent < 0 ? whole / exact_powers[static_cast<std::size_t>(-exponent)]
+                       : whole * exact_powers[static_cast<std::size_t>(exponent)];
+  return true;
+#endif
+}
+
+// Where the mantissa's first significant digit stands: the power of the base that bounds it.
+void weigh(Written& number) {
+  std::int64_t position = 0;
+  bool behind_point = false;
+  for (const char* p = number.first; p < number.last; ++p) {
+    if (*p == '.') {
+      behind_point = true;
+    } else if (!number.zero || *p != '0') {
+      number.zero = false;
+      if (!behind_point)
+        ++position;
+      else
+        break;
+    } else if (behind_point) {
+      --position;
+    }
+  }
+  number.magnitude = position;
+}
+
+double decimal_value(const char* first, const char* last, const Mantissa& mantissa, std::int64_t exponent) {
+  double value = 0;
+  if (convert_exactly(mantissa, exponent - mantissa.scale, value)) return value;
+  Written number{first, last, 0, true, exponent};
+  weigh(number);
+  return convert_written(number, std::chars_format::general, 1);
+}
+
+// The hexadecimal form behind "0x"; false when no digit follows.
+bool read_hex(const char*& p, double& value) {
+  Written number;
+  number.first = p;
+  const char* q = p;
+  while (is_hex_digit(*q)) ++q;
+  std::ptrdiff_t digits = q - p;
+  if (*q == '.') {
+    const char* const fraction = ++q;
+    while (is_hex_digit(*q)) ++q;
+    digits += q - fraction;
+  }
+  if (digits == 0) return false;
+  number.last = q;
+  p = q;
+  if (lower(*q) == 'p' && read_exponent(++q, number.exponent)) p = q;
+  weigh(number);
+  value = convert_written(number, std::chars_format::hex, 4);
+  return true;
+}
+
+// "inf", "infinity", "nan" and "nan(...)".
+bool read_name(const char*& p, double& value) {
+  if (skip_word(p, "inf")) {
+    skip_word(p, "inity");
+    value = std::numeric_limits<double>::infinity();
+    return true;
+  }
+  if (!skip_word(p, "nan")) return false;
+  value = std::numeric_limits<double>::quiet_NaN();
+  if (*p != '(') return true;
+  const char* q = p + 1;
+  while (is_digit(*q) || (lower(*q) >= 'a' && lower(*q) <= 'z') || *q == '_') ++q;
+  if (*q == ')') p = q + 1;
+  return true;
+}
+
+// The exponent behind a D, as parse_int takes it.
+std::int64_t read_d_exponent(const char*& p) {
+  int exponent = 0;
+  ++p;
+  p += igs_number::parse_int(p, exponent);
+  return exponent;
+}
+
+bool at_d(const char* p, bool accept_d) { return accept_d && (*p == 'D' || *p == 'd'); }
+
+std::size_t parse(const char* text, bool accept_d, double& value) {
+  value = 0;
+  const char* p = skip_space(text);
+  const bool negative = skip_sign(p);
+  const char* const first = p;
+  Mantissa mantissa;
+  if (*p == '0' && lower(p[1]) == 'x' && read_hex(p += 2, value)) {
+    if (at_d(p, accept_d)) value *= std::pow(10.0, static_cast<double>(read_d_exponent(p)));
+  } else if (p = first; read_mantissa(p, mantissa)) {
+    const char* const last = p;
+    std::int64_t exponent = 0;
+    if (lower(*p) == 'e') {
+      const char* q = p + 1;
+      if (read_exponent(q, exponent)) p = q;
+    }
+    if (at_d(p, accept_d)) exponent += read_d_exponent(p);
+    value = decimal_value(first, last, mantissa, exponent);
+  } else if (p = first; read_name(p, value)) {
+    if (at_d(p, accept_d)) value *= std::pow(10.0, static_cast<double>(read_d_exponent(p)));
+  } else {
+    p = text;
+    if (at_d(p, accept_d)) read_d_exponent(p);
+    return static_cast<std::size_t>(p - text);
+  }
+  if (negative) value = -value;
+  return static_cast<std::size_t>(p - text);
+}
+
+}  // namespace
+
+std::size_t igs_number::parse_int(const char* text, int& value) {
+  value = 0;
+  const char* p = skip_space(text);
+  const bool negative = skip_sign(p);
+  if (!is_digit(*p)) return 0;
+  constexpr std::int64_t limit = std::int64_t{INT_MAX} + 1;
+  std::int64_t sum = 0;
+  for (; is_digit(*p); ++p) sum = std::min(sum * 10 + digit_value(*p), limit);
+  if (negative) sum = -sum;
+  value = static_cast<int>(std::clamp<std::int64_t>(sum, INT_MIN, INT_MAX));
+  return static_cast<std::size_t>(p - text);
+}
+
+std::size_t igs_number::parse_real(const char* text, double& value) { return parse(text, false, value); }
+
+std::size_t igs_number::parse_real_with_d(const char* text, double& value) { return parse(text, true, value); }

@@ -1,0 +1,241 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <cstdint>
+#include <new>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "igs/errors/igsError.h"
+#include "igs/input/igsInStream.h"
+#include "igs/objects/igsBoundedList.h"
+#include "igs/objects/igsEntity.h"
+#include "igs/output/igsOutStream.h"
+#include "igs/support/giPoint.h"
+#include "igs/support/giVector.h"
+#include "igs/support/undefined.h"
+#include "igs/support/utOstream.h"
+
+// What is done with each field of an entity. Private to the library: included by the source files of entity classes.
+//
+// In a class's `fields(entity, visit)`
+//   visit("Label", entity.m_value)           is a number, string, pointer, point or vector, or a record: a class with a
+//                                            static `fields(record, visit)` of its own;
+//   const int n = visit.count("Label", size) is a field that holds the size of a list: the size itself, and what the
+//                                            file says while it is read;
+//   visit.list("Label", n, entity.m_list, igsBadCount<igsNNNBadNumThings>())
+//                                            is a std::vector of any of these, fields or records.
+
+template <class Value>
+concept igsRecord = requires(Value& value, igsPointerVisitor& visit) {
+  Value::fields(value, visit);
+};
+
+/// Reads fields. A field that the record does not supply reads as 0, as a null pointer or as an empty string. Of a
+/// list, the elements behind the record's end are unset: points and vectors undefined, reals -DBL_MAX (which an empty
+/// field in a list of reals is, too).
+class igsFieldReader {
+ public:
+  igsFieldReader(igsInStream& in, const igsObject& entity) : m_in(in), m_entity(entity) {}
+
+  void operator()(const char*, int& value) { m_in.read_integer(value); }
+  void operator()(const char*, double& value) { m_in.read_double(value); }
+  void operator()(const char*, utString& value) { m_in.read_holerith(value); }
+  void operator()(const char*, igsObjectPtr& value) {
+    int de = 0;
+    m_in.read_integer(de);
+    value = igsObjectPtr(de);
+  }
+  template <class Value>
+  void operator()(const char*, Value& value) {
+    if constexpr (igsRecord<Value>) {
+      Value::fields(value, *this);
+    } else if constexpr (std::is_constructible_v<Value, double, double, double>) {
+      const std::array<double, 3> xyz = read_doubles<3>();
+      value = Value(xyz[0], xyz[1], xyz[2]);
+    } else {
+      const std::array<double, 2> xy = read_doubles<2>();
+      value = Value(xy[0], xy[1]);
+    }
+  }
+
+  int count(const char*, std::size_t) {
+    int value = 0;
+    m_in.read_integer(value);
+    return value;
+  }
+  template <class Element, class Error>
+  void list(const char*, std::int64_t count, std::vector<Element>& elements, igsBadCount<Error>) {
+    const auto read = [this](Element& element) {
+      if (m_in.frozen()) return false;
+      (*this)(nullptr, element);
+      if constexpr (std::is_same_v<Element, double>) {
+        if (m_in.take_value_present() == 0) element = undefined_real;
+      }
+      return true;
+    };
+    Element unset{};
+    if constexpr (std::is_same_v<Element, double>) unset = undefined_real;
+    if (!m_usable || igs_read_bounded(count, elements, read, unset) != 0) return;
+    m_usable = false;
+    m_entity.tag_error(new (std::nothrow) Error(static_cast<int>(std::clamp<std::int64_t>(count, INT_MIN, INT_MAX))));
+  }
+
+  /// False once a list had a count that cannot be used: what follows in the record has no meaning then.
+  bool usable() const { return m_usable; }
+
+ private:
+  template <std::size_t N>
+  std::array<double, N> read_doubles() {
+    std::array<double, N> values{};
+    for (double& value : values) m_in.read_double(value);
+    return values;
+  }
+
+  igsInStream& m_in;
+  const igsObject& m_entity;
+  bool m_usable = true;
+};
+
+/// Writes fields. A null pointer is written as 0.
+class igsFieldWriter {
+ public:
+  explicit igsFieldWriter(igsOutStream& out) : m_out(out) {}
+
+  void operator()(const char*, int value) { m_out.write_integer(value); }
+  void operator()(const char*, double value) { m_out.write_double(value); }
+  void operator()(const char*, const utString& value) { m_out.write_holerith(value); }
+  void operator()(const char*, const igsObjectPtr& value) { m_out.write_integer(value.de_number()); }
+  template <class Value>
+  void operator()(const char*, const Value& value) {
+    if constexpr (igsRecord<Value>) {
+      Value::fields(value, *this);
+    } else {
+      m_out.write_double(value.x());
+      m_out.write_double(value.y());
+      if constexpr (requires { value.z(); }) m_out.write_double(value.z());
+    }
+  }
+
+  int count(const char*, std::size_t size) {
+    m_out.write_integer(static_cast<int>(size));
+    return static_cast<int>(size);
+  }
+  template <class Element, class Error>
+  void list(const char*, std::int64_t, const std::vector<Element>& elements, igsBadCount<Error>) {
+    for (const Element& element : elements) (*this)(nullptr, element);
+  }
+
+ private:
+  igsOutStream& m_out;
+};
+
+/// Prints fields, one "label = value" line each; a pointer with the entity it refers to. Records and lists stand in
+/// braces, the elements of a list being labelled "(0)", "(1)" and so on.
+class igsFieldPrinter {
+ public:
+  explicit igsFieldPrinter(utOstream& os) : m_os(os) {}
+
+  void operator()(const char* label, const igsObjectPtr& value);
+  template <class Value>
+  void operator()(const char* label, const Value& value) {
+    if constexpr (igsRecord<Value>) {
+      in_braces(label, [&value](igsFieldPrinter& inner) { Value::fields(value, inner); });
+    } else {
+      m_os << label << " = " << value << utEndl;
+    }
+  }
+
+  int count(const char* label, std::size_t size) {
+    (*this)(label, static_cast<int>(size));
+    return static_cast<int>(size);
+  }
+  template <class Element, class Error>
+  void list(const char* label, std::int64_t, const std::vector<Element>& elements, igsBadCount<Error>) {
+    in_braces(label, [&elements](igsFieldPrinter& inner) {
+      for (std::size_t i = 0; i < elements.size(); ++i) {
+        inner(('(' + std::to_string(i) + ')').c_str(), elements[i]);
+      }
+    });
+  }
+
+ private:
+  template <class PrintInner>
+  void in_braces(const char* label, PrintInner print_inner) {
+    m_os << label << " = {" << utEndl;
+    utOstream inner_stream(m_os, 1);
+    igsFieldPrinter inner(inner_stream);
+    print_inner(inner);
+    m_os << '}' << utEndl;
+  }
+
+  utOstream& m_os;
+};
+
+/// Shows the pointers among the fields to a visitor.
+class igsFieldPointers {
+ public:
+  explicit igsFieldPointers(igsPointerVisitor& visitor) : m_visitor(visitor) {}
+
+  void operator()(const char*, igsObjectPtr& value) { m_visitor.visit(value); }
+  template <class Value>
+  void operator()(const char*, Value& value) {
+    if constexpr (igsRecord<Value>) Value::fields(value, *this);
+  }
+
+  int count(const char*, std::size_t size) { return static_cast<int>(size); }
+  template <class Element, class Error>
+  void list(const char*, std::int64_t, std::vector<Element>& elements, igsBadCount<Error>) {
+    if constexpr (igsRecord<Element> || std::is_same_v<Element, igsObjectPtr>) {
+      for (Element& element : elements) (*this)(nullptr, element);
+    }
+  }
+
+ private:
+  igsPointerVisitor& m_visitor;
+};
+
+/// Reals are written with the precision of parameter-space values as long as this object lives.
+class igsParametricFormat {
+ public:
+  explicit igsParametricFormat(igsOutStream& out);
+  ~igsParametricFormat() { m_out.pop_double_format(); }
+  igsParametricFormat(const igsParametricFormat&) = delete;
+  igsParametricFormat& operator=(const igsParametricFormat&) = delete;
+
+ private:
+  igsOutStream& m_out;
+};
+
+template <class Self, igsName Name, class Parent>
+igsObject* igsEntity<Self, Name, Parent>::make_one() const {
+  return new Self;
+}
+
+template <class Self, igsName Name, class Parent>
+int igsEntity<Self, Name, Parent>::read_pd_data(igsInStream& in) {
+  igsFieldReader reader(in, *this);
+  Self::fields(static_cast<Self&>(*this), reader);
+  return reader.usable() ? 1 : 0;
+}
+
+template <class Self, igsName Name, class Parent>
+void igsEntity<Self, Name, Parent>::write_pd_data(igsOutStream& out) const {
+  igsFieldWriter writer(out);
+  Self::fields(static_cast<const Self&>(*this), writer);
+}
+
+template <class Self, igsName Name, class Parent>
+void igsEntity<Self, Name, Parent>::print_pd_data(utOstream& os) const {
+  igsFieldPrinter printer(os);
+  Self::fields(static_cast<const Self&>(*this), printer);
+}
+
+template <class Self, igsName Name, class Parent>
+void igsEntity<Self, Name, Parent>::visit_pointers(igsPointerVisitor& visitor) {
+  igsFieldPointers pointers(visitor);
+  Self::fields(static_cast<Self&>(*this), pointers);
+}

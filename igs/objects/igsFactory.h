@@ -1,0 +1,39 @@
+#pragma once
+
+#include "igs/objects/igsEntityType.h"
+#include "igs/support/export.h"
+
+class igsObject;
+
+/// A range of form numbers of one entity type and the object that makes entities for it.
+class IGS_API igsFactoryShop {
+ public:
+  igsFactoryShop(int min_form, int max_form, igsObject* object)
+      : m_min_form_number(min_form), m_max_form_number(max_form), m_object(object) {}
+  int min_form_number() const { return m_min_form_number; }
+  int max_form_number() const { return m_max_form_number; }
+  /// The prototype, shared by all copies of the shop. It belongs to no file and is never deleted.
+  igsObject* object() const { return m_object; }
+
+ private:
+  int m_min_form_number;
+  int m_max_form_number;
+  igsObject* m_object;
+};
+
+/// Makes an entity of the class that stands for an entity type and form. The library's own classes are registered in
+/// one table (igsFactory.cpp); a host registers a class of its own by constructing an igsFactory before it reads files.
+class IGS_API igsFactory {
+ public:
+  /// Registers `prototype` for forms `min_form` to `max_form` of `type`, after the ranges registered so far. The
+  /// prototype leaves the file that its construction registered it with, and must live as long as the process.
+  igsFactory(igsEntityType type, int min_form, int max_form, igsObject* prototype);
+
+  /// A new, default-constructed entity in the current file; an igsUnknown when no range covers the type and form.
+  static igsObject* make_one(igsEntityType type, int form);
+
+ private:
+  friend class igsObject;
+  /// True while the library's own prototypes are made: they register with no file.
+  static bool m_making_prototypes;
+};

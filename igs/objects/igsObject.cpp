@@ -1,0 +1,215 @@
+#include "igs/objects/igsObject.h"
+
+#include <vector>
+
+#include "igs/errors/igsError.h"
+#include "igs/errors/igsErrorLog.h"
+#include "igs/file/igsDirectoryEntry.h"
+#include "igs/file/igsFile.h"
+#include "igs/file/igsFile_errors.h"
+#include "igs/file/igsObjectSystem.h"
+#include "igs/input/igsInStream.h"
+#include "igs/objects/igsFactory.h"
+#include "igs/objects/igsInfoDB.h"
+#include "igs/objects/igsObjectManager.h"
+#include "igs/output/igsOutStream.h"
+#include "igs/support/utOstream.h"
+
+igsPointerVisitor::~igsPointerVisitor() = default;
+
+igsObject* igsObject::create(igsEntityType type, int form) { return igsFactory::make_one(type, form); }
+
+igsObject::igsObject() {
+  if (igsFactory::m_making_prototypes) return;
+  igsObjectSystem::initialize_system();
+  igsObjectSystem::object_created(this);
+}
+
+igsObject::~igsObject() {
+  if (m_manager != nullptr) m_manager->file()->object_deleted(this);
+}
+
+void igsObject::check_de() const { directory_entry().common_check(); }
+
+void igsObject::tag_error(igsStructureError* error) const {
+  if (error == nullptr) return;
+  if (file().message_stream() != nullptr) error->set_message_stream(file().message_stream());
+}
+
+void igsObject::tag_error(igsObjectError* error) const {
+  if (error == nullptr) return;
+  error->set_key(de_number());
+  if (file().message_stream() != nullptr) error->set_message_stream(file().message_stream());
+}
+
+namespace {
+class Unreference : public igsPointerVisitor {
+ public:
+  void visit(igsObjectPtr& pointer) override { pointer.unreference(); }
+};
+
+/// The entities that an entity's check asks to be checked, in that order.
+class CheckedChildren : public igsPointerVisitor {
+ public:
+  explicit CheckedChildren(std::vector<const igsObject*>& children) : m_children(children) {}
+  void visit(igsObjectPtr& pointer) override {
+    if (pointer.object() != nullptr) m_children.push_back(pointer.object());
+  }
+
+ private:
+  std::vector<const igsObject*>& m_children;
+};
+}  // namespace
+
+void igsObject::unreference_children() {
+  directory_entry().unreference_children();
+  Unreference unreference;
+  visit_pointers(unreference);
+}
+
+void igsObject::visit_pointers(igsPointerVisitor& /*visitor*/) {}
+
+int igsObject::de_number() const { return m_manager != nullptr ? 2 * m_manager->system_location() + 1 : 0; }
+
+igsDirectoryEntry& igsObject::directory_entry() const { return *m_manager->directory_entry(); }
+
+igsFile& igsObject::file() const { return *m_manager->file(); }
+
+const utString& igsObject::name() const { return igsInfoDB::entity_name(directory_entry().entity_type()); }
+
+int igsObject::num_references() const { return m_manager->num_references(); }
+
+int igsObject::num_logged_errors() const {
+  const igsErrorLog& log = igsObjectSystem::log();
+  const int de = de_number();
+  return log.object_log().num_errors(de) + log.structure_log().num_errors(de);
+}
+
+void igsObject::set_directory_entry_type(igsEntityType type, int form) {
+  if (m_manager != nullptr) directory_entry().set_type(type, form);
+}
+
+int igsObject::read_pd_entity_type(igsInStream& in) {
+  int type = 0;
+  in.read_integer(type);
+  const int expected = directory_entry().entity_type();
+  if (expected == -1 || expected == type) return 1;
+  new igsFilePDEntityTypeMismatch(de_number(), type);
+  return 0;
+}
+
+void igsObject::read(igsInStream& in, int& sequence_out_of_order) {
+  if (read_pd_entity_type(in) != 0 && read_pd_data(in) != 0) {
+    if (in.error_type(igsIONotANumber) != 0) new igsFileCorruptObjectData(de_number());
+    if (in.error_type(igsIONullCharacter) != 0) {
+      tag_error(static_cast<igsStructureError*>(new igsFilePDNullCharacters(de_number())));
+    }
+    if (in.error_type(igsIOSequenceOutOfOrder) != 0) sequence_out_of_order = 1;
+    m_manager->set_visited(1);
+  }
+  if (in.reset() == 0) return;
+  in.clear_errors();
+  skip_this_entity(in);
+}
+
+void igsObject::read_additional_entity_pointers(igsInStream& in) {
+  constexpr int groups = 2;  // associativities, then properties
+  for (int group = 0; group < groups; ++group) {
+    int count = 0;
+    in.read_integer(count);
+    for (int i = 0; i < count; ++i) {
+      int ignored = 0;
+      in.read_integer(ignored);
+      if (in.take_value_present() == 0) break;  // the count is the file's word: stop where the record does
+    }
+  }
+  if (in.reset() != 0) in.clear_errors();
+}
+
+void igsObject::skip_this_entity(igsInStream& in) {
+  while (in.backpointer() != 0 && in.backpointer() == de_number() && in.fatal_error() == 0) in.skip_line();
+}
+
+void igsObject::write(igsOutStream& out) const {
+  out.write_integer(directory_entry().entity_type());
+  write_pd_data(out);
+}
+
+int igsObject::check() const {
+  // Checks call each other through references: on the call stack as far as that is surely deep enough.
+  constexpr int max_check_depth = 200;
+  static int depth = 0;
+
+  igsObjectSystem::reentrant_start();
+  if (m_manager->visited() == 0) {
+    if (depth < max_check_depth) {
+      ++depth;
+      begin_check();
+      check_this();
+      --depth;
+    } else {
+      check_with_own_stack();
+    }
+  }
+  igsObjectSystem::reentrant_end();
+  return m_manager->validated();
+}
+
+void igsObject::begin_check() const {
+  m_manager->set_visited(1);
+  igsObjectSystem::log().object_log().clear(de_number());
+}
+
+void igsObject::check_this() const {
+  check_pd();
+  check_de();
+  m_manager->set_validated(num_logged_errors() == 0 ? 1 : 0);
+}
+
+// What nested calls would do, with a stack in memory: each entity after those that it refers to, which leaves nothing
+// to do for the calls that its own check makes.
+void igsObject::check_with_own_stack() const {
+  struct Step {
+    const igsObject* object;
+    std::size_t first_child;
+    std::size_t next_child;
+  };
+  std::vector<Step> path;
+  std::vector<const igsObject*> children;
+  const auto enter = [&](const igsObject* object) {
+    object->begin_check();
+    const std::size_t first = children.size();
+    CheckedChildren collect(children);
+    const_cast<igsObject*>(object)->visit_pointers(collect);
+    if (const igsObject* const matrix = object->directory_entry().matrix().object()) children.push_back(matrix);
+    path.push_back({object, first, first});
+  };
+  enter(this);
+  while (!path.empty()) {
+    Step& step = path.back();
+    if (step.next_child < children.size()) {
+      const igsObject* const child = children[step.next_child++];
+      if (child->manager()->visited() == 0) enter(child);
+    } else {
+      step.object->check_this();
+      children.resize(step.first_child);
+      path.pop_back();
+    }
+  }
+}
+
+void igsObject::print(utOstream& os) const {
+  static int depth = 0;
+  igsObjectSystem::reentrant_start();
+  os << '@' << de_number() << '(' << static_cast<int>(directory_entry().entity_type()) << ") = {" << utEndl;
+  if (m_manager->visited() == 0 && depth < max_print_depth) {
+    m_manager->set_visited(1);
+    ++depth;
+    utOstream inner(os, 1);
+    directory_entry().print(inner);
+    print_pd_data(inner);
+    --depth;
+  }
+  os << '}' << utEndl;
+  igsObjectSystem::reentrant_end();
+}

@@ -1,0 +1,98 @@
+#include "igs/objects/igsObjectPtr.h"
+
+#include <vector>
+
+#include "igs/file/igsObjectSystem.h"
+#include "igs/objects/igsObject.h"
+#include "igs/objects/igsObjectManager.h"
+
+igsObjectPtr::igsObjectPtr(igsObject* object) {
+  if (object == nullptr || object->manager() == nullptr) return;
+  igsObjectSystem::initialize_system();
+  object->manager()->add_pointer(this);
+}
+
+igsObjectPtr::igsObjectPtr(int de_number) {
+  if (de_number < 1 || de_number % 2 == 0) return;
+  igsObjectSystem::initialize_system();
+  igsObjectSystem::ptr_created(this, (de_number - 1) / 2);
+}
+
+igsObjectPtr::igsObjectPtr(const igsObjectPtr& other) {
+  if (other.m_manager != nullptr) other.m_manager->add_pointer(this);
+}
+
+igsObjectPtr::igsObjectPtr(igsObjectPtr&& other) noexcept {
+  if (other.m_manager != nullptr) other.m_manager->move_pointer(&other, this);
+}
+
+igsObjectPtr& igsObjectPtr::operator=(const igsObjectPtr& other) {
+  igsObjectManager* const target = other.m_manager;
+  release();
+  if (target != nullptr) target->add_pointer(this);
+  return *this;
+}
+
+igsObjectPtr& igsObjectPtr::operator=(igsObjectPtr&& other) noexcept {
+  if (this == &other) return *this;
+  release();
+  if (other.m_manager != nullptr) other.m_manager->move_pointer(&other, this);
+  return *this;
+}
+
+igsObjectPtr::~igsObjectPtr() { release(); }
+
+void igsObjectPtr::release() {
+  if (m_manager == nullptr) return;
+  m_manager->delete_pointer(this);
+  m_manager = nullptr;
+  m_index = -1;
+}
+
+igsObject* igsObjectPtr::object() const { return m_manager != nullptr ? m_manager->object() : nullptr; }
+
+igsObjectPtr::operator void*() const { return object(); }
+
+int igsObjectPtr::de_number() const {
+  const igsObject* const target = object();
+  return target != nullptr ? target->de_number() : 0;
+}
+
+namespace {
+// A cascade runs on the call stack as far as that is surely deep enough; below that, entities wait here for their turn.
+constexpr int max_cascade_depth = 200;
+int cascade_depth = 0;
+
+std::vector<igsObject*>& doomed_entities() {
+  static std::vector<igsObject*> waiting;
+  return waiting;
+}
+
+void remove(igsObject* object) {
+  ++cascade_depth;
+  object->unreference_children();
+  delete object;
+  --cascade_depth;
+}
+}  // namespace
+
+void igsObjectPtr::unreference() {
+  igsObject* const target = object();
+  if (target == nullptr || m_manager->num_references() != 1) {
+    release();
+    return;
+  }
+  if (cascade_depth >= max_cascade_depth) {
+    release();  // nothing refers to the target now, so nobody else can delete it meanwhile
+    doomed_entities().push_back(target);
+    return;
+  }
+  remove(target);
+  if (cascade_depth > 0) return;
+  std::vector<igsObject*>& waiting = doomed_entities();
+  while (!waiting.empty()) {
+    igsObject* const next = waiting.back();
+    waiting.pop_back();
+    remove(next);
+  }
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "igs/support/export.h"
+
+class igsObject;
+class igsObjectManager;
+
+/// A counted pointer from one entity to another. It never owns its target, and becomes null by itself when the target
+/// is deleted. Built from a DE number it may also wait for an entity that is yet to be made.
+class IGS_API igsObjectPtr {
+ public:
+  igsObjectPtr() = default;
+  /// Null for null.
+  igsObjectPtr(igsObject* object);  // NOLINT(google-explicit-constructor): a pointer stands for its object
+  /// Binds to the entity with this DE number in the current file, now or when that entity comes into being. A number
+  /// that is no DE number (even, or below 1) makes a null pointer.
+  explicit igsObjectPtr(int de_number);
+  igsObjectPtr(const igsObjectPtr& other);
+  igsObjectPtr(igsObjectPtr&& other) noexcept;
+  /// Assigning a pointer to itself registers it anew; its slot in the target's table may change.
+  igsObjectPtr& operator=(const igsObjectPtr& other);
+  igsObjectPtr& operator=(igsObjectPtr&& other) noexcept;
+  ~igsObjectPtr();
+
+  /// The target; null for a null pointer and for one whose entity does not exist yet.
+  igsObject* object() const;
+  operator void*() const;  // NOLINT(google-explicit-constructor): pointers are tested and compared like raw ones
+  /// Not to be applied to a null pointer.
+  igsObject* operator->() const { return object(); }
+  /// The target's DE number, 0 for a null pointer: what is written to a file.
+  int de_number() const;
+
+  /// Same target. Two null pointers are equal.
+  bool operator==(const igsObjectPtr& other) const { return object() == other.object(); }
+
+  /// Gives the target up: when this is its only reference, the target's own references are given up and it is deleted;
+  /// otherwise this pointer becomes null and the target lives on. The depth of such a cascade is not bounded by the
+  /// stack.
+  void unreference();
+
+ private:
+  friend class igsObjectManager;
+  void release();
+
+  igsObjectManager* m_manager = nullptr;
+  int m_index = -1;
+};

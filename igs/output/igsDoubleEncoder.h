@@ -1,0 +1,37 @@
+#pragma once
+
+#include <vector>
+
+#include "igs/output/igsEncoder.h"
+#include "igs/support/export.h"
+
+/// A real in the double precision form of IGES (IGES 5.3, section 2.2.2.2), in one piece that is never split: printf's
+/// general conversion "%G" as in the C locale, with `D` for the exponent and always a decimal point ("100.", "1.D+20",
+/// "12345.678"). It differs from that conversion in these ways: zero is "0." whatever its sign; a finite value whose
+/// rounded digits would read back as infinity is written with 17 digits; NaN and infinity give "NAN." and "INF.", with
+/// a minus sign where they have one, which is no IGES number.
+///
+/// The number formats form a stack, so that a caller can change the precision for a while.
+class IGS_API igsDoubleEncoder : public igsEncoder {
+ public:
+  /// Largest precision used: such a real still fits into a Parameter Data record.
+  static constexpr int max_precision = 40;
+
+  /// The first format is that of the options kelOptDoubleFieldWidth and kelOptDoubleGeometricPrecision.
+  igsDoubleEncoder();
+
+  void encode(double value);
+  /// The value encoded last.
+  double value() const { return m_value; }
+
+  /// From now on `precision` significant digits (0 counts as 1; limited to 0 ... max_precision), trailing zeros
+  /// removed. `width` is the width of the left-justified conversion: as padding at the end is dropped, it has no
+  /// effect.
+  void push_format(int width, int precision);
+  /// Back to the format before the last push; the first format stays.
+  void pop_format();
+
+ private:
+  double m_value = 0;
+  std::vector<int> m_precisions;  // never empty; the top is the back
+};

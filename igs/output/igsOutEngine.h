@@ -1,0 +1,49 @@
+#pragma once
+
+#include <iosfwd>
+
+#include "igs/output/igsOutBuffer.h"
+#include "igs/support/export.h"
+#include "igs/support/utString.h"
+
+class igsEncoder;
+
+/// Places the pieces of encoded fields into records and writes the delimiters between them.
+///
+/// In the delimited sections (Global and Parameter Data) the parameter delimiter is written just before the next
+/// field, directly behind the last one, because only then is it known not to be the record delimiter. A field keeps one
+/// column beyond its own for it, so that a delimiter never begins a line on which its field does not stand; a split
+/// piece that ends with its line is the exception.
+class IGS_API igsOutEngine : public igsOutBuffer {
+ public:
+  explicit igsOutEngine(std::ostream* destination) : igsOutBuffer(destination) {}
+
+  /// Selects the encoder whose pieces the next fields take. It is not owned; null gives empty fields.
+  void set_encoder(const igsEncoder* encoder) { m_encoder = encoder; }
+
+  /// Writes a free-format field.
+  void encode();
+  /// Writes a field right-justified in `width` columns; pieces are cut off after `width` characters.
+  void fixed_encode(int width);
+
+  void set_delimiters(const utString& parameter_delimiter, const utString& record_delimiter);
+
+  /// Ends the record of the Global section, if that is the current one, and begins `section`.
+  void set_section(igsFileSection section);
+  /// Ends the record of an entity; the next one has the back-pointer `backpointer`.
+  void set_backpointer(int backpointer);
+  /// As igsOutBuffer::reset, but a sound line whose last field waits for its delimiter stays, so that the delimiter
+  /// can follow the field directly.
+  int reset();
+
+  /// Moves all errors to the end of `errors` and stamps every error there with the present section, sequence number and
+  /// column.
+  void collect_errors(igsIOErrorcoDynArr& errors);
+
+ private:
+  const igsEncoder* m_encoder = nullptr;
+  utString m_parameter_delimiter = ",";
+  utString m_record_delimiter = ";";
+  bool m_delimited_section = false;
+  bool m_delimiter_pending = false;
+};

@@ -1,0 +1,94 @@
+#include "igs/output/igsOutStream.h"
+
+#include <algorithm>
+
+#include "igs/output/igsDoubleEncoder.h"
+#include "igs/output/igsEncoder.h"
+#include "igs/output/igsOutEngine.h"
+
+struct igsOutStream::State {
+  explicit State(std::ostream* destination) : engine(destination) { engine.set_encoder(&integer); }
+
+  /// Readies an encoder for the next field.
+  template <class Encoder>
+  Encoder& select(Encoder& encoder) {
+    encoder.reset();
+    engine.set_encoder(&encoder);
+    return encoder;
+  }
+
+  igsIntEncoder integer;
+  igsDoubleEncoder real;
+  igsHolerithEncoder hollerith;
+  igsStrEncoder string;
+  igsOutEngine engine;
+  igsIOErrorcoDynArr errors;
+};
+
+igsOutStream::igsOutStream(std::ostream* destination) : m_state(std::make_unique<State>(destination)) {}
+
+igsOutStream::~igsOutStream() = default;
+
+void igsOutStream::write_integer(int value) {
+  m_state->select(m_state->integer).encode(value);
+  m_state->engine.encode();
+}
+
+void igsOutStream::write_integer(int width, int value) {
+  igsIntEncoder& integer = m_state->select(m_state->integer);
+  integer.encode(value);
+  if (static_cast<int>(integer.piece(0).size()) > width) return write_string(width, utString());
+  m_state->engine.fixed_encode(width);
+}
+
+void igsOutStream::write_double(double value) {
+  m_state->select(m_state->real).encode(value);
+  m_state->engine.encode();
+}
+
+void igsOutStream::write_holerith(const utString& value) {
+  m_state->select(m_state->hollerith).encode(value);
+  m_state->engine.encode();
+}
+
+void igsOutStream::write_string(int width, const utString& value) {
+  m_state->select(m_state->string).encode(value);
+  m_state->engine.fixed_encode(width);
+}
+
+void igsOutStream::push_double_format(int width, int precision) { m_state->real.push_format(width, precision); }
+
+void igsOutStream::pop_double_format() { m_state->real.pop_format(); }
+
+void igsOutStream::set_section(igsFileSection section) { m_state->engine.set_section(section); }
+
+void igsOutStream::set_backpointer(int backpointer) { m_state->engine.set_backpointer(backpointer); }
+
+void igsOutStream::set_destination(std::ostream* destination) { m_state->engine.set_destination(destination); }
+
+void igsOutStream::set_delimiters(const utString& parameter_delimiter, const utString& record_delimiter) {
+  m_state->engine.set_delimiters(parameter_delimiter, record_delimiter);
+}
+
+int igsOutStream::num_lines(igsFileSection section) const { return m_state->engine.num_lines(section); }
+
+int igsOutStream::error() {
+  collect_errors();
+  return m_state->errors.empty() ? 0 : 1;
+}
+
+int igsOutStream::error_type(igsIOErrorCode code) {
+  collect_errors();
+  const auto has_code = [code](const igsIOError& error) { return error.error_type() == code; };
+  return std::any_of(m_state->errors.begin(), m_state->errors.end(), has_code) ? 1 : 0;
+}
+
+int igsOutStream::reset() {
+  if (!m_state->engine.reset()) return 0;
+  clear_errors();
+  return 1;
+}
+
+void igsOutStream::clear_errors() { m_state->errors.clear(); }
+
+void igsOutStream::collect_errors() { m_state->engine.collect_errors(m_state->errors); }
