@@ -142,12 +142,16 @@ class IGS_API igsGlobalError : public igsTyped<igsGlobalError, "igsGlobalError",
   /// The section concerned, not owned; null until tagged.
   igsGlobalSection* key() const { return m_section; }
   virtual void set_key(igsGlobalSection* section) { m_section = section; }
+  /// True for what a check of the section found: the next check drops it and looks again. Errors met while reading stay.
+  bool found_by_check() const { return m_found_by_check; }
+  void set_found_by_check() { m_found_by_check = true; }
 
  protected:
   igsGlobalError();
 
  private:
   igsGlobalSection* m_section = nullptr;
+  bool m_found_by_check = false;
 };
 
 /// A fault of the Start section.

@@ -6,7 +6,7 @@
 #include "igs/errors/igsSectionLog.h"
 
 /// The section logs of a file, by position. The values are part of the interface and never change.
-enum igsLogID {
+enum igsLogID : int {
   igsObjectLog = 0,     ///< igsObjectError, by DE number
   igsStructureLog = 1,  ///< igsStructureError, by DE number
   igsGlobalLog = 2,     ///< igsGlobalError

@@ -18,6 +18,9 @@ int igsFile::read(std::istream& in, utOstream& messages) {
   stream.clear_errors();
 
   const int result = read_sections(stream, messages);
+  // Stepping over a boundary forgets what the record behind it has met.
+  if (stream.ever_met(igsIOSequenceOutOfOrder)) m_invalid_line_numbers = 1;
+  if (stream.ever_met(igsIOBlankLine)) m_blank_lines = 1;
   if (m_invalid_line_numbers != 0) tag_error(new igsFileInvalidLineNumbers);
   if (m_blank_lines != 0) tag_error(new igsFileBlankLine);
   if (m_parameter_data_read != 0) tidyup();
@@ -62,13 +65,19 @@ struct DirectoryFields {
   utString label;
   int subscript = 0;
 
+  bool has_nul = false;
+
   void read(igsInStream& in) {
     constexpr unsigned field_width = 8, status_width = 2, reserved_width = 16;
+    // The stream has come to the next entry's record before the last field is taken, so each record is asked in its
+    // turn.
+    has_nul = in.nul_in_record();
     for (int* field : {&type, &parameter_data, &structure, &line_font, &level, &view, &matrix, &label_display}) {
       in.read_integer(field_width, *field);
     }
     for (int* field : {&blank_status, &subordinate_status, &entity_use, &hierarchy})
       in.read_integer(status_width, *field);
+    has_nul = has_nul || in.nul_in_record();
     for (int* field : {&second_type, &line_weight, &colour, &parameter_lines, &form})
       in.read_integer(field_width, *field);
     utString reserved;
@@ -132,7 +141,7 @@ int igsFile::read_directory_entry(igsInStream& in) {
   fields.read(in);
   const std::pair<int, int> type_in_file(fields.type, fields.form);
   settle_type(fields, location);
-  if (in.error_type(igsIONullCharacter) != 0) tag_error(new igsFileDENullCharacters(location));
+  if (fields.has_nul) tag_error(new igsFileDENullCharacters(location));
   note_line_faults(in);
 
   igsObject* const object = igsObject::create(static_cast<igsEntityType>(fields.type), fields.form);

@@ -4,8 +4,10 @@
 #include <cfloat>
 #include <cmath>
 
+#include "igs/errors/igsErrorLog.h"
 #include "igs/file/igsFile.h"
 #include "igs/file/igsGlobalSection_errors.h"
+#include "igs/file/igsObjectSystem.h"
 #include "igs/input/igsInStream.h"
 #include "igs/objects/igsInfoDB.h"
 #include "igs/output/igsOutStream.h"
@@ -13,6 +15,8 @@
 
 namespace {
 
+constexpr char default_parameter_delimiter = ',';
+constexpr char default_record_delimiter = ';';
 constexpr int min_integer_bits = 4;
 constexpr int min_magnitude = 38;
 constexpr int min_significance = 6;
@@ -172,7 +176,7 @@ int igsGlobalSection::read(igsInStream& in, utOstream& messages, int& out_of_ord
 
 // The delimiter is read column by column: before it is known, no field has an end.
 int igsGlobalSection::read_parameter_delimiter(igsInStream& in, utOstream& /*messages*/) {
-  char delimiter = ',';
+  char delimiter = default_parameter_delimiter;
   utString text;
   in.read_string(1, text);
   if (text == "1") {
@@ -184,7 +188,7 @@ int igsGlobalSection::read_parameter_delimiter(igsInStream& in, utOstream& /*mes
       tag_error(new igsGlobalSectionInvalidParamDelim(text));
       return 0;
     }
-  } else if (!text.empty() && text != ",") {
+  } else if (!text.empty() && text[0] != delimiter) {
     tag_error(new igsGlobalSectionInvalidParamDelim(text));
     return 0;
   }
@@ -194,8 +198,10 @@ int igsGlobalSection::read_parameter_delimiter(igsInStream& in, utOstream& /*mes
 }
 
 int igsGlobalSection::read_record_delimiter(igsInStream& in, utOstream& /*messages*/) {
+  // Where ";" separates parameters, it does not yet end the record.
+  if (m_parameter_delimiter == default_record_delimiter) in.set_record_delimiter('\0');
   utString text;
-  read_or(in, text, utString(";"));
+  read_or(in, text, utString(1, default_record_delimiter));
   if (text.size() != 1 || valid_delimiter(text[0]) == 0) {
     tag_error(new igsGlobalSectionInvalidRecordDelim(text));
     return 0;
@@ -284,40 +290,56 @@ void igsGlobalSection::tag_error(igsGlobalError* error) const {
 }
 
 void igsGlobalSection::check() const {
+  forget_last_check();
   check_number_formats();
-  if (!above_zero(m_model_space_scale)) tag_error(new igsGlobalSectionInvalidModelSpaceScale(m_model_space_scale));
-  tag_error(m_units.check());
+  if (!above_zero(m_model_space_scale)) tag_fault(new igsGlobalSectionInvalidModelSpaceScale(m_model_space_scale));
+  tag_fault(m_units.check());
   if (!at_least(m_width_of_max_line_weight, 0.0)) {
-    tag_error(new igsGlobalSectionInvalidMaxLineWeightWidth(m_width_of_max_line_weight));
+    tag_fault(new igsGlobalSectionInvalidMaxLineWeightWidth(m_width_of_max_line_weight));
   }
   if (m_file_creation_date.check() == 0) {
-    tag_error(new igsGlobalSectionInvalidFileCreationDate(m_file_creation_date.date_string()));
+    tag_fault(new igsGlobalSectionInvalidFileCreationDate(m_file_creation_date.date_string()));
   }
   if (!at_least(m_minimum_resolution, min_resolution)) {
-    tag_error(new igsGlobalSectionInvalidMinResolution(m_minimum_resolution));
+    tag_fault(new igsGlobalSectionInvalidMinResolution(m_minimum_resolution));
   }
   if (is_undefined_real(m_max_coord_value) || !std::isfinite(m_max_coord_value)) {
-    tag_error(new igsGlobalSectionInvalidMaxCoordinate(m_max_coord_value));
+    tag_fault(new igsGlobalSectionInvalidMaxCoordinate(m_max_coord_value));
   }
   if (m_iges_version < 1 || m_iges_version > max_version()) {
-    tag_error(new igsGlobalSectionInvalidIgesVersion(m_iges_version));
+    tag_fault(new igsGlobalSectionInvalidIgesVersion(m_iges_version));
   }
   if (m_drafting_standard < 0 || m_drafting_standard >= num_drafting_standards) {
-    tag_error(new igsGlobalSectionInvalidDraftingStandard(m_drafting_standard));
+    tag_fault(new igsGlobalSectionInvalidDraftingStandard(m_drafting_standard));
   }
   if (m_file_modification_date.check() == 0) {
-    tag_error(new igsGlobalSectionInvalidFileModificationDate(m_file_modification_date.date_string()));
+    tag_fault(new igsGlobalSectionInvalidFileModificationDate(m_file_modification_date.date_string()));
   }
 }
 
 void igsGlobalSection::check_number_formats() const {
   if (m_binary_bits_for_int < min_integer_bits) {
-    tag_error(new igsGlobalSectionInvalidIntegerSize(m_binary_bits_for_int));
+    tag_fault(new igsGlobalSectionInvalidIntegerSize(m_binary_bits_for_int));
   }
-  if (m_sp_max_pow10 < min_magnitude) tag_error(new igsGlobalSectionInvalidSinglePrecMagnitude(m_sp_max_pow10));
-  if (m_sp_sig_digs < min_significance) tag_error(new igsGlobalSectionInvalidSinglePrecSignificance(m_sp_sig_digs));
-  if (m_dp_max_pow10 < min_magnitude) tag_error(new igsGlobalSectionInvalidDoublePrecMagnitude(m_dp_max_pow10));
-  if (m_dp_sig_digs < min_significance) tag_error(new igsGlobalSectionInvalidDoublePrecSignificance(m_dp_sig_digs));
+  if (m_sp_max_pow10 < min_magnitude) tag_fault(new igsGlobalSectionInvalidSinglePrecMagnitude(m_sp_max_pow10));
+  if (m_sp_sig_digs < min_significance) tag_fault(new igsGlobalSectionInvalidSinglePrecSignificance(m_sp_sig_digs));
+  if (m_dp_max_pow10 < min_magnitude) tag_fault(new igsGlobalSectionInvalidDoublePrecMagnitude(m_dp_max_pow10));
+  if (m_dp_sig_digs < min_significance) tag_fault(new igsGlobalSectionInvalidDoublePrecSignificance(m_dp_sig_digs));
+}
+
+void igsGlobalSection::forget_last_check() const {
+  igsSimpleSectionLog* const log = igsObjectSystem::log().get_section_log(igsGlobalLog);
+  igsSimpleSectionLogIT errors(log);
+  while (++errors) {
+    auto* const error = static_cast<igsGlobalError*>(errors());
+    if (error->key() == this && error->found_by_check()) log->delete_error(error);
+  }
+}
+
+void igsGlobalSection::tag_fault(igsGlobalError* error) const {
+  if (error == nullptr) return;
+  error->set_found_by_check();
+  tag_error(error);
 }
 
 template <class Visitor>

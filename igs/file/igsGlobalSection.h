@@ -134,6 +134,8 @@ class IGS_API igsGlobalSection {
   void read_creation_date(igsInStream& in);
   void read_modification_date(igsInStream& in);
   void check_number_formats() const;
+  void forget_last_check() const;
+  void tag_fault(igsGlobalError* error) const;
   /// Hands every parameter, in order, with its label to `visitor`.
   template <class Visitor>
   void parameters(Visitor visitor) const;

@@ -24,9 +24,8 @@ int igsStartSection::line(int i, utString& out) const {
 int igsStartSection::set_line(int i, const utString& text) {
   if (i < 0 || i >= max_sequence_number || text.empty() || text.size() > data_columns) return 0;
   const auto index = static_cast<std::size_t>(i);
-  const utString line = text;  // may be one of the lines that move when the array grows
   if (index >= m_lines.size()) m_lines.resize(index + 1);
-  m_lines[index] = line;
+  m_lines[index] = text;
   return 1;
 }
 
@@ -42,8 +41,6 @@ int igsStartSection::read(igsInStream& in) {
     in.read_string(data_columns, m_lines[i]);
   }
   if (in.error_type(igsIOStartOutOfOrder) != 0) tag_error(new igsStartSectionInvalid);
-  m_out_of_order_seen = in.error_type(igsIOSequenceOutOfOrder);
-  m_blank_lines_seen = in.error_type(igsIOBlankLine);
   const int result = in.reset();
   if (result != 0) in.clear_errors();
   return result;

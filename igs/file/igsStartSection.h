@@ -46,14 +46,7 @@ class IGS_API igsStartSection {
 
  private:
   void set_owner(igsFile* owner) { m_owner = owner; }
-  /// What the last read met on its way up to and including the first record of the next section: sequence numbers out
-  /// of order elsewhere than in the Start section (code 9), blank lines (code 20). The stream itself has forgotten
-  /// them.
-  int out_of_order_seen() const { return m_out_of_order_seen; }
-  int blank_lines_seen() const { return m_blank_lines_seen; }
 
   std::vector<utString> m_lines{utString()};
   igsFile* m_owner = nullptr;
-  int m_out_of_order_seen = 0;
-  int m_blank_lines_seen = 0;
 };

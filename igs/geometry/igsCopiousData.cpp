@@ -1,11 +1,11 @@
 #include "igs/geometry/igsCopiousData.h"
 
 namespace {
-/// Element `i` of the variant's list of `Element`, null where there is none.
+/// Element `i` of the variant's list of `Element`; null where there is none, below 0 too.
 template <class Element, class Points>
 auto* element(Points& points, int i) {
   auto* const list = std::get_if<std::vector<Element>>(&points);
-  return list != nullptr && i >= 0 && static_cast<std::size_t>(i) < list->size() ? list->data() + i : nullptr;
+  return list != nullptr && static_cast<std::size_t>(i) < list->size() ? list->data() + i : nullptr;
 }
 }  // namespace
 

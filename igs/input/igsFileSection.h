@@ -1,7 +1,7 @@
 #pragma once
 
 /// The sections of an IGES file, in file order. The values are part of the interface and never change.
-enum igsFileSection {
+enum igsFileSection : int {
   igsStartSectionId = 0,      ///< S
   igsGlobalSectionId = 1,     ///< G
   igsDirectorySectionId = 2,  ///< D

@@ -5,7 +5,7 @@
 #include "igs/input/igsFileSection.h"
 
 /// Conditions met while reading and writing fields and records. The values are part of the interface and never change.
-enum igsIOErrorCode {
+enum igsIOErrorCode : int {
   igsIOValuePresent = 0,          ///< the field holds a value; also: a real with characters left over
   igsIOBlankInValue = 1,          ///< a blank inside a value
   igsIOExtraCharacters = 2,       ///< an integer with characters left over; text after a Hollerith count below 1

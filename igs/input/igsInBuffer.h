@@ -58,6 +58,10 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
 
   /// 1 after an error that forbids reading on.
   int fatal_error() const { return m_checker.fatal_error() != 0 || igsInBufferFiller::fatal_error() != 0; }
+  /// True when the record reader has met the condition anywhere in the file so far, collected and forgotten or not.
+  bool ever_met(igsIOErrorCode code) const {
+    return m_checker.ever_met().holds(code) || igsInBufferFiller::ever_met().holds(code);
+  }
   /// Appends the errors met since they were last collected; fatal ones stay.
   void collect_errors(igsIOErrorcoDynArr& errors);
 

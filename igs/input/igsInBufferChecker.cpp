@@ -25,6 +25,7 @@ void increase(int& counter) {
 
 void igsInBufferChecker::set_error(igsIOErrorCode code) {
   m_errors.set(code);
+  m_ever_met.set(code);
   if (code == igsIOBadBackPointer || code == igsIONoSectionLetter || code == igsIOReserved11) m_fatal = 1;
 }
 

@@ -28,6 +28,8 @@ class IGS_API igsInBufferChecker {
   /// Back-pointer of the record checked last; 0 outside the Parameter Data section.
   int backpointer() const { return m_current.backpointer; }
   int fatal_error() const { return m_fatal; }
+  /// Every condition met so far, those forgotten meanwhile too.
+  igsIOErrorSet ever_met() const { return m_ever_met; }
   /// Forgets the errors and returns 1; returns 0 and keeps them after a fatal one.
   int reset();
   /// Appends the errors to the list and forgets them unless one is fatal.
@@ -58,4 +60,5 @@ class IGS_API igsInBufferChecker {
   igsRecordMarks m_current;
   int m_fatal = 0;
   igsIOErrorSet m_errors;
+  igsIOErrorSet m_ever_met;
 };

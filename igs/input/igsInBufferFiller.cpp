@@ -11,9 +11,9 @@
 
 namespace {
 
-/// A line is taken up to this many characters; a longer one is handed on in pieces.
-constexpr std::size_t longest_line = 2 * record_length;
 constexpr std::size_t record_size = record_length;
+/// A line is taken up to this many characters; a longer one is handed on in pieces.
+constexpr std::size_t longest_line = 2 * record_size;
 /// Holds the place of a line end inside a record that was put together of several lines.
 constexpr char join_marker = 127;
 
@@ -82,6 +82,7 @@ igsInBufferFiller::~igsInBufferFiller() = default;
 
 void igsInBufferFiller::set_error(igsIOErrorCode code) {
   m_errors.set(code);
+  m_ever_met.set(code);
   if (code == igsIOStreamBad || code == igsIOEndOfInput || code == igsIOStreamFailed) m_fatal = 1;
 }
 
@@ -115,6 +116,7 @@ void igsInBufferFiller::warn_once(bool& pending, const char* text) {
 }
 
 int igsInBufferFiller::get(igsInBuffer& buffer) {
+  m_nul_in_record = false;
   m_is_plain = m_shortcuts && get_plain(buffer);
   if (m_is_plain) return 1;
   settle_continuation();
@@ -226,6 +228,7 @@ void igsInBufferFiller::append_cleaned(std::string& line, const char* text, std:
   line.append(text, length);
   if (std::memchr(text, '\0', length) == nullptr) return;
   set_error(igsIONullCharacter);
+  m_nul_in_record = true;
   std::replace(line.begin() + static_cast<std::ptrdiff_t>(start), line.end(), '\0', ' ');
 }
 
@@ -263,9 +266,10 @@ bool igsInBufferFiller::looks_like_iges(const std::string& line, std::size_t& le
 }
 
 void igsInBufferFiller::format_buffer(std::string& line) {
-  remove_trailing_spaces(line);
+  if (line.find_first_not_of(' ') == std::string::npos) line.clear();
   const Ending ending = find_ending(line);
-  if (!ending.found) return;
+  if (!ending.found)
+    return;  // the line stays as it is: a record without a sequence number keeps its letter in column 73
   const char section = line[ending.letter];
   line.resize(ending.letter);
   Number backpointer;

@@ -38,6 +38,10 @@ class IGS_API igsInBufferFiller {
   /// Appends the errors to the list and forgets them unless one is fatal.
   void collect_errors(igsIOErrorcoDynArr& errors);
   int fatal_error() const { return m_fatal; }
+  /// True when the current record held NUL characters.
+  bool nul_in_record() const { return m_nul_in_record; }
+  /// Every condition met so far, those forgotten meanwhile too.
+  igsIOErrorSet ever_met() const { return m_ever_met; }
 
   /// The delimiters by which damaged lines are told from sound ones; "," and ";" at first. They are independent of the
   /// delimiters of the fields.
@@ -79,6 +83,8 @@ class IGS_API igsInBufferFiller {
   bool m_shortcuts;
   int m_fatal = 0;
   igsIOErrorSet m_errors;
+  igsIOErrorSet m_ever_met;
+  bool m_nul_in_record = false;
   char m_param_delimiter = ',';
   char m_record_delimiter = ';';
   bool m_continuation = false;

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr std::size_t block_size = 256 * 1024;
+constexpr std::size_t block_size = std::size_t{256} * 1024;
 
 }  // namespace
 

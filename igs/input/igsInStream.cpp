@@ -63,6 +63,7 @@ int igsInStream::error() {
 
 int igsInStream::error_type(igsIOErrorCode code) {
   if (m_collected == 0) collect_errors();
+  if (fatal_error() != 0) m_collected_errors.merge(take_errors());  // whenever they were met
   return m_collected_errors.holds(code) ? 1 : 0;
 }
 

@@ -221,26 +221,39 @@ std::int64_t read_d_exponent(const char*& p) {
 
 bool at_d(const char* p, bool accept_d) { return accept_d && (*p == 'D' || *p == 'd'); }
 
+bool read_decimal(const char*& p, bool accept_d, double& value) {
+  const char* const first = p;
+  Mantissa mantissa;
+  const char* q = p;
+  if (!read_mantissa(q, mantissa)) return false;
+  const char* const last = q;
+  p = last;
+  std::int64_t exponent = 0;
+  if (lower(*q) == 'e' && read_exponent(++q, exponent)) p = q;
+  if (at_d(p, accept_d)) exponent += read_d_exponent(p);
+  value = decimal_value(first, last, mantissa, exponent);
+  return true;
+}
+
+// The forms that are not decimal; a D behind them multiplies the value.
+bool read_special(const char*& p, bool accept_d, double& value) {
+  const char* const start = p;
+  if (!read_name(p, value)) {
+    if (*p != '0' || lower(p[1]) != 'x' || !read_hex(p += 2, value)) {
+      p = start;
+      return false;
+    }
+  }
+  if (at_d(p, accept_d)) value *= std::pow(10.0, static_cast<double>(read_d_exponent(p)));
+  return true;
+}
+
 std::size_t parse(const char* text, bool accept_d, double& value) {
   value = 0;
   const char* p = skip_space(text);
   const bool negative = skip_sign(p);
-  const char* const first = p;
-  Mantissa mantissa;
-  if (*p == '0' && lower(p[1]) == 'x' && read_hex(p += 2, value)) {
-    if (at_d(p, accept_d)) value *= std::pow(10.0, static_cast<double>(read_d_exponent(p)));
-  } else if (p = first; read_mantissa(p, mantissa)) {
-    const char* const last = p;
-    std::int64_t exponent = 0;
-    if (lower(*p) == 'e') {
-      const char* q = p + 1;
-      if (read_exponent(q, exponent)) p = q;
-    }
-    if (at_d(p, accept_d)) exponent += read_d_exponent(p);
-    value = decimal_value(first, last, mantissa, exponent);
-  } else if (p = first; read_name(p, value)) {
-    if (at_d(p, accept_d)) value *= std::pow(10.0, static_cast<double>(read_d_exponent(p)));
-  } else {
+  const bool plain_digit = (*p >= '1' && *p <= '9') || *p == '.' || (*p == '0' && lower(p[1]) != 'x');
+  if ((plain_digit || !read_special(p, accept_d, value)) && !read_decimal(p, accept_d, value)) {
     p = text;
     if (at_d(p, accept_d)) read_d_exponent(p);
     return static_cast<std::size_t>(p - text);

@@ -9,11 +9,11 @@
 #include <type_traits>
 #include <vector>
 
-#include "igs/errors/igsError.h"
 #include "igs/input/igsInStream.h"
 #include "igs/objects/igsBoundedList.h"
 #include "igs/objects/igsEntity.h"
 #include "igs/output/igsOutStream.h"
+#include "igs/support/export.h"
 #include "igs/support/giPoint.h"
 #include "igs/support/giVector.h"
 #include "igs/support/undefined.h"
@@ -135,7 +135,7 @@ class igsFieldWriter {
 
 /// Prints fields, one "label = value" line each; a pointer with the entity it refers to. Records and lists stand in
 /// braces, the elements of a list being labelled "(0)", "(1)" and so on.
-class igsFieldPrinter {
+class IGS_API igsFieldPrinter {
  public:
   explicit igsFieldPrinter(utOstream& os) : m_os(os) {}
 
@@ -199,7 +199,7 @@ class igsFieldPointers {
 };
 
 /// Reals are written with the precision of parameter-space values as long as this object lives.
-class igsParametricFormat {
+class IGS_API igsParametricFormat {
  public:
   explicit igsParametricFormat(igsOutStream& out);
   ~igsParametricFormat() { m_out.pop_double_format(); }

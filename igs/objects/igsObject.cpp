@@ -62,9 +62,11 @@ class CheckedChildren : public igsPointerVisitor {
 }  // namespace
 
 void igsObject::unreference_children() {
+  m_manager->set_unreferencing(true);
   directory_entry().unreference_children();
   Unreference unreference;
   visit_pointers(unreference);
+  m_manager->set_unreferencing(false);
 }
 
 void igsObject::visit_pointers(igsPointerVisitor& /*visitor*/) {}
@@ -99,9 +101,10 @@ int igsObject::read_pd_entity_type(igsInStream& in) {
 }
 
 void igsObject::read(igsInStream& in, int& sequence_out_of_order) {
+  const bool nul_in_first_record = in.nul_in_record();  // stepping to it has forgotten the code
   if (read_pd_entity_type(in) != 0 && read_pd_data(in) != 0) {
     if (in.error_type(igsIONotANumber) != 0) new igsFileCorruptObjectData(de_number());
-    if (in.error_type(igsIONullCharacter) != 0) {
+    if (nul_in_first_record || in.error_type(igsIONullCharacter) != 0) {
       tag_error(static_cast<igsStructureError*>(new igsFilePDNullCharacters(de_number())));
     }
     if (in.error_type(igsIOSequenceOutOfOrder) != 0) sequence_out_of_order = 1;
@@ -157,6 +160,7 @@ int igsObject::check() const {
 
 void igsObject::begin_check() const {
   m_manager->set_visited(1);
+  m_manager->set_validated(1);  // the answer to those that come back to this entity on a cycle
   igsObjectSystem::log().object_log().clear(de_number());
 }
 

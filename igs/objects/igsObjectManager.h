@@ -26,6 +26,9 @@ class IGS_API igsObjectManager {
   /// cycle does not accuse itself.
   int validated() const { return m_validated; }
   void set_validated(int validated) { m_validated = validated != 0 ? 1 : 0; }
+  /// True while the object gives up its references: no cascade deletes it meanwhile.
+  bool unreferencing() const { return m_unreferencing; }
+  void set_unreferencing(bool unreferencing) { m_unreferencing = unreferencing; }
   igsObject* object() const { return m_object; }
   void set_object(igsObject* object) { m_object = object; }
   igsDirectoryEntry* directory_entry() const { return m_directory_entry; }
@@ -69,6 +72,7 @@ class IGS_API igsObjectManager {
   int m_free = -1;   ///< slot freed last
   std::int8_t m_visited = 0;
   std::int8_t m_validated = 1;
+  bool m_unreferencing = false;
   union {
     Slot m_inline[inline_slots] = {};
     Slot* m_heap;

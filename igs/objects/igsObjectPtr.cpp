@@ -76,21 +76,20 @@ void remove(igsObject* object) {
 }
 }  // namespace
 
+// This pointer gives its target up first: then nothing refers to the target any more, so that no cycle can lead back to it.
+// The entity that holds this pointer may itself be deleted by the cascade; nothing of it is touched afterwards.
 void igsObjectPtr::unreference() {
   igsObject* const target = object();
-  if (target == nullptr || m_manager->num_references() != 1) {
-    release();
-    return;
-  }
+  const bool is_last = target != nullptr && m_manager->num_references() == 1 && !m_manager->unreferencing();
+  release();
+  if (!is_last) return;
+  std::vector<igsObject*>& waiting = doomed_entities();
   if (cascade_depth >= max_cascade_depth) {
-    release();  // nothing refers to the target now, so nobody else can delete it meanwhile
-    doomed_entities().push_back(target);
+    waiting.push_back(target);
     return;
   }
   remove(target);
-  if (cascade_depth > 0) return;
-  std::vector<igsObject*>& waiting = doomed_entities();
-  while (!waiting.empty()) {
+  while (cascade_depth == 0 && !waiting.empty()) {
     igsObject* const next = waiting.back();
     waiting.pop_back();
     remove(next);

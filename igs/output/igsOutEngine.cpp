@@ -1,6 +1,5 @@
 #include "igs/output/igsOutEngine.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string_view>
 

@@ -1,0 +1,31 @@
+# The library as its users get it: built without tests, installed, static and shared, used with g++ and clang++.
+set(here ${CMAKE_CURRENT_LIST_DIR})
+set(work ${CMAKE_CURRENT_BINARY_DIR}/consumer)
+
+# This build provides one kind of library; the other kind comes from a build as a user would make it, but for its speed.
+if(BUILD_SHARED_LIBS)
+  set(here_kind shared)
+  set(other_kind static)
+else()
+  set(here_kind static)
+  set(other_kind shared)
+endif()
+add_test(NAME consumer.plain-build
+  COMMAND ${here}/build ${CMAKE_COMMAND} ${PROJECT_SOURCE_DIR} ${work}/plain-build $<NOT:$<BOOL:${BUILD_SHARED_LIBS}>>)
+set_tests_properties(consumer.plain-build PROPERTIES FIXTURES_SETUP plain_build TIMEOUT 1500 PROCESSORS 2)
+
+add_test(NAME consumer.install-${here_kind} COMMAND ${here}/install ${CMAKE_COMMAND} ${PROJECT_BINARY_DIR} ${work}/${here_kind})
+add_test(NAME consumer.install-${other_kind} COMMAND ${here}/install ${CMAKE_COMMAND} ${work}/plain-build ${work}/${other_kind})
+set_tests_properties(consumer.install-${other_kind} PROPERTIES FIXTURES_REQUIRED plain_build)
+
+foreach(kind static shared)
+  set_tests_properties(consumer.install-${kind} PROPERTIES FIXTURES_SETUP ${kind})
+  foreach(compiler g++ clang++)
+    add_test(NAME consumer.${kind}-${compiler}
+      COMMAND ${here}/build_and_run ${compiler} ${work}/${kind} ${work}/${kind}-${compiler})
+    set_tests_properties(consumer.${kind}-${compiler} PROPERTIES FIXTURES_REQUIRED ${kind} SKIP_RETURN_CODE 77)
+  endforeach()
+endforeach()
+
+add_test(NAME headers COMMAND ${here}/../headers/compile_each g++ ${work}/static)
+set_tests_properties(headers PROPERTIES FIXTURES_REQUIRED static PROCESSORS 2)

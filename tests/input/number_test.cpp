@@ -1,0 +1,167 @@
+#include "igs/input/number.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <bit>
+#include <cerrno>
+#include <cfloat>
+#include <climits>
+#include <clocale>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+const double inf = HUGE_VAL;
+
+bool same(double a, double b) {
+  return (std::isnan(a) && std::isnan(b)) || std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+}
+
+// The C library of the test machine is the judge. Its long may be wider.
+void expect_as_in_c(const std::string& text) {
+  char* end = nullptr;
+  const double real = std::strtod(text.c_str(), &end);
+  double value = -1;
+  EXPECT_EQ(igs_number::parse_real(text.c_str(), value), static_cast<std::size_t>(end - text.c_str())) << text;
+  EXPECT_PRED2(same, value, real) << text;
+
+  const long long whole = std::strtoll(text.c_str(), &end, 10);
+  int integer = -1;
+  EXPECT_EQ(igs_number::parse_int(text.c_str(), integer), static_cast<std::size_t>(end - text.c_str())) << text;
+  EXPECT_EQ(integer, std::clamp<long long>(whole, INT_MIN, INT_MAX)) << text;
+}
+
+TEST(Number, ReadsWhatTheCLibraryReads) {
+  const std::string cases[] = {"",
+                               " ",
+                               "0",
+                               "-0",
+                               "+7",
+                               "--7",
+                               "+ 7",
+                               "  \t\n\v\f\r12,",
+                               "\v",
+                               "12 34",
+                               "1.5",
+                               ".5",
+                               "5.",
+                               ".",
+                               "-.",
+                               "+.e1",
+                               "1e5",
+                               "1e",
+                               "1e+",
+                               "1E-",
+                               "1e 5",
+                               "1.5e308",
+                               "1.7976931348623157e308",
+                               "1.7976931348623159e308",
+                               "1e309",
+                               "-1e999999999999999999999",
+                               "1e-999999999999999999999",
+                               "0e999999999999",
+                               "4.9e-324",
+                               "2.4e-324",
+                               "2.5e-324",
+                               "2.2250738585072011e-308",
+                               "9007199254740993",
+                               "9007199254740992.5",
+                               "123456789012345678901234567890",
+                               "0.000000000000000000000000000000123456789012345678901234567890",
+                               "1.00000000000000011102230246251565404236316680908203125",
+                               "1.00000000000000011102230246251565404236316680908203124",
+                               "2147483647",
+                               "2147483648",
+                               "-2147483648",
+                               "-2147483649",
+                               "99999999999999999999999",
+                               "0x",
+                               "0x1",
+                               "0x.8p1",
+                               "0X1.8P+3,",
+                               "0xg",
+                               "0x.",
+                               "-0x1p",
+                               "0x1p-1074",
+                               "0x1p-1080",
+                               "0x1p1024",
+                               "0x0p9999",
+                               "0x1p99999999999999999999",
+                               "inf",
+                               "-INF",
+                               "infinit",
+                               "INFINITY,",
+                               "in",
+                               "nan",
+                               "NaN(",
+                               "nan(a_1)x",
+                               "nan(-)",
+                               "-nan",
+                               "1,5",
+                               "1.5D3",
+                               "00000000000000000000000001.5",
+                               "1e22",
+                               "1e23",
+                               "123e-22",
+                               "1.5f",
+                               "1e0x1"};
+  for (const std::string& text : cases) expect_as_in_c(text);
+  expect_as_in_c("0." + std::string(400, '0') + "1e400");
+  expect_as_in_c("0x0." + std::string(400, '0') + "1p1600");
+  expect_as_in_c(std::string(400, '9') + "." + std::string(400, '9') + "e-400");
+  expect_as_in_c(std::string(400, '9'));
+}
+
+TEST(Number, ReadsRandomTextAsTheCLibraryDoes) {
+  std::mt19937 random(7);
+  const std::string alphabet = "0123456789012345678900..eE+- xpinfa";
+  for (int i = 0; i < 30000; ++i) {
+    std::string text;
+    for (auto size = random() % 30; size > 0; --size) text += alphabet[random() % alphabet.size()];
+    expect_as_in_c(text);
+    expect_as_in_c(std::to_string(random()) + "." + std::to_string(random()) + "e" +
+                   std::to_string(static_cast<int>(random() % 700) - 350));
+  }
+}
+
+TEST(Number, ReadsTheDecimalExponentBehindAD) {
+  struct Case {
+    const char* text;
+    double value;
+    std::size_t length;
+  };
+  const Case cases[] = {
+      {"1.5D3,", 1500, 5},    {"1.5d+3;", 1500, 6},  {"1.1D-5", 1.1e-5, 6}, {"1.5D,", 1.5, 4},
+      {"1.5D 3,", 1500, 6},   {"1.5D-,", 1.5, 4},    {"1.5E2D1", 1500, 7},  {"D3,", 0, 2},
+      {"0D999999999", 0, 11}, {"-0.D+4", -0.0, 6},   {"1D-400", 0, 6},      {"-1D400", -inf, 6},
+      {"0.01D310", 1e308, 8}, {"0x10D1", 0x10D1, 6}, {"infD2", inf, 5},     {"1.7976931348623157D+308", DBL_MAX, 23},
+      {"1.5 D3", 1.5, 3},     {"xD3", 0, 0}};
+  for (const Case& c : cases) {
+    double value = -1;
+    EXPECT_EQ(igs_number::parse_real_with_d(c.text, value), c.length) << c.text;
+    EXPECT_PRED2(same, value, c.value) << c.text;
+  }
+}
+
+TEST(Number, DoesNotDependOnTheLocale) {
+  // NOLINTBEGIN(concurrency-mt-unsafe): the tests have one thread
+  const std::string before = std::setlocale(LC_ALL, nullptr);
+  for (const char* name : {"C", "de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8", "fr_FR.utf8", "German_Germany"}) {
+    if (std::setlocale(LC_ALL, name) == nullptr) continue;  // not installed here
+    double value = 0;
+    EXPECT_EQ(igs_number::parse_real("1.25,5", value), 4U) << name;
+    EXPECT_EQ(value, 1.25) << name;
+    EXPECT_EQ(igs_number::parse_real_with_d("123456789012345.6789D-3", value), 23U) << name;
+    EXPECT_EQ(value, 123456789012.3456789) << name;
+  }
+  std::setlocale(LC_ALL, before.c_str());
+  // NOLINTEND(concurrency-mt-unsafe)
+}
+
+}  // namespace

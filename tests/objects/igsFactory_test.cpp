@@ -1,0 +1,106 @@
+#include "igs/objects/igsFactory.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <set>
+#include <string>
+
+#include "igs/file/igsDirectoryEntry.h"
+#include "igs/file/igsFile.h"
+#include "igs/file/igsObjectSystem.h"
+#include "igs/objects/igsObject.h"
+
+namespace {
+
+struct Row {
+  int type, min_form, max_form;
+  const char *name, *parent;
+};
+void PrintTo(const Row& row, std::ostream* os) { *os << row.name; }
+
+/// One row a class. A new entity class adds its own.
+const Row rows[] = {
+    {-1, INT_MIN + 1, INT_MAX, "igsUnknown", "igsObject"},
+    {0, INT_MIN + 1, INT_MAX, "igsNull", "igsObject"},
+    {100, 0, 0, "igs100", "igsTrimmedConic"},
+    {106, 1, 3, "igsPointset", "igsObject"},
+    {106, 11, 13, "igsPolyline", "igsCurve"},
+    {110, 0, 0, "igs110", "igsCurve"},
+    {116, 0, 0, "igs116", "igsObject"},
+    {123, 0, 0, "igs123", "igsObject"},
+    {124, 0, 1, "igs124", "igsObject"},
+};
+
+const char* class_of(int type, int form) {
+  for (const Row& row : rows) {
+    if (row.type == type && row.min_form <= form && form <= row.max_form) return row.name;
+  }
+  return "igsUnknown";
+}
+
+class EachClass : public testing::TestWithParam<Row> {};
+
+TEST_P(EachClass, IsMadeForItsFormsAndNoOthers) {
+  const Row& row = GetParam();
+  igsFile file;
+  std::set<int> forms{row.min_form, row.max_form, 0, 5001};
+  if (row.min_form > INT_MIN + 1) forms.insert({row.min_form - 1, row.max_form + 1});
+  for (const int form : forms) {
+    const igsObject* object = igsFactory::make_one(static_cast<igsEntityType>(row.type), form);
+    ASSERT_NE(object, nullptr);
+    EXPECT_EQ(object->objtype().id_string(), class_of(row.type, form)) << row.type << " form " << form;
+    EXPECT_EQ(&object->file(), &file);
+  }
+}
+
+TEST_P(EachClass, FollowsTheTypeProtocol) {
+  const Row& row = GetParam();
+  igsFile file;
+  const igsObject* object = igsObject::create(static_cast<igsEntityType>(row.type), row.min_form);
+  ASSERT_EQ(object->objtype().id_string(), row.name);
+  const kluTypeInfo& own = object->objtype();
+  ASSERT_NE(own.parent(), nullptr);
+  EXPECT_EQ(own.parent()->id_string(), row.parent);
+  EXPECT_TRUE(object->isa(own));
+  EXPECT_TRUE(object->typeof(own));
+  for (const kluTypeInfo* base = own.parent(); base != nullptr; base = base->parent()) {
+    EXPECT_FALSE(object->isa(*base)) << base->id_string();
+    EXPECT_TRUE(object->typeof(*base)) << base->id_string();
+    EXPECT_FALSE(base->childof(own)) << base->id_string();
+  }
+  const igsObject* twin = object->make_one();
+  EXPECT_TRUE(twin->isa(own));
+  EXPECT_EQ(twin->de_number(), 3);
+  if (row.type > 0) {
+    EXPECT_EQ(static_cast<int>(twin->directory_entry().entity_type()), row.type);
+    EXPECT_EQ(class_of(row.type, twin->directory_entry().form_number()), std::string(row.name));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Factory, EachClass, testing::ValuesIn(rows), [](const auto& info) {
+  const Row& row = info.param;
+  return std::string(row.name) + "_" + std::to_string(info.index);
+});
+
+TEST(Factory, TypesThatNobodyReadsAreUnknown) {
+  igsFile file;
+  for (const int type :
+       {INT_MIN, -2, 1, 99, 101, 125, 132, 146, 184, 213, 302, 306, 322, 406, 412, 430, 515, INT_MAX}) {
+    EXPECT_EQ(igsFactory::make_one(static_cast<igsEntityType>(type), 0)->objtype().id_string(), "igsUnknown") << type;
+  }
+}
+
+TEST(Factory, PrototypesBelongToNoFile) {
+  igsObjectSystem::initialize_system();
+  igsFilecoDynArr files;
+  igsObjectSystem::get_all_files(files);
+  ASSERT_FALSE(files.empty());
+  EXPECT_EQ(files[0]->num_entities(), 0);
+  igsFile file;
+  delete igsFactory::make_one(igsEntity110, 0);
+  EXPECT_EQ(file.num_entities(), 0);
+  EXPECT_EQ(files[0]->num_entities(), 0);
+}
+
+}  // namespace

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <vector>
+
+#include "igs/errors/igsErrorClass.h"
+#include "igs/objects/igsCompound.h"
+#include "igs/objects/igsObject.h"
+#include "igs/support/utOstream.h"
+
+namespace igs_test {
+
+/// Long enough to break whatever recurses; shorter under a sanitizer, whose frames are larger and memory dearer.
+#if defined(__SANITIZE_ADDRESS__)
+inline constexpr int chain_length = 200'000;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+inline constexpr int chain_length = 200'000;
+#else
+inline constexpr int chain_length = 1'000'000;
+#endif
+#else
+inline constexpr int chain_length = 1'000'000;
+#endif
+
+/// Found by a Node's check when it is faulty, and when one of its children is.
+class NodeFaulty : public igsErrorClass<NodeFaulty, "NodeFaulty", igsObjectError> {};
+class NodeBadChild : public igsErrorClass<NodeBadChild, "NodeBadChild", igsObjectError, int> {
+ public:
+  using igsErrorClass::igsErrorClass;
+};
+
+/// An entity that holds pointers and counts what is done to it.
+class Node : public igsTyped<Node, "Node", igsObject> {
+ public:
+  Node() { ++alive; }
+  ~Node() override { --alive; }
+  igsObject* make_one() const override { return new Node; }
+  int read_pd_data(igsInStream& /*in*/) override { return 1; }
+  void write_pd_data(igsOutStream& /*out*/) const override {}
+  void print_pd_data(utOstream& os) const override {
+    for (const igsObjectPtr& child : children) {
+      if (child) child->print(os);
+    }
+  }
+  void check_pd() const override {
+    ++checks;
+    if (faulty) tag_error(new NodeFaulty);
+    for (int i = 0; i < static_cast<int>(children.size()); ++i) {
+      const igsObjectPtr& child = children[static_cast<std::size_t>(i)];
+      if (child && child->check() == 0) tag_error(new NodeBadChild(i));
+    }
+  }
+  void check_de() const override {}
+  void visit_pointers(igsPointerVisitor& visitor) override {
+    for (igsObjectPtr& child : children) visitor.visit(child);
+  }
+
+  std::vector<igsObjectPtr> children;
+  bool faulty = false;
+  mutable int checks = 0;
+  static inline int alive = 0;
+};
+
+/// A chain of nodes in the current file, each holding the only pointer to the next. Returns the first.
+inline Node* make_chain(int length) {
+  Node* const first = new Node;
+  Node* last = first;
+  for (int i = 1; i < length; ++i) {
+    Node* const next = new Node;
+    last->children.emplace_back(next);
+    last = next;
+  }
+  return first;
+}
+
+/// A compound entity of its own class.
+class TestCompound : public igsTyped<TestCompound, "TestCompound", igsCompound> {
+ public:
+  igsObject* make_one() const override { return new TestCompound; }
+  int read_pd_data(igsInStream& /*in*/) override { return 1; }
+  void write_pd_data(igsOutStream& /*out*/) const override {}
+  void print_pd_data(utOstream& /*os*/) const override {}
+  void check_pd() const override {}
+  void check_de() const override {}
+};
+
+/// A compound with these members (null for null) and a fresh index list.
+inline TestCompound* make_compound(const std::vector<igsObject*>& members) {
+  auto* compound = new TestCompound;
+  compound->set_number_of_entities(static_cast<int>(members.size()));
+  for (int i = 0; i < static_cast<int>(members.size()); ++i) {
+    compound->set_entity(i, igsObjectPtr(members[static_cast<std::size_t>(i)]));
+  }
+  compound->set_index_list();
+  return compound;
+}
+
+}  // namespace igs_test

@@ -1,0 +1,217 @@
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+#include "iges_builder.h"
+#include "tools/program.h"
+
+namespace igs_test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+
+using Check = ProgramTest;
+
+/// A file with `count` zero-length lines.
+std::string zero_length_lines(int count) {
+  IgesBuilder builder;
+  for (int i = 0; i < count; ++i) builder.line(0);
+  return builder.text();
+}
+
+std::vector<std::string> keys_of(const Json& object) {
+  std::vector<std::string> keys;
+  for (const auto& [key, value] : object.items()) keys.push_back(key);
+  return keys;
+}
+
+TEST_F(Check, SoundFileGivesTheSummaryAlone) {
+  IgesBuilder builder;
+  builder.line();
+  builder.point();
+  file("sound.igs", builder.text());
+  const Outcome outcome = igs({"check", "sound.igs"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "sound.igs: 2 entities, no errors\n");
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(Check, JsonObjectHasTheMembersInOrder) {
+  IgesBuilder builder;
+  builder.line(0);
+  builder.point();
+  builder.entity(406, 15, "1,4Hname");
+  builder.entity(0, 0, "");
+  file("part.igs", builder.text());
+  const Outcome outcome = igs({"check", "--format", "json", "part.igs"});
+  EXPECT_EQ(outcome.status, 1);
+  const Json object = only_object(outcome.out);
+  EXPECT_THAT(keys_of(object), ElementsAre("file", "read", "entities", "nulls", "unknowns", "dropped", "types",
+                                           "error_count", "errors", "messages"));
+  EXPECT_EQ(object.at("file"), "part.igs");
+  EXPECT_EQ(object.at("read"), true);
+  EXPECT_EQ(object.at("entities"), 2);
+  EXPECT_EQ(object.at("nulls"), 1);
+  EXPECT_EQ(object.at("unknowns"), 1);
+  EXPECT_EQ(object.at("dropped"), (Json{{"0:0", 1}, {"406:15", 1}}));
+  EXPECT_EQ(object.at("types"), (Json{{"110", 1}, {"116", 1}}));
+  EXPECT_EQ(object.at("error_count"), 1);
+  ASSERT_THAT(object.at("errors"), SizeIs(1));
+  EXPECT_EQ(
+      object.at("errors")[0],
+      (Json{{"log", "object"}, {"class", "igs110CoincidentPoints"}, {"de", 1}, {"type", 110}, {"values", {1e-6}}}));
+}
+
+TEST_F(Check, ErrorsStandLogByLogWithTheMembersThatFitThem) {
+  IgesBuilder builder;
+  builder.entity(999, 0, "1");
+  builder.line(0);
+  builder.global(24, "9").de_field(3, 14, "5").columns('T', 1, 10, right(7, 7));
+  file("faulty.igs", builder.text());
+  const Json errors = only_object(igs({"check", "--format", "json", "faulty.igs"}).out).at("errors");
+  EXPECT_EQ(
+      errors,
+      Json::parse(R"([{"log": "object", "class": "igs110CoincidentPoints", "de": 3, "type": 110, "values": [1e-6]},
+  {"log": "structure", "class": "igsFileInvalidIGESEntity", "de": 1, "values": [999]},
+  {"log": "structure", "class": "igsFileIncorrectPDLineCount", "de": 3, "type": 110, "values": [1, 5]},
+  {"log": "global", "class": "igsGlobalSectionInvalidDraftingStandard", "values": [9]},
+  {"log": "terminate", "class": "igsTerminateSectionBadCount", "values": [1, 7, 3]}])"))
+      << errors;
+
+  const Outcome text = igs({"check", "faulty.igs"});
+  EXPECT_EQ(text.status, 1);
+  EXPECT_THAT(
+      lines_of(text.out),
+      ElementsAre(
+          "faulty.igs:", "DE 3  110 Line  igs110CoincidentPoints  the line's end points are at most 1e-06 apart",
+          "DE 1  igsFileInvalidIGESEntity  999 is no entity type of IGES; the entity was left out",
+          "DE 3  110 Line  igsFileIncorrectPDLineCount  the parameter data take 1 lines, the directory entry says 5",
+          "Global section  igsGlobalSectionInvalidDraftingStandard  parameter 24, the drafting standard, is 9; it "
+          "has to be between 0 and 7",
+          "Terminate section  igsTerminateSectionBadCount  the count of Global records is 7, but the file has 3",
+          "left out on reading: 1 of type 999 form 0", "faulty.igs: 1 entity, 5 errors"));
+}
+
+TEST_F(Check, ReportsWhatReadingLeftOutOfASoundFile) {
+  IgesBuilder builder;
+  builder.entity(406, 15, "1,4Hname");
+  builder.entity(406, 15, "1,4Hname");
+  file("names.igs", builder.text());
+  const Outcome outcome = igs({"check", "names.igs"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.out, HasSubstr("left out on reading: 2 of type 406 form 15 Property"));
+}
+
+TEST_F(Check, OneBadFileStopsNoOther) {
+  IgesBuilder sound;
+  sound.point();
+  file("a.igs", zero_length_lines(1));
+  file("c.igs", sound.text());
+  fs::create_directory(folder() / "folder");
+  const Outcome json = igs({"check", "--format", "json", "a.igs", "missing.igs", "folder", "c.igs"});
+  EXPECT_EQ(json.status, 2);
+  const std::vector<Json> objects = objects_of(json.out);
+  ASSERT_THAT(objects, SizeIs(4));
+  EXPECT_EQ(objects[0].at("error_count"), 1);
+  EXPECT_THAT(keys_of(objects[1]), ElementsAre("file", "error"));
+  EXPECT_THAT(keys_of(objects[2]), ElementsAre("file", "error"));
+  EXPECT_EQ(objects[2].at("file"), "folder");
+  EXPECT_EQ(objects[3].at("file"), "c.igs");
+  EXPECT_EQ(objects[3].at("error_count"), 0);
+
+  const Outcome text = igs({"check", "a.igs", "missing.igs", "c.igs"});
+  EXPECT_EQ(text.status, 2);
+  EXPECT_EQ(lines_of(text.out).back(), "c.igs: 1 entity, no errors");
+  EXPECT_THAT(text.err, HasSubstr("missing.igs"));
+  EXPECT_EQ(igs({"check", "c.igs", "a.igs"}).status, 1);
+  EXPECT_EQ(igs({"check", "c.igs", "c.igs"}).status, 0);
+}
+
+TEST_F(Check, FilesThatCannotBeReadToTheirEnd) {
+  IgesBuilder builder;
+  builder.line();
+  const std::string sound = builder.text();
+  std::string bytes;
+  for (int i = 0; i < 5000; ++i) bytes += static_cast<char>(i * 7919 % 251);
+  const std::vector<std::pair<std::string, std::string>> contents{
+      {"empty", ""}, {"bytes", bytes}, {"text", "Dear reader,\nthis is a letter.\n"}, {"cut", sound.substr(0, 300)}};
+  for (const auto& [name, content] : contents) {
+    file(name, content);
+    const Outcome json = igs({"check", "--format", "json", name});
+    EXPECT_EQ(json.status, 2) << name;
+    EXPECT_EQ(only_object(json.out).at("read"), false) << name;
+    EXPECT_EQ(igs({"check", name}).status, 2) << name;
+    EXPECT_EQ(igs({"info", name}).status, 2) << name;
+    EXPECT_EQ(igs({"print", name}).status, 2) << name;
+  }
+}
+
+TEST_F(Check, DashIsStandardInput) {
+  const Outcome outcome = igs({"check", "--format", "json", "-"}, zero_length_lines(2));
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(only_object(outcome.out).at("file"), "-");
+  EXPECT_EQ(only_object(outcome.out).at("entities"), 2);
+}
+
+TEST_F(Check, MaxErrorsLimitsTheListsAndNothingElse) {
+  file("many.igs", zero_length_lines(1200));
+  const auto count_listed = [&](Arguments arguments) {
+    arguments.insert(arguments.begin() + 1, "--format");
+    arguments.insert(arguments.begin() + 2, "json");
+    const Json object = only_object(igs(arguments).out);
+    EXPECT_EQ(object.at("error_count"), 1200);
+    return object.at("errors").size();
+  };
+  EXPECT_EQ(count_listed({"check", "many.igs"}), 1200U);
+  EXPECT_EQ(count_listed({"check", "--max-errors", "7", "many.igs"}), 7U);
+  EXPECT_EQ(count_listed({"check", "--max-errors", "0", "many.igs"}), 0U);
+
+  const std::string text = igs({"check", "many.igs"}).out;
+  EXPECT_THAT(lines_of(text), SizeIs(1 + 1000 + 2));
+  EXPECT_THAT(text, HasSubstr("200 more"));
+  EXPECT_THAT(igs({"check", "--max-errors", "1200", "many.igs"}).out, Not(HasSubstr("more")));
+}
+
+TEST_F(Check, TextFromFilesIsNeverCopiedRaw) {
+  // A letter of Latin-1, an escape sequence for terminals, then a letter in UTF-8.
+  IgesBuilder builder;
+  builder.global(18, "11H\xE9\x1B[31m\xC3\xA9 \"\\");
+  const std::string name = file("p\xE9.igs", builder.text());
+  const Outcome json = igs({"check", "--format", "json", name});
+  const Json object = only_object(json.out);
+  EXPECT_THAT(json.out, HasSubstr("\"p\\u00e9.igs\""));
+  EXPECT_THAT(json.out, HasSubstr("\\u00e9\\u001b[31m\\u00e9 \\\"\\\\"));
+  EXPECT_THAT(classes_of(object.at("errors")), ElementsAre("igsGlobalSectionInvalidFileCreationDate"));
+
+  const Outcome text = igs({"check", name});
+  EXPECT_THAT(text.out, HasSubstr("p\\xe9.igs:"));
+  EXPECT_THAT(text.out, HasSubstr("\\xe9\\x1b[31m\xC3\xA9"));
+}
+
+TEST_F(Check, NamesAreTakenAsTheyAre) {
+  const std::vector<std::string> names{"check", "a=b", "%%", "\"q\"", "-- a", "x\ny"};
+  Arguments call{"check", "--format", "json", "--"};
+  for (const std::string& name : names) {
+    file(name, IgesBuilder().text());
+    call.push_back(name);
+  }
+  const Outcome outcome = igs(call);
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  const std::vector<Json> objects = objects_of(outcome.out);
+  ASSERT_EQ(objects.size(), names.size());
+  for (std::size_t i = 0; i < names.size(); ++i) EXPECT_EQ(objects[i].at("file"), names[i]);
+}
+
+TEST_F(Check, UnreadableFile) {
+  const std::string name = file("locked.igs", zero_length_lines(1));
+  fs::permissions(folder() / name, fs::perms::none);
+  if (std::ifstream(folder() / name)) GTEST_SKIP() << "this user may read everything";
+  EXPECT_EQ(igs({"check", name}).status, 2);
+}
+
+}  // namespace
+}  // namespace igs_test

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+// The commands, each in the source file of its name. Every one returns an ExitStatus.
+
+enum class Format { text, json };
+
+struct InfoOptions {
+  Format format = Format::text;
+  std::vector<std::string> files;
+};
+
+struct CheckOptions {
+  Format format = Format::text;
+  std::size_t max_errors = 0;
+  std::vector<std::string> files;
+};
+
+struct RepairOptions {
+  Format format = Format::text;
+  std::size_t max_errors = 0;
+  bool delete_faulty = false;
+  std::string file;
+  std::string target;
+};
+
+int run_info(const InfoOptions& options);
+int run_check(const CheckOptions& options);
+int run_repair(const RepairOptions& options);
+int run_print(const std::string& file);
+/// Explains the error classes of these names, all of them without a name.
+int run_explain(const std::vector<std::string>& names);

@@ -1,0 +1,95 @@
+#include "explain_table.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+#include <unordered_map>
+
+#include "model.h"
+#include "text.h"
+
+namespace {
+
+constexpr auto families = {file_errors, section_errors, directory_errors, geometry_errors};
+
+/// The values of an error as words.
+class ValueWords : public igsErrorValueVisitor {
+ public:
+  explicit ValueWords(const igsError& error) { error.visit_values(*this); }
+  void value(int number) override { m_words.push_back(number == unset_int ? "unset" : std::to_string(number)); }
+  void value(double number) override { m_words.push_back(is_undefined_real(number) ? "unset" : format_real(number)); }
+  void value(const utString& text) override { m_words.push_back('"' + printable(text) + '"'); }
+  const std::vector<std::string>& words() const { return m_words; }
+
+ private:
+  std::vector<std::string> m_words;
+};
+
+std::string section_name(const std::string& number) {
+  constexpr std::string_view names[] = {"Start", "Global", "Directory Entry", "Parameter Data", "Terminate"};
+  const std::size_t index = number.size() == 1 ? static_cast<std::size_t>(number[0] - '0') : std::size(names);
+  return index < std::size(names) ? std::string(names[index]) : number;
+}
+
+/// The number at the start of `text`.
+std::optional<std::size_t> leading_index(std::string_view text) {
+  std::size_t index = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), index);
+  return result.ec == std::errc() ? std::optional(index) : std::nullopt;
+}
+
+/// Replaces every "{...}" of the sentence by `word(...)`.
+template <class Word>
+std::string filled_in(std::string_view sentence, Word word) {
+  std::string result;
+  for (;;) {
+    const std::size_t open = sentence.find('{');
+    const std::size_t close = sentence.find('}', open);
+    result += sentence.substr(0, open);
+    if (open == std::string_view::npos || close == std::string_view::npos) return result;
+    result += word(sentence.substr(open + 1, close - open - 1));
+    sentence.remove_prefix(close + 1);
+  }
+}
+
+std::string bare_values(const std::vector<std::string>& words) {
+  std::string result = words.empty() ? "" : "values";
+  for (const std::string& word : words) result += ' ' + word;
+  return result;
+}
+
+}  // namespace
+
+std::vector<const ErrorText*> all_error_texts() {
+  std::vector<const ErrorText*> texts;
+  for (const auto& family : families) {
+    for (const ErrorText& text : family()) texts.push_back(&text);
+  }
+  return texts;
+}
+
+const ErrorText* find_error_text(std::string_view name) {
+  static const auto texts_by_name = [] {
+    std::unordered_map<std::string_view, const ErrorText*> texts;
+    for (const ErrorText* text : all_error_texts()) texts.emplace(text->name, text);
+    return texts;
+  }();
+  const auto found = texts_by_name.find(name);
+  return found != texts_by_name.end() ? found->second : nullptr;
+}
+
+std::string sentence_of(const igsError& error) {
+  const ValueWords values(error);
+  const ErrorText* text = find_error_text(error.objtype().name());
+  if (text == nullptr) return bare_values(values.words());
+  return filled_in(text->sentence, [&](std::string_view placeholder) {
+    if (placeholder == "de") return std::to_string(de_number(error).value_or(0));
+    const std::size_t index = leading_index(placeholder).value_or(values.words().size());
+    if (index >= values.words().size()) return std::string("?");
+    return placeholder.ends_with(":section") ? section_name(values.words()[index]) : values.words()[index];
+  });
+}
+
+std::string general_sentence(const ErrorText& text) {
+  return filled_in(text.sentence, [](std::string_view) { return "..."; });
+}

@@ -1,0 +1,177 @@
+#include <iostream>
+#include <map>
+
+#include "commands.h"
+#include "each_file.h"
+#include "json_writer.h"
+#include "text.h"
+
+namespace {
+
+/// Hands `visit(name, value)` the parameters of the section in their order, under the names of their accessors.
+template <class Visit>
+void for_each_parameter(const igsGlobalSection& global, Visit visit) {
+  visit("parameter_delimiter", std::string(1, global.parameter_delimiter()));
+  visit("record_delimiter", std::string(1, global.record_delimiter()));
+  visit("product_id_from_sending_system", global.product_id_from_sending_system());
+  visit("file_name", global.file_name());
+  visit("system_id", global.system_id());
+  visit("preprocessor_version", global.preprocessor_version());
+  visit("binary_bits_for_int", global.binary_bits_for_int());
+  visit("sp_max_pow10", global.sp_max_pow10());
+  visit("sp_sig_digs", global.sp_sig_digs());
+  visit("dp_max_pow10", global.dp_max_pow10());
+  visit("dp_sig_digs", global.dp_sig_digs());
+  visit("product_id_for_receiving_system", global.product_id_for_receiving_system());
+  visit("model_space_scale", global.model_space_scale());
+  visit("units", global.units());
+  visit("max_number_of_line_weights", global.max_number_of_line_weights());
+  visit("width_of_max_line_weight", global.width_of_max_line_weight());
+  visit("file_creation_date", global.file_creation_date().date_string());
+  visit("minimum_resolution", global.minimum_resolution());
+  visit("max_coord_value", global.max_coord_value());
+  visit("name_of_author", global.name_of_author());
+  visit("authors_organization", global.authors_organization());
+  visit("iges_version", global.iges_version());
+  visit("drafting_standard", global.drafting_standard());
+  visit("file_modification_date", global.file_modification_date().date_string());
+}
+
+template <class Visit>
+void for_each_count(const igsTerminateSection& terminate, Visit visit) {
+  visit("start_lines", terminate.start_lines());
+  visit("global_lines", terminate.global_lines());
+  visit("directory_lines", terminate.directory_lines());
+  visit("parameter_lines", terminate.parameter_lines());
+}
+
+std::vector<std::string> start_lines(const igsStartSection& start) {
+  std::vector<std::string> lines;
+  std::string line;
+  for (int i = 0; start.line(i, line) != 0; ++i) lines.push_back(line);
+  return lines;
+}
+
+/// Number of live entities by type and form.
+std::map<std::pair<int, int>, int> entity_counts(const igsFile& file) {
+  std::map<std::pair<int, int>, int> counts;
+  igsFileIT entities(&file);
+  while (++entities != 0) {
+    const igsDirectoryEntry& entry = entities()->directory_entry();
+    ++counts[{entry.entity_type(), entry.form_number()}];
+  }
+  return counts;
+}
+
+/// Writes parameters as members of an open object. What was never set is null.
+class JsonParameters {
+ public:
+  explicit JsonParameters(JsonWriter& json) : m_json(json) {}
+  void operator()(const char* name, const std::string& text) { m_json.member(name, text); }
+  void operator()(const char* name, int number) {
+    m_json.key(name);
+    number == unset_int ? m_json.null() : m_json.value(number);
+  }
+  void operator()(const char* name, double number) {
+    m_json.key(name);
+    is_undefined_real(number) ? m_json.null() : m_json.value(number);
+  }
+  void operator()(const char* name, const igsUnits& units) {
+    m_json.key(name);
+    m_json.begin_object();
+    (*this)("type", units.type());
+    (*this)("name", units.name());
+    m_json.end_object();
+  }
+
+ private:
+  JsonWriter& m_json;
+};
+
+/// Writes parameters as lines for people.
+struct TextParameters {
+  void operator()(const char* name, const std::string& text) { write(name, printable(text)); }
+  void operator()(const char* name, int number) { write(name, number == unset_int ? "-" : std::to_string(number)); }
+  void operator()(const char* name, double number) {
+    write(name, is_undefined_real(number) ? "-" : format_real(number));
+  }
+  void operator()(const char* name, const igsUnits& units) {
+    write(name, std::to_string(units.type()) + ' ' + printable(units.name()));
+  }
+  void write(const char* name, const std::string& text) { std::cout << "  " << name << ": " << text << '\n'; }
+};
+
+void write_json_entities(JsonWriter& json, const igsFile& file) {
+  json.key("entity_counts");
+  json.begin_array();
+  for (const auto& [kind, count] : entity_counts(file)) {
+    json.begin_object();
+    json.member("type", kind.first);
+    json.member("form", kind.second);
+    json.member("name", igsInfoDB::entity_name(kind.first));
+    json.member("form_name", igsInfoDB::form_name(kind.first, kind.second));
+    json.member("count", count);
+    json.end_object();
+  }
+  json.end_array();
+}
+
+void write_json(const Model& model) {
+  const igsFile& file = model.file();
+  JsonWriter json(std::cout);
+  json.begin_object();
+  write_json_counts(json, model, file.num_entities(), EntityTypes(file));
+  json.key("start");
+  json.begin_array();
+  for (const std::string& line : start_lines(file.start_section())) json.value(line);
+  json.end_array();
+  json.key("global");
+  json.begin_object();
+  for_each_parameter(file.global_section(), JsonParameters(json));
+  json.end_object();
+  json.key("terminate");
+  json.begin_object();
+  for_each_count(file.terminate_section(), JsonParameters(json));
+  json.end_object();
+  write_json_entities(json, file);
+  json.end_object();
+  std::cout << '\n';
+}
+
+void write_text(const Model& model) {
+  const igsFile& file = model.file();
+  std::cout << printable(model.name()) << ":\nStart section:\n";
+  for (const std::string& line : start_lines(file.start_section())) {
+    std::cout << "  " << printable(line.substr(0, line.find_last_not_of(' ') + 1)) << '\n';
+  }
+  std::cout << "Global section:\n";
+  for_each_parameter(file.global_section(), TextParameters());
+  std::cout << "Terminate section:\n";
+  for_each_count(file.terminate_section(), TextParameters());
+  std::cout << counted(file.num_entities(), "entity", "entities") << ":\n";
+  for (const auto& [kind, count] : entity_counts(file)) {
+    std::cout << "  " << kind.first << " form " << kind.second << ' ' << kind_name(kind.first, kind.second) << ": "
+              << count << '\n';
+  }
+  write_text_dropped(std::cout, file);
+}
+
+int inform(Model& model, Format format) {
+  model.read();
+  model.progress().end();
+  if (format == Format::text) complain_of_messages(model);
+  format == Format::json ? write_json(model) : write_text(model);
+  if (model.read_error().empty()) return exit_clean;
+  complain(model.name(), model.read_error());
+  return exit_failed;
+}
+
+}  // namespace
+
+int run_info(const InfoOptions& options) {
+  return for_each_file(
+      options.files, [&](Model& model) { return inform(model, options.format); },
+      [&](const std::string& name, const std::string& reason) {
+        if (options.format == Format::json) write_json_failure(std::cout, name, reason);
+      });
+}

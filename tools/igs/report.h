@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstddef>
+#include <iosfwd>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "commands.h"
+#include "model.h"
+
+class JsonWriter;
+
+/// What `check` or `repair` found out about one file, apart from what the model itself tells.
+struct Findings {
+  explicit Findings(const Model& model_) : model(model_) {}
+
+  const Model& model;
+  int num_entities = 0;                ///< after the read; for `repair` after the repairs
+  EntityTypes types;                   ///< at the same moment; DE numbers as in the file that was read
+  bool is_repair = false;              ///< the members below matter to `repair` alone
+  bool delete_faulty = false;          ///< faulty entities were to be deleted
+  std::vector<int> deleted;            ///< DE numbers of the entities deleted on request
+  std::optional<std::string> written;  ///< the name written
+};
+
+/// Number of active errors that have not gone with their entity.
+long long num_errors_left(const Findings& findings);
+
+/// Reports the outcome of `check` and `repair`, one file after the other.
+class Report {
+ public:
+  virtual ~Report() = default;
+  virtual void outcome(const Findings& findings) = 0;
+  /// The file could not be opened, or was too much for the machine.
+  virtual void failure(const std::string& file, const std::string& reason) = 0;
+  /// Texts that the library had for people while it read.
+  virtual void warnings(const Model& model) = 0;
+};
+
+/// `max_errors`: at most so many errors, and so many repaired ones, are listed a file.
+std::unique_ptr<Report> make_report(Format format, std::size_t max_errors, std::ostream& out);
+std::unique_ptr<Report> make_text_report(std::size_t max_errors, std::ostream& out);
+std::unique_ptr<Report> make_json_report(std::size_t max_errors, std::ostream& out);
+
+// What `info` has in common with the reports.
+
+/// The JSON line of a file that could not be opened.
+void write_json_failure(std::ostream& out, const std::string& file, const std::string& reason);
+/// The members "file" to "types" of an open JSON object.
+void write_json_counts(JsonWriter& json, const Model& model, int num_entities, const EntityTypes& types);
+/// "Property(Name)"; empty for a type that the standard does not have.
+std::string kind_name(int type, int form);
+/// One line about what reading left out; nothing when it kept everything.
+void write_text_dropped(std::ostream& out, const igsFile& file);
+
+// Standard error.
+
+void complain(const std::string& file, const std::string& reason);
+/// What the library had to say while it read.
+void complain_of_messages(const Model& model);
+/// Flushes standard output. False, with a complaint, when results could not be written.
+bool flush_output();
