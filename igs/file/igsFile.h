@@ -10,6 +10,7 @@
 #include "igs/file/igsGlobalSection.h"
 #include "igs/file/igsStartSection.h"
 #include "igs/file/igsTerminateSection.h"
+#include "igs/input/igsIOError.h"
 #include "igs/support/export.h"
 #include "igs/support/kluTypeInfo.h"
 #include "igs/support/utString.h"
@@ -23,6 +24,16 @@ class igsObjectPtr;
 class igsOutStream;
 class kelabsOutput;
 class utOstream;
+
+/// Where and why reading a file ended before its end.
+struct igsReadFault {
+  /// 7, 10, 12, 13 or 14 of igsIOErrorCode: a bad back-pointer, no section letter, a bad stream, no more records where
+  /// the file should go on, a failed stream. 0 when nothing stopped the reader: a section that needs it was missing or
+  /// its delimiters were unusable, which error_log() tells.
+  igsIOErrorCode code = igsIOValuePresent;
+  /// Number of records read before that, whatever their section.
+  int records_before = 0;
+};
 
 /// An IGES file in memory: its Start, Global and Terminate sections and its entities. The entity in slot s (0-based)
 /// has DE number 2s + 1. The file owns its entities; deleting the file deletes them.
@@ -48,6 +59,8 @@ class IGS_API igsFile {
   /// Reads a whole file into this (fresh) one. 0 when a section cannot be read to its end; what was read before it
   /// stays. Entities of unknown and null type and those without parameter data are dropped and counted.
   int read(std::istream& in, utOstream& messages);
+  /// What ended the last read that returned 0.
+  const igsReadFault& read_fault() const { return m_read_fault; }
   /// Renumbers the entities to 1, 3, 5, ... and writes the whole file. A temporary file in the write directory holds
   /// the Parameter Data meanwhile.
   int write(std::ostream& out, utOstream& messages);
@@ -118,6 +131,7 @@ class IGS_API igsFile {
   bool is_on_heap() const { return m_on_heap; }
 
   int read_sections(igsInStream& in, utOstream& messages);
+  void note_read_fault(igsInStream& in);
   void note_line_faults(igsInStream& in);
   void drop_entity(igsObject* object);
   int read_entity(igsInStream& in, igsObject& object);
@@ -142,6 +156,7 @@ class IGS_API igsFile {
   int m_num_deleted_nulls = 0;
   int m_num_deleted_unknowns = 0;
   std::map<std::pair<int, int>, int> m_dropped;
+  igsReadFault m_read_fault;
   bool m_on_heap;
 };
 

@@ -14,10 +14,15 @@
 int igsFile::read(std::istream& in, utOstream& messages) {
   const igsFileScope current(*this);
   igsInStream stream(in, {.messages = m_message_stream});
-  if (stream.reset() == 0) return 0;
+  if (stream.reset() == 0) {
+    note_read_fault(stream);
+    m_parameter_data_read = 0;
+    return 0;
+  }
   stream.clear_errors();
 
   const int result = read_sections(stream, messages);
+  if (result == 0) note_read_fault(stream);
   // Stepping over a boundary forgets what the record behind it has met.
   if (stream.ever_met(igsIOSequenceOutOfOrder)) m_invalid_line_numbers = 1;
   if (stream.ever_met(igsIOBlankLine)) m_blank_lines = 1;
@@ -41,6 +46,19 @@ int igsFile::read_sections(igsInStream& in, utOstream& messages) {
   result = m_terminate_section.read(in);
   note_line_faults(in);
   return result;
+}
+
+void igsFile::note_read_fault(igsInStream& in) {
+  m_read_fault = {};
+  for (const igsIOErrorCode code :
+       {igsIONoSectionLetter, igsIOBadBackPointer, igsIOStreamBad, igsIOEndOfInput, igsIOStreamFailed}) {
+    if (m_read_fault.code == igsIOValuePresent && in.error_type(code) != 0) m_read_fault.code = code;
+  }
+  for (int section = 0; section < num_file_sections; ++section) {
+    m_read_fault.records_before += in.num_lines(static_cast<igsFileSection>(section));
+  }
+  // A record with a bad back-pointer was counted all the same.
+  if (m_read_fault.code == igsIOBadBackPointer) --m_read_fault.records_before;
 }
 
 void igsFile::note_line_faults(igsInStream& in) {

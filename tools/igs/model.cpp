@@ -51,9 +51,23 @@ void Model::read() {
 }
 
 std::string Model::read_error() const {
-  std::string error = m_input.error();
-  if (!error.empty()) return error;
-  return m_was_read ? "" : "not an IGES file, or damaged so that it cannot be read to its end";
+  if (m_was_read) return "";
+  const igsReadFault& fault = m_file.read_fault();
+  const std::string next = "record " + std::to_string(fault.records_before + 1);
+  const std::string beginning = fault.records_before == 0 ? "not an IGES file: " : "not read to its end: ";
+  switch (fault.code) {
+    case igsIONoSectionLetter:
+      return beginning + next + " has no section letter in column 73";
+    case igsIOBadBackPointer:
+      return beginning + "the back-pointer of " + next + " (columns 66 to 72) is no number";
+    case igsIOEndOfInput:
+      return beginning + "it ends after record " + std::to_string(fault.records_before) + ", before its last section";
+    case igsIOStreamBad:
+    case igsIOStreamFailed:
+      return beginning + "reading failed at " + next;
+    default:
+      return beginning + "its Global section is missing or its delimiters cannot be used";
+  }
 }
 
 const char* log_name(igsLogID log) {
