@@ -109,7 +109,7 @@ class IGS_API igsFile {
   int read_parameter_data_section(igsInStream& in);
   int write_data_section(std::ostream& out, igsOutStream& stream);
   int write_directory_entries(igsOutStream& stream);
-  int write_parameter_data_section(std::ostream& out, const utString& name);
+  int write_parameter_data_section(std::ostream& out, std::istream& in);
   void tag_error(igsError* error) const;
 
  private:

@@ -37,19 +37,31 @@ class QuietStream {
   std::ios::iostate m_exceptions;
 };
 
-/// A file that is deleted when it has served.
+/// A file that is written and read back, and gone afterwards. Where the system allows it the name goes at once, so that
+/// nothing is left behind even when the process is killed.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(const utString& directory) : m_name(klu_make_temp_file_name(directory)) {}
+  explicit TemporaryFile(const utString& directory)
+      : m_name(klu_make_temp_file_name(directory)), m_out(m_name), m_in(m_name) {
+    m_removed = !m_name.empty() && std::remove(m_name.c_str()) == 0;
+  }
   ~TemporaryFile() {
-    if (!m_name.empty()) std::remove(m_name.c_str());
+    m_out.close();
+    m_in.close();
+    if (!m_removed && !m_name.empty()) std::remove(m_name.c_str());
   }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
-  const utString& name() const { return m_name; }
+
+  bool is_open() const { return m_out.is_open() && m_in.is_open(); }
+  std::ofstream& out() { return m_out; }
+  std::ifstream& in() { return m_in; }
 
  private:
   utString m_name;
+  ubOFStream m_out;
+  ubIFStream m_in;
+  bool m_removed = false;
 };
 }  // namespace
 
@@ -71,21 +83,19 @@ int igsFile::write_sections(std::ostream& out, utOstream& messages) {
 // The Directory section comes first in the file, but names the lines that the Parameter Data will take: those are
 // written to a temporary file before it.
 int igsFile::write_data_section(std::ostream& out, igsOutStream& stream) {
-  const TemporaryFile temporary(m_write_dir);
-  if (temporary.name().empty()) return 0;
-  ubOFStream parameter_data(temporary.name());
-  if (!parameter_data) return 0;
+  TemporaryFile parameter_data(m_write_dir);
+  if (!parameter_data.is_open()) return 0;
   stream.set_section(igsParameterSectionId);
-  stream.set_destination(&parameter_data);
+  stream.set_destination(&parameter_data.out());
   int result = write_entities(stream);
   tag_overflow_errors(stream);
   stream.set_destination(&out);
   stream.set_section(igsDirectorySectionId);
-  parameter_data.close();
-  if (stream.reset() == 0 || !parameter_data) result = 0;
+  parameter_data.out().close();
+  if (stream.reset() == 0 || !parameter_data.out()) result = 0;
   if (result == 0) return 0;
   stream.clear_errors();
-  return write_directory_entries(stream) != 0 && write_parameter_data_section(out, temporary.name()) != 0 ? 1 : 0;
+  return write_directory_entries(stream) != 0 && write_parameter_data_section(out, parameter_data.in()) != 0 ? 1 : 0;
 }
 
 // Returns 0 when the stream failed.
@@ -124,9 +134,7 @@ int igsFile::write_directory_entries(igsOutStream& stream) {
   return result;
 }
 
-int igsFile::write_parameter_data_section(std::ostream& out, const utString& name) {
-  ubIFStream in(name);
-  if (!in) return 0;
+int igsFile::write_parameter_data_section(std::ostream& out, std::istream& in) {
   std::array<char, 65536> block;
   while (in) {
     in.read(block.data(), block.size());

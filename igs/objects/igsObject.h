@@ -80,7 +80,7 @@ class IGS_API igsObject {
   /// `max_print_depth`, is printed as its heading line alone.
   void print(utOstream& os) const;
 
-  static constexpr int max_print_depth = 64;
+  static constexpr int max_print_depth = 32;
 
  protected:
   igsObject();
