@@ -8,8 +8,8 @@ int main() {
   utOstream messages(std::cerr);
   std::stringstream text;
   {
-    igsFile drawing;                   // new entities belong to the newest file
-    auto* line = new igs110;           // ... which owns them
+    igsFile drawing;          // new entities belong to the newest file
+    auto* line = new igs110;  // ... which owns them
     line->set_start_point(giPoint3(0, 0, 0));
     line->set_end_point(giPoint3(100, 0, 0));
     if (drawing.write(text, messages) == 0) return 1;

@@ -142,7 +142,8 @@ class IGS_API igsGlobalError : public igsTyped<igsGlobalError, "igsGlobalError",
   /// The section concerned, not owned; null until tagged.
   igsGlobalSection* key() const { return m_section; }
   virtual void set_key(igsGlobalSection* section) { m_section = section; }
-  /// True for what a check of the section found: the next check drops it and looks again. Errors met while reading stay.
+  /// True for what a check of the section found: the next check drops it and looks again. Errors met while reading
+  /// stay.
   bool found_by_check() const { return m_found_by_check; }
   void set_found_by_check() { m_found_by_check = true; }
 

@@ -113,8 +113,8 @@ void igsDirectoryEntry::write(igsOutStream& out) const {
       out.write_integer(2, status);  // no value of the standard, but its two columns hold it
     }
   }
-  for (const int field : {static_cast<int>(m_entity_type), m_line_weight, m_colour.field(), m_parameter_line_count,
-                          m_form_number}) {
+  for (const int field :
+       {static_cast<int>(m_entity_type), m_line_weight, m_colour.field(), m_parameter_line_count, m_form_number}) {
     out.write_integer(field_width, field);
   }
   out.write_string(label_width, m_entity_label.substr(0, field_width));

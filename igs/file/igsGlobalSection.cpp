@@ -202,7 +202,8 @@ int igsGlobalSection::read_record_delimiter(igsInStream& in, utOstream& /*messag
   if (m_parameter_delimiter == default_record_delimiter) in.set_record_delimiter('\0');
   utString text;
   read_or(in, text, utString(1, default_record_delimiter));
-  if (text.size() != 1 || valid_delimiter(text[0]) == 0) {
+  // One character cannot do both: every field would end the record.
+  if (text.size() != 1 || valid_delimiter(text[0]) == 0 || text[0] == m_parameter_delimiter) {
     tag_error(new igsGlobalSectionInvalidRecordDelim(text));
     return 0;
   }

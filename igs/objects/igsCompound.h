@@ -16,19 +16,19 @@ class IGS_API igsCompound : public igsTyped<igsCompound, "igsCompound", igsObjec
   int number_of_entities() const { return m_number_of_entities; }
   /// Stores the count and, when it is not negative, replaces the list by that many null pointers.
   void set_number_of_entities(int count);
-  /// Member `index`; null outside the list.
-  igsObjectPtr get_entity(int index) const;
-  /// Stores member `index` and returns 1; 0 outside the list.
-  int set_entity(int index, const igsObjectPtr& entity);
+  /// Member `position`; null outside the list.
+  igsObjectPtr get_entity(int position) const;
+  /// Stores member `position` and returns 1; 0 outside the list.
+  int set_entity(int position, const igsObjectPtr& entity);
   /// Replaces the whole list.
   void set_entities(igsObjectPtrcoDynArr entities);
 
   /// Starts the index list anew: every member at its own position. Does nothing while the count is unset.
   void set_index_list();
-  /// Notes that original position `index` is now at `value` (-1: dropped).
-  void set_index(int index, int value);
-  /// Where original position `index` is now; -1 when it was dropped or never existed.
-  int get_current_index(int index) const;
+  /// Notes that original position `original` is now at `value` (-1: dropped).
+  void set_index(int original, int value);
+  /// Where original position `original` is now; -1 when it was dropped or never existed.
+  int get_current_index(int original) const;
   /// The first original position that is now at `value`, or -1.
   int get_original_index(int value) const;
 

@@ -6,10 +6,14 @@
 
 #include "igs/file/igsFile.h"
 #include "igs/geometry/igs100.h"
+#include "igs/geometry/igs102.h"
+#include "igs/geometry/igs104.h"
 #include "igs/geometry/igs110.h"
 #include "igs/geometry/igs116.h"
 #include "igs/geometry/igs123.h"
 #include "igs/geometry/igs124.h"
+#include "igs/geometry/igs126.h"
+#include "igs/geometry/igs128.h"
 #include "igs/geometry/igsPointset.h"
 #include "igs/geometry/igsPolyline.h"
 #include "igs/objects/igsObject.h"
@@ -34,12 +38,16 @@ constexpr Registration registrations[] = {
     {-1, -INT_MAX, INT_MAX, make<igsUnknown>},  //
     {0, -INT_MAX, INT_MAX, make<igsNull>},      //
     {100, 0, 0, make<igs100>},                  //
+    {102, 0, 0, make<igs102>},                  //
+    {104, 0, 3, make<igs104>},                  //
     {106, 1, 3, make<igsPointset>},             //
     {106, 11, 13, make<igsPolyline>},           //
     {110, 0, 0, make<igs110>},                  //
     {116, 0, 0, make<igs116>},                  //
     {123, 0, 0, make<igs123>},                  //
     {124, 0, 1, make<igs124>},                  //
+    {126, 0, 5, make<igs126>},                  //
+    {128, 0, 9, make<igs128>},                  //
 };
 
 using Registry = std::unordered_map<int, std::vector<igsFactoryShop>>;

@@ -26,6 +26,8 @@ igsObjectPtr::igsObjectPtr(igsObjectPtr&& other) noexcept {
   if (other.m_manager != nullptr) other.m_manager->move_pointer(&other, this);
 }
 
+// Giving up a reference deletes nothing, so that a pointer may be assigned to itself.
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
 igsObjectPtr& igsObjectPtr::operator=(const igsObjectPtr& other) {
   igsObjectManager* const target = other.m_manager;
   release();
@@ -76,8 +78,8 @@ void remove(igsObject* object) {
 }
 }  // namespace
 
-// This pointer gives its target up first: then nothing refers to the target any more, so that no cycle can lead back to it.
-// The entity that holds this pointer may itself be deleted by the cascade; nothing of it is touched afterwards.
+// This pointer gives its target up first: then nothing refers to the target any more, so that no cycle can lead back to
+// it. The entity that holds this pointer may itself be deleted by the cascade; nothing of it is touched afterwards.
 void igsObjectPtr::unreference() {
   igsObject* const target = object();
   const bool is_last = target != nullptr && m_manager->num_references() == 1 && !m_manager->unreferencing();

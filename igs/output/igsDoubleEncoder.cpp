@@ -67,7 +67,7 @@ void igsDoubleEncoder::encode(double value) {
   if (std::isnan(value)) return append_string(std::signbit(value) ? "-NAN." : "NAN.", 0);
   if (std::isinf(value)) return append_string(value < 0 ? "-INF." : "INF.", 0);
 
-  Text text;
+  Text text{};  // filled by to_chars, which not every analyser knows
   const char* end = make_double_precision_form(text, print_finite(text, value, m_precisions.back()));
   append_string({text, end}, 0);
 }

@@ -131,7 +131,10 @@ INSTANTIATE_TEST_SUITE_P(
         Damage{"OutOfOrder", join({s1, s1, s2, g1, g1, g2}, "\n"), {s1, s1, s2, g1, g1, g2}, "18 18 9 9 13 "},
         Damage{"CtrlZ", s1 + "\n\x1a", {s1}, "8 9 10 "},
         Damage{"BadLetter", s1 + "\n" + s2.substr(0, 72) + "X      2\n", {s1}, "9 10 "},
-        Damage{"NoNumberAtAll", s1 + "\n" + s2.substr(0, 73) + "       \n", {s1, s2.substr(0, 73) + "       "}, "8 18 13 "}));
+        Damage{"NoNumberAtAll",
+               s1 + "\n" + s2.substr(0, 73) + "       \n",
+               {s1, s2.substr(0, 73) + "       "},
+               "8 18 13 "}));
 
 TEST(RepairOfPoints, FollowsTheContinuationOfTheLineBefore) {
   const auto p = [](int number, const std::string& data) { return record('P', number, data, 7); };

@@ -24,12 +24,16 @@ const Row rows[] = {
     {-1, INT_MIN + 1, INT_MAX, "igsUnknown", "igsObject"},
     {0, INT_MIN + 1, INT_MAX, "igsNull", "igsObject"},
     {100, 0, 0, "igs100", "igsTrimmedConic"},
+    {102, 0, 0, "igs102", "igsCurve"},
+    {104, 0, 3, "igs104", "igsTrimmedConic"},
     {106, 1, 3, "igsPointset", "igsObject"},
     {106, 11, 13, "igsPolyline", "igsCurve"},
     {110, 0, 0, "igs110", "igsCurve"},
     {116, 0, 0, "igs116", "igsObject"},
     {123, 0, 0, "igs123", "igsObject"},
     {124, 0, 1, "igs124", "igsObject"},
+    {126, 0, 5, "igs126", "igsCurve"},
+    {128, 0, 9, "igs128", "igsParameterizedSurface"},
 };
 
 const char* class_of(int type, int form) {

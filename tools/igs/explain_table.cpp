@@ -10,7 +10,8 @@
 
 namespace {
 
-constexpr auto families = {file_errors, section_errors, directory_errors, geometry_errors};
+constexpr auto families = {file_errors,     section_errors, directory_errors,
+                           geometry_errors, spline_errors,  composite_errors};
 
 /// The values of an error as words.
 class ValueWords : public igsErrorValueVisitor {

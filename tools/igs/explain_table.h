@@ -22,6 +22,8 @@ std::span<const ErrorText> file_errors();
 std::span<const ErrorText> section_errors();
 std::span<const ErrorText> directory_errors();
 std::span<const ErrorText> geometry_errors();
+std::span<const ErrorText> spline_errors();
+std::span<const ErrorText> composite_errors();
 
 /// All rows, family by family.
 std::vector<const ErrorText*> all_error_texts();

@@ -1,0 +1,55 @@
+#include "igs/geometry/igs102.h"
+
+#include "igs/geometry/igs102_errors.h"
+#include "igs/geometry/igs116.h"
+#include "igs/objects/igsEntityFields.h"
+#include "igs/objects/igsReferenceTest.h"
+
+namespace {
+using SubCurveTest = igsReferenceTest<igs102NullSubCurvePtr, igs102InvalidSubCurveType, igs102InvalidSubCurveData>;
+
+bool is_point(const igsObject& object) { return object.isa(igs116::type()); }
+
+bool is_curve_or_point(const igsObject& object) { return object.typeof(igsCurve::type()) || is_point(object); }
+}  // namespace
+
+igs102::igs102() { set_directory_entry_type(igsEntity102, 0); }
+
+int igs102::set_size(int size) {
+  if (size < 0) return 0;
+  m_sub_curves.elements().resize(static_cast<std::size_t>(size));
+  return 1;
+}
+
+int igs102::sub_curve(int i, igsObjectPtr& sub_curve) const {
+  if (i < 0 || i >= number_of_sub_curves()) return 0;
+  sub_curve = m_sub_curves.elements()[static_cast<std::size_t>(i)];
+  return 1;
+}
+
+int igs102::set_sub_curve(int i, const igsObjectPtr& sub_curve) {
+  if (i < 0 || i >= number_of_sub_curves()) return 0;
+  m_sub_curves.elements()[static_cast<std::size_t>(i)] = sub_curve;
+  return 1;
+}
+
+void igs102::check_pd() const {
+  m_sub_curves.restart_index();
+  if (number_of_sub_curves() < 1) tag<igs102NoSubCurves>();
+  for (int i = 0; const igsObjectPtr& sub_curve : m_sub_curves.elements()) {
+    SubCurveTest::check(*this, sub_curve, is_curve_or_point, i++);
+  }
+  check_points();
+}
+
+// Two points that are all of the curve are deliberately let pass.
+void igs102::check_points() const {
+  bool after_point = false;
+  for (int i = 0; const igsObjectPtr& sub_curve : m_sub_curves.elements()) {
+    const bool at_point = sub_curve.object() != nullptr && is_point(*sub_curve.object());
+    if (at_point && number_of_sub_curves() == 1) tag<igs102OnlyPoint>();
+    if (at_point && after_point && number_of_sub_curves() != 2) tag<igs102AdjacentPoints>(i - 1, i);
+    after_point = at_point;
+    ++i;
+  }
+}

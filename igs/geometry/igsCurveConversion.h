@@ -1,0 +1,22 @@
+#pragma once
+
+#include "igs/errors/igsError.h"
+#include "igs/objects/igsObjectPtr.h"
+
+/// Base of the errors which say that a reference is to something else than the curve it should be. A point set can be
+/// made a curve, a polyline; since that has to be sound first, obj() is then the point set.
+class IGS_API igsCurveTypeError : public igsObjectError {
+ public:
+  int obj() override;
+  /// Converts the entity referred to with igsConvert::to_curve when it has no logged errors. If nothing else refers to
+  /// it, it is replaced in its file; otherwise only this reference is set to the curve, and the others keep the old
+  /// entity. 0 when there is nothing that can be converted.
+  int fix() override;
+
+ protected:
+  igsCurveTypeError() = default;
+
+  /// The reference as it is now; null when there is none any more.
+  virtual igsObjectPtr reference() const = 0;
+  virtual void set_reference(const igsObjectPtr& curve) const = 0;
+};

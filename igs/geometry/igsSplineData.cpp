@@ -1,0 +1,77 @@
+#include "igs/geometry/igsSplineData.h"
+
+#include <algorithm>
+
+#include "igs/input/igsInStream.h"
+#include "igs/objects/igsBoundedList.h"
+#include "igs/output/igsOutStream.h"
+#include "igs/support/utOstream.h"
+
+namespace {
+// Most lists are as long as what was read before them, so that they are made at once and leave no room unused.
+template <class Element>
+void reserve_in_proportion(std::vector<Element>& list, std::int64_t count, std::size_t read_before) {
+  const auto believed = believed_per_supplied * static_cast<std::int64_t>(read_before);
+  list.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, believed)));
+}
+}  // namespace
+
+double igs_read_supplied(igsInStream& in) {
+  double value = 0;
+  in.read_double(value);
+  return in.take_value_present() != 0 ? value : undefined_real;
+}
+
+int igs_read_reals(igsInStream& in, std::int64_t count, std::vector<double>& reals, std::size_t read_before) {
+  reserve_in_proportion(reals, count, read_before);
+  const auto read = [&in](double& real) {
+    if (in.frozen()) return false;
+    real = igs_read_supplied(in);
+    return true;
+  };
+  if (igs_read_bounded(count, reals, read, undefined_real) == 0) return 0;
+  reals.shrink_to_fit();
+  return 1;
+}
+
+int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& points, std::size_t read_before) {
+  reserve_in_proportion(points, count, read_before);
+  const auto read = [&in](giPoint3& point) {
+    if (in.frozen()) return false;
+    double x = 0, y = 0, z = 0;
+    in.read_double(x);
+    in.read_double(y);
+    in.read_double(z);
+    point = giPoint3(x, y, z);
+    return true;
+  };
+  if (igs_read_bounded(count, points, read) == 0) return 0;
+  points.shrink_to_fit();
+  return 1;
+}
+
+void igs_write_reals(igsOutStream& out, const std::vector<double>& reals) {
+  for (const double real : reals) out.write_double(real);
+}
+
+void igs_write_points(igsOutStream& out, const std::vector<giPoint3>& points) {
+  for (const giPoint3& point : points) {
+    out.write_double(point.x());
+    out.write_double(point.y());
+    out.write_double(point.z());
+  }
+}
+
+void igs_print_flag(utOstream& os, const char* label, int value, int true_value) {
+  const char* const meaning = !igs_is_flag(value) ? "(Unknown)" : value == true_value ? "(True)" : "(False)";
+  os << label << " = " << value << meaning << utEndl;
+}
+
+igsWeightSpread igs_weight_spread(const std::vector<double>& weights, double tolerance) {
+  igsWeightSpread spread;
+  for (const double weight : weights) {
+    spread.all_exact &= weight == weights.front();
+    spread.all_close &= std::abs(weight - weights.front()) <= tolerance;
+  }
+  return spread;
+}

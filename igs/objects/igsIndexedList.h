@@ -1,0 +1,105 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <numeric>
+#include <utility>
+#include <vector>
+
+/// A list that remembers where its original positions are while repairs take elements out, so that errors which name
+/// elements by position stay true. All positions are 0-based. The original positions are those of the last call of
+/// restart_index(). Elements may be taken out one by one in constant time: the list closes its gaps when it is next
+/// looked at as a whole.
+template <class Element>
+class igsIndexedList {
+ public:
+  /// The elements in their present order.
+  std::vector<Element>& elements() {
+    close_gaps();
+    return m_elements;
+  }
+  const std::vector<Element>& elements() const {
+    close_gaps();
+    return m_elements;
+  }
+
+  /// Makes the present positions the original ones.
+  void restart_index() {
+    close_gaps();
+    m_index.clear();
+  }
+  /// Notes that original position `original` is now at `current` (-1: taken out).
+  void set_index(int original, int current) {
+    close_gaps();
+    make_index();
+    if (is_position(original, m_index)) m_index[position(original)] = current;
+  }
+  /// Where original position `original` is now; -1 when it was taken out or never existed.
+  int current_index(int original) const {
+    close_gaps();
+    return place_of(original);
+  }
+  /// The first original position that is now at `current`; -1 when there is none.
+  int original_index(int current) const {
+    close_gaps();
+    if (m_index.empty()) return place_of(current);
+    const auto found = std::find(m_index.begin(), m_index.end(), current);
+    return current < 0 || found == m_index.end() ? -1 : static_cast<int>(found - m_index.begin());
+  }
+
+  /// The element whose original position is `original`; null when it was taken out or never existed.
+  Element* at_original(int original) {
+    const int place = place_of(original);
+    return is_position(place, m_elements) ? &m_elements[position(place)] : nullptr;
+  }
+  /// Takes that element out and returns 1; 0 when there is none.
+  int take_out(int original) {
+    Element* const element = at_original(original);
+    if (element == nullptr) return 0;
+    *element = Element();
+    make_index();
+    m_gaps.push_back(m_index[position(original)]);
+    m_index[position(original)] = -1;
+    return 1;
+  }
+
+ private:
+  static std::size_t position(int number) { return static_cast<std::size_t>(number); }
+  template <class List>
+  static bool is_position(int number, const List& list) {
+    return number >= 0 && position(number) < list.size();
+  }
+
+  // The place in m_elements, gaps counted.
+  int place_of(int original) const {
+    if (m_index.empty()) return is_position(original, m_elements) ? original : -1;
+    return is_position(original, m_index) ? m_index[position(original)] : -1;
+  }
+  void make_index() {
+    if (!m_index.empty()) return;
+    m_index.resize(m_elements.size());
+    std::iota(m_index.begin(), m_index.end(), 0);
+  }
+  void close_gaps() const {
+    if (m_gaps.empty()) return;
+    std::vector<int> moved_to(m_elements.size(), 0);
+    for (const int gap : m_gaps) moved_to[position(gap)] = -1;
+    m_gaps.clear();
+    int size = 0;
+    for (std::size_t i = 0; i < moved_to.size(); ++i) {
+      if (moved_to[i] < 0) continue;
+      moved_to[i] = size;
+      if (position(size) != i) m_elements[position(size)] = std::move(m_elements[i]);
+      ++size;
+    }
+    m_elements.resize(position(size));
+    for (int& place : m_index) {
+      if (is_position(place, moved_to)) place = moved_to[position(place)];
+    }
+  }
+
+  // Closing the gaps changes nothing that can be seen from outside: it is done on reading, too.
+  mutable std::vector<Element> m_elements;
+  mutable std::vector<int> m_index;  ///< by original position: the place in m_elements; empty: all at their own
+  mutable std::vector<int> m_gaps;   ///< places in m_elements
+};
