@@ -153,9 +153,15 @@ bool is_handled_rightly(const std::string& text) {
 
 void register_file(const char* name, const std::string& text) {
   const std::string file = std::string(name).substr(std::string(name).find_last_of('/') + 1);
-  for (const auto& [step, time] :
-       {std::pair{"floor/", time_floor}, {"read/", time_read}, {"check/", time_check}, {"write/", time_write}}) {
-    benchmark::RegisterBenchmark((step + file).c_str(), time, text)->Unit(benchmark::kMillisecond)->MinTime(1);
+  struct Step {
+    const char* name;
+    void (*time)(benchmark::State&, const std::string&);
+  };
+  for (const Step& step :
+       {Step{"floor/", time_floor}, {"read/", time_read}, {"check/", time_check}, {"write/", time_write}}) {
+    benchmark::RegisterBenchmark((step.name + file).c_str(), step.time, text)
+        ->Unit(benchmark::kMillisecond)
+        ->MinTime(1);
   }
 }
 
