@@ -8,6 +8,8 @@
 // file itself not counted.
 
 #include <benchmark/benchmark.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <charconv>
 #include <cstdio>
@@ -59,8 +61,6 @@ std::size_t memory(std::string_view label) {
   return 0;
 }
 
-void restart_peak_memory() { std::ofstream("/proc/self/clear_refs") << "5"; }
-
 std::unique_ptr<igsFile> read(const std::string& text) {
   TextBuffer buffer(text);
   std::istream in(&buffer);
@@ -76,16 +76,12 @@ void set_rates(benchmark::State& state, const std::string& text, int num_entitie
 }
 
 void time_read(benchmark::State& state, const std::string& text) {
-  restart_peak_memory();
-  const std::size_t before = memory("VmRSS:");
   int num_entities = 0;
   for (auto _ : state) {
-    const std::unique_ptr<igsFile> file = read(text);
+    std::unique_ptr<igsFile> file = read(text);
     num_entities = file->num_entities();
     state.PauseTiming();  // what a file costs to delete is not asked
-    if (state.iterations() == 0) {
-      state.counters["peak/file"] = static_cast<double>(memory("VmHWM:") - before) / static_cast<double>(text.size());
-    }
+    file.reset();
     state.ResumeTiming();
   }
   set_rates(state, text, num_entities);
@@ -151,6 +147,30 @@ bool is_handled_rightly(const std::string& text) {
   return copy != nullptr && copy->num_entities() == file->num_entities();
 }
 
+std::string contents(const char* name) {
+  std::ifstream in(name, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+/// In a process of its own, whose memory nothing has been through yet.
+void print_peak_memory(const char* name) {
+  std::fflush(nullptr);
+  const pid_t child = fork();
+  if (child == 0) {
+    const std::string text = contents(name);
+    std::ofstream("/proc/self/clear_refs") << "5";  // the peak starts anew
+    const std::size_t before = memory("VmRSS:");
+    const bool was_read = read(text) != nullptr;
+    const double peak = static_cast<double>(memory("VmHWM:") - before) / static_cast<double>(text.size());
+    std::printf("%s: %s, peak memory of reading %.2f times its size\n", name, was_read ? "read" : "not read", peak);
+    std::fflush(nullptr);
+    _exit(0);
+  }
+  waitpid(child, nullptr, 0);
+}
+
 void register_file(const char* name, const std::string& text) {
   const std::string file = std::string(name).substr(std::string(name).find_last_of('/') + 1);
   struct Step {
@@ -173,15 +193,14 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: igs_file_bench [BENCHMARK-OPTION...] FILE...\n");
     return 2;
   }
+  for (int i = 1; i < argc; ++i) print_peak_memory(argv[i]);
   for (int i = 1; i < argc; ++i) {
-    std::ifstream in(argv[i], std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    if (!in || !is_handled_rightly(text.str())) {
+    const std::string text = contents(argv[i]);
+    if (!is_handled_rightly(text)) {
       std::fprintf(stderr, "igs_file_bench: %s cannot be read and written whole\n", argv[i]);
       return 1;
     }
-    register_file(argv[i], text.str());
+    register_file(argv[i], text);
   }
   benchmark::RunSpecifiedBenchmarks();
   return 0;
