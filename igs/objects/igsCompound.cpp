@@ -46,15 +46,18 @@ void igsCompound::set_index_list() {
 }
 
 void igsCompound::set_index(int original, int value) {
+  if (m_index_list.empty()) set_index_list();
   if (original >= 0 && index(original) < m_index_list.size()) m_index_list[index(original)] = value;
 }
 
 int igsCompound::get_current_index(int original) const {
+  if (m_index_list.empty()) return original >= 0 && original < size() ? original : -1;
   return original >= 0 && index(original) < m_index_list.size() ? m_index_list[index(original)] : -1;
 }
 
 int igsCompound::get_original_index(int value) const {
   if (m_number_of_entities < 1) return -1;
+  if (m_index_list.empty()) return get_current_index(value);
   const auto found = std::find(m_index_list.begin(), m_index_list.end(), value);
   return found == m_index_list.end() ? -1 : static_cast<int>(found - m_index_list.begin());
 }

@@ -23,7 +23,8 @@ class IGS_API igsCompound : public igsTyped<igsCompound, "igsCompound", igsObjec
   /// Replaces the whole list.
   void set_entities(igsObjectPtrcoDynArr entities);
 
-  /// Starts the index list anew: every member at its own position. Does nothing while the count is unset.
+  /// Starts the index list anew: every member at its own position, as is also taken for granted before the first call.
+  /// Does nothing while the count is unset.
   void set_index_list();
   /// Notes that original position `original` is now at `value` (-1: dropped).
   void set_index(int original, int value);
