@@ -81,16 +81,16 @@ bool igsInEngine::fixed_fast_decode(unsigned width) {
 // The last column of the field is passed over, as it always has been.
 void igsInEngine::fixed_slow_decode(unsigned width) {
   const char* const field = cursor();
-  for (unsigned i = 0; field[i] != '\0'; ++i) {
-    if (i + 1 == width) {
-      *this += width;
-      break;
-    }
+  unsigned i = 0;
+  for (; field[i] != '\0' && i + 1 < width; ++i) {
     int more = 0;
     int delimiters_allowed = 0;
     m_decoder->accept_character(field[i], more, delimiters_allowed);
   }
   m_decoder->decode();
+  // A record that the end of the input has cut short ends within the field: what is left of it is used up, or whoever
+  // reads field after field would never come to its end.
+  *this += field[i] != '\0' ? width : i;
 }
 
 void igsInEngine::collect_errors(igsIOErrorcoDynArr& errors) {
