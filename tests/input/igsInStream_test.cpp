@@ -178,7 +178,7 @@ TEST(Fields, TextOfFixedWidth) {
   EXPECT_EQ(text.substr(0, 3), "two");
   opened.in.read_string(12, text);  // reaches past the end of the record
   EXPECT_EQ(text, "S      2");
-  EXPECT_EQ(opened.in.frozen(), false);
+  EXPECT_EQ(opened.in.frozen(), true) << "the record is used up";
   opened.in.read_string(0, text);
   EXPECT_EQ(text, "");
 }
