@@ -97,6 +97,14 @@ void igsDirectoryEntry::common_check() const { check(true, 0); }
 
 void igsDirectoryEntry::direction_check() const { check(false, INT_MIN); }
 
+void igsDirectoryEntry::shape_check(bool may_be_parametric) const {
+  common_check();
+  const igsEntityUse use = m_status_flags.entity_use();
+  if (use == entity_use_logical_positional || (use == entity_use_2d_parametric && !may_be_parametric)) {
+    m_manager->object()->tag_error(new igsDEInvalidEntityUse(entity_use_geometry));
+  }
+}
+
 void igsDirectoryEntry::write(igsOutStream& out) const {
   constexpr int field_width = 8;
   constexpr int label_width = 24;  // the two reserved fields and the label, which stands in the last 8 columns

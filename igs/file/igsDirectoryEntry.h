@@ -66,6 +66,10 @@ class IGS_API igsDirectoryEntry {
   void common_check() const;
   /// As common_check() without the matrix, for directions; a negative line weight is not reported.
   void direction_check() const;
+  /// As common_check(), and the entity use flag of entities that describe a shape (IGES 5.3, section 2.2.4.4.9.3): they
+  /// are no logical or positional reference, and only those that lie in the parameter space of a surface are 2D
+  /// parametric. igsDEInvalidEntityUse demands geometry, 0, in their place.
+  void shape_check(bool may_be_parametric) const;
 
   void print(utOstream& os) const;
 

@@ -13,6 +13,8 @@ using igsEntityUse = int;
 /// Fourth pair.
 using igsHierarchy = int;
 
+inline constexpr igsEntityUse entity_use_geometry = 0;
+inline constexpr igsEntityUse entity_use_logical_positional = 4;
 inline constexpr igsEntityUse entity_use_2d_parametric = 5;
 
 /// The status number of a directory entry (IGES 5.3, section 2.2.4.4.9). Values are kept as read.

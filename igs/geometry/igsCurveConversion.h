@@ -1,6 +1,7 @@
 #pragma once
 
 #include "igs/errors/igsError.h"
+#include "igs/objects/igsCast.h"
 #include "igs/objects/igsObjectPtr.h"
 
 /// Base of the errors which say that a reference is to something else than the curve it should be. A point set can be
@@ -19,4 +20,20 @@ class IGS_API igsCurveTypeError : public igsObjectError {
   /// The reference as it is now; null when there is none any more.
   virtual igsObjectPtr reference() const = 0;
   virtual void set_reference(const igsObjectPtr& curve) const = 0;
+};
+
+/// The same for a reference that is a field of a `T`, with its getter and its setter. To be named as the kind of an
+/// igsErrorClass.
+template <class T, const igsObjectPtr& (T::*Get)() const, void (T::*Set)(const igsObjectPtr&)>
+class igsCurveFieldError : public igsCurveTypeError {
+ protected:
+  igsCurveFieldError() = default;
+
+  igsObjectPtr reference() const override {
+    const T* const entity = igs_cast<T>(object_at_key());
+    return entity != nullptr ? (entity->*Get)() : igsObjectPtr();
+  }
+  void set_reference(const igsObjectPtr& curve) const override {
+    if (T* const entity = igs_cast<T>(object_at_key())) (entity->*Set)(curve);
+  }
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <type_traits>
+
 #include "igs/objects/igsObject.h"
 
 /// The object as a `T`; null for null and for an object that is neither a `T` nor of a class derived from it.
@@ -10,4 +12,18 @@ T* igs_cast(igsObject* object) {
 template <class T>
 const T* igs_cast(const igsObject* object) {
   return object != nullptr && object->typeof(T::type()) ? static_cast<const T*>(object) : nullptr;
+}
+
+/// For repairs: hands the object to `repair` when it is a `T`. Returns what `repair` returns, 1 when that is nothing,
+/// and 0 when there is no such object.
+template <class T, class Repair>
+int igs_repair(igsObject* object, Repair repair) {
+  T* const entity = igs_cast<T>(object);
+  if (entity == nullptr) return 0;
+  if constexpr (std::is_void_v<std::invoke_result_t<Repair&, T&>>) {
+    repair(*entity);
+    return 1;
+  } else {
+    return repair(*entity);
+  }
 }

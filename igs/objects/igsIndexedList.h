@@ -16,6 +16,7 @@ class igsIndexedList {
   /// The elements in their present order.
   std::vector<Element>& elements() {
     close_gaps();
+    m_purged = false;
     return m_elements;
   }
   const std::vector<Element>& elements() const {
@@ -27,6 +28,7 @@ class igsIndexedList {
   void restart_index() {
     close_gaps();
     m_index.clear();
+    m_purged = false;
   }
   /// Notes that original position `original` is now at `current` (-1: taken out).
   void set_index(int original, int current) {
@@ -49,8 +51,8 @@ class igsIndexedList {
 
   /// The element whose original position is `original`; null when it was taken out or never existed.
   Element* at_original(int original) {
-    const int place = place_of(original);
-    return is_position(place, m_elements) ? &m_elements[position(place)] : nullptr;
+    m_purged = false;
+    return element_of(original);
   }
   /// Takes that element out and returns 1; 0 when there is none.
   int take_out(int original) {
@@ -61,6 +63,21 @@ class igsIndexedList {
     m_gaps.push_back(m_index[position(original)]);
     m_index[position(original)] = -1;
     return 1;
+  }
+  /// For the repair of a fault at original position `original`: takes out every element that `keep` refuses, the others
+  /// keep their order. When an earlier purge of an unchanged list has seen to that position, nothing is looked at
+  /// again, so that a thousand faults in one list cost no more than one. A list is always purged with the same `keep`.
+  template <class Keep>
+  void purge(int original, Keep keep) {
+    const Element* const own = element_of(original);
+    if (m_purged && (own == nullptr || keep(*own))) return;
+    close_gaps();
+    make_index();
+    for (std::size_t i = 0; i < m_elements.size(); ++i) {
+      if (!keep(std::as_const(m_elements[i]))) m_gaps.push_back(static_cast<int>(i));
+    }
+    close_gaps();
+    m_purged = true;
   }
 
  private:
@@ -74,6 +91,10 @@ class igsIndexedList {
   int place_of(int original) const {
     if (m_index.empty()) return is_position(original, m_elements) ? original : -1;
     return is_position(original, m_index) ? m_index[position(original)] : -1;
+  }
+  Element* element_of(int original) {
+    const int place = place_of(original);
+    return is_position(place, m_elements) ? &m_elements[position(place)] : nullptr;
   }
   void make_index() {
     if (!m_index.empty()) return;
@@ -102,4 +123,5 @@ class igsIndexedList {
   mutable std::vector<Element> m_elements;
   mutable std::vector<int> m_index;  ///< by original position: the place in m_elements; empty: all at their own
   mutable std::vector<int> m_gaps;   ///< places in m_elements
+  bool m_purged = false;
 };
