@@ -14,6 +14,7 @@ class IGS_API igsDEAttribute {
   /// True when the attribute is a number, false when it names a defining entity. Shared by all three attributes.
   bool predefined_colour() const { return m_definition.object() == nullptr; }
   const igsObjectPtr& definition() const { return m_definition; }
+  igsObjectPtr& definition() { return m_definition; }
   void set_definition(const igsObjectPtr& definition) { m_definition = definition; }
   /// The field as written.
   int field() const;

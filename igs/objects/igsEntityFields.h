@@ -23,15 +23,28 @@
 //
 // In a class's `fields(entity, visit)`
 //   visit("Label", entity.m_value)           is a number, string, pointer, point or vector, or a record: a class with a
-//                                            static `fields(record, visit)` of its own;
+//                                            static `fields(record, visit)` of its own; or an igsNumberOrPointer;
+//   visit("Label", entity.m_value, 1.0)      is the same for a number, or an igsNumberOrPointer, that is not 0
+//                                            where the record does not give it;
 //   const int n = visit.count("Label", size) is a field that holds the size of a list: the size itself, and what the
 //                                            file says while it is read;
+//   visit.index("Label", entity.m_index)     is a position in a list, counted from 1 in the file and from 0 in memory;
 //   visit.list("Label", n, entity.m_list, igsBadCount<igsNNNBadNumThings>())
-//                                            is a std::vector of any of these, fields or records.
+//                                            is a std::vector of any of these, fields or records. The error may also be
+//                                            one that is constructed without the count, or, for a list in records of a
+//                                            list, from the record's position (0-based) and the count.
 
 template <class Value>
 concept igsRecord = requires(Value& value, igsPointerVisitor& visit) {
   Value::fields(value, visit);
+};
+
+/// A number, or a pointer that stands in the file as the negative of its DE number (igsDEAttribute): built from the
+/// field as read, and gives the field to be written and the pointer.
+template <class Value>
+concept igsNumberOrPointer = std::is_constructible_v<Value, int> && requires(const Value& value, Value& changed) {
+  value.field();
+  changed.definition();
 };
 
 /// Reads fields. A field that the record does not supply reads as 0, as a null pointer or as an empty string. Of a
@@ -49,10 +62,19 @@ class igsFieldReader {
     m_in.read_integer(de);
     value = igsObjectPtr(de);
   }
+  template <class Number>
+  void operator()(const char* label, Number& value, const Number& otherwise) {
+    (*this)(label, value);
+    if (m_in.take_value_present() == 0) value = otherwise;
+  }
   template <class Value>
   void operator()(const char*, Value& value) {
     if constexpr (igsRecord<Value>) {
       Value::fields(value, *this);
+    } else if constexpr (igsNumberOrPointer<Value>) {
+      int field = 0;
+      m_in.read_integer(field);
+      value = Value(field);
     } else if constexpr (std::is_constructible_v<Value, double, double, double>) {
       const std::array<double, 3> xyz = read_doubles<3>();
       value = Value(xyz[0], xyz[1], xyz[2]);
@@ -62,6 +84,10 @@ class igsFieldReader {
     }
   }
 
+  void index(const char*, int& value) {
+    m_in.read_integer(value);
+    if (value > INT_MIN) --value;
+  }
   int count(const char*, std::size_t) {
     int value = 0;
     m_in.read_integer(value);
@@ -69,8 +95,12 @@ class igsFieldReader {
   }
   template <class Element, class Error>
   void list(const char*, std::int64_t count, std::vector<Element>& elements, igsBadCount<Error>) {
-    const auto read = [this](Element& element) {
-      if (m_in.frozen()) return false;
+    if (!m_usable) return;
+    const int position = m_position;
+    int next = 0;
+    const auto read = [&](Element& element) {
+      if (!m_usable || m_in.frozen()) return false;
+      if constexpr (igsRecord<Element>) m_position = next++;
       (*this)(nullptr, element);
       if constexpr (std::is_same_v<Element, double>) {
         if (m_in.take_value_present() == 0) element = undefined_real;
@@ -79,15 +109,27 @@ class igsFieldReader {
     };
     Element unset{};
     if constexpr (std::is_same_v<Element, double>) unset = undefined_real;
-    if (!m_usable || igs_read_bounded(count, elements, read, unset) != 0) return;
+    const int believed = igs_read_bounded(count, elements, read, unset);
+    m_position = position;
+    if (!m_usable || believed != 0) return;
     m_usable = false;
-    m_entity.tag_error(new (std::nothrow) Error(static_cast<int>(std::clamp<std::int64_t>(count, INT_MIN, INT_MAX))));
+    tag<Error>(static_cast<int>(std::clamp<std::int64_t>(count, INT_MIN, INT_MAX)));
   }
 
   /// False once a list had a count that cannot be used: what follows in the record has no meaning then.
   bool usable() const { return m_usable; }
 
  private:
+  template <class Error>
+  void tag(int count) {
+    if constexpr (std::is_constructible_v<Error, int, int>) {
+      m_entity.tag_error(new (std::nothrow) Error(m_position, count));
+    } else if constexpr (std::is_constructible_v<Error, int>) {
+      m_entity.tag_error(new (std::nothrow) Error(count));
+    } else {
+      m_entity.tag_error(new (std::nothrow) Error());
+    }
+  }
   template <std::size_t N>
   std::array<double, N> read_doubles() {
     std::array<double, N> values{};
@@ -98,6 +140,7 @@ class igsFieldReader {
   igsInStream& m_in;
   const igsObject& m_entity;
   bool m_usable = true;
+  int m_position = 0;  ///< of the record that is being read in its list
 };
 
 /// Writes fields. A null pointer is written as 0.
@@ -109,10 +152,16 @@ class igsFieldWriter {
   void operator()(const char*, double value) { m_out.write_double(value); }
   void operator()(const char*, const utString& value) { m_out.write_holerith(value); }
   void operator()(const char*, const igsObjectPtr& value) { m_out.write_integer(value.de_number()); }
+  template <class Number>
+  void operator()(const char* label, const Number& value, const Number&) {
+    (*this)(label, value);
+  }
   template <class Value>
   void operator()(const char*, const Value& value) {
     if constexpr (igsRecord<Value>) {
       Value::fields(value, *this);
+    } else if constexpr (igsNumberOrPointer<Value>) {
+      m_out.write_integer(value.field());
     } else {
       m_out.write_double(value.x());
       m_out.write_double(value.y());
@@ -120,6 +169,7 @@ class igsFieldWriter {
     }
   }
 
+  void index(const char*, int value) { m_out.write_integer(value < INT_MAX ? value + 1 : value); }
   int count(const char*, std::size_t size) {
     m_out.write_integer(static_cast<int>(size));
     return static_cast<int>(size);
@@ -140,15 +190,26 @@ class IGS_API igsFieldPrinter {
   explicit igsFieldPrinter(utOstream& os) : m_os(os) {}
 
   void operator()(const char* label, const igsObjectPtr& value);
+  template <class Number>
+  void operator()(const char* label, const Number& value, const Number&) {
+    (*this)(label, value);
+  }
   template <class Value>
   void operator()(const char* label, const Value& value) {
     if constexpr (igsRecord<Value>) {
       in_braces(label, [&value](igsFieldPrinter& inner) { Value::fields(value, inner); });
+    } else if constexpr (igsNumberOrPointer<Value>) {
+      if (value.definition().object() != nullptr) {
+        (*this)(label, value.definition());
+      } else {
+        (*this)(label, value.field());
+      }
     } else {
       m_os << label << " = " << value << utEndl;
     }
   }
 
+  void index(const char* label, int value) { (*this)(label, value); }
   int count(const char* label, std::size_t size) {
     (*this)(label, static_cast<int>(size));
     return static_cast<int>(size);
@@ -181,15 +242,24 @@ class igsFieldPointers {
   explicit igsFieldPointers(igsPointerVisitor& visitor) : m_visitor(visitor) {}
 
   void operator()(const char*, igsObjectPtr& value) { m_visitor.visit(value); }
+  template <class Number>
+  void operator()(const char* label, Number& value, const Number&) {
+    (*this)(label, value);
+  }
   template <class Value>
   void operator()(const char*, Value& value) {
-    if constexpr (igsRecord<Value>) Value::fields(value, *this);
+    if constexpr (igsRecord<Value>) {
+      Value::fields(value, *this);
+    } else if constexpr (igsNumberOrPointer<Value>) {
+      m_visitor.visit(value.definition());
+    }
   }
 
+  void index(const char*, int) {}
   int count(const char*, std::size_t size) { return static_cast<int>(size); }
   template <class Element, class Error>
   void list(const char*, std::int64_t, std::vector<Element>& elements, igsBadCount<Error>) {
-    if constexpr (igsRecord<Element> || std::is_same_v<Element, igsObjectPtr>) {
+    if constexpr (igsRecord<Element> || igsNumberOrPointer<Element> || std::is_same_v<Element, igsObjectPtr>) {
       for (Element& element : elements) (*this)(nullptr, element);
     }
   }

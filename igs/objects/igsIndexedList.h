@@ -49,10 +49,22 @@ class igsIndexedList {
     return current < 0 || found == m_index.end() ? -1 : static_cast<int>(found - m_index.begin());
   }
 
+  /// Number of original positions.
+  int number_of_originals() const { return static_cast<int>(m_index.empty() ? m_elements.size() : m_index.size()); }
+
   /// The element whose original position is `original`; null when it was taken out or never existed.
   Element* at_original(int original) {
     m_purged = false;
     return element_of(original);
+  }
+  /// Hands that element to `change` and returns 1; 0 when there is none. For changes that make no difference to
+  /// purge().
+  template <class Change>
+  int change_original(int original, Change change) {
+    Element* const element = element_of(original);
+    if (element == nullptr) return 0;
+    change(*element);
+    return 1;
   }
   /// Takes that element out and returns 1; 0 when there is none.
   int take_out(int original) {

@@ -10,10 +10,19 @@ template <class T>
 struct igsExactly {
   bool operator()(const igsObject& object) const { return object.isa(T::type()); }
 };
-/// ... or of `T` or a class derived from it. Any other function of that shape will do as well.
+/// ... or of exactly one of several ...
+template <class... T>
+struct igsOneOf {
+  bool operator()(const igsObject& object) const { return (... || object.isa(T::type())); }
+};
+/// ... or of `T` or a class derived from it ...
 template <class T>
 struct igsKindOf {
   bool operator()(const igsObject& object) const { return object.typeof(T::type()); }
+};
+/// ... or nothing: no error says then that it is of the wrong class. Any other function of that shape will do as well.
+struct igsAnyEntity {
+  bool operator()(const igsObject&) const { return true; }
 };
 
 /// Stands in the place of the first error class where the pointer may be null.
@@ -35,9 +44,11 @@ class igsReferenceTest {
         owner.tag_error(new (std::nothrow) NullError(values...));
       return nullptr;
     }
-    if (!demand(*object)) {
-      owner.tag_error(new (std::nothrow) WrongTypeError(values...));
-      return nullptr;
+    if constexpr (!std::is_same_v<Demand, igsAnyEntity>) {
+      if (!demand(*object)) {
+        owner.tag_error(new (std::nothrow) WrongTypeError(values...));
+        return nullptr;
+      }
     }
     if (object->check() == 0) {
       InvalidError* const error = new (std::nothrow) InvalidError(values...);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "geometry/geometry_fixture.h"
 #include "igs/errors/igsErrorClass.h"
 #include "igs/objects/igsEntityFields.h"
@@ -16,6 +18,8 @@ class TestBadNumRecords : public igsErrorClass<TestBadNumRecords, "TestBadNumRec
  public:
   using igsErrorClass::igsErrorClass;
 };
+
+class TestNoNumbers : public igsErrorClass<TestNoNumbers, "TestNoNumbers", igsObjectError> {};
 
 struct Record {
   utString name;
@@ -48,8 +52,29 @@ class TestEntity : public igsEntity<TestEntity, "TestEntity", igsObject> {
   igsObjectPtr last;
 };
 
+/// A list of positions.
+class TestPositions : public igsEntity<TestPositions, "TestPositions", igsObject> {
+ public:
+  struct Position {
+    int number = 0;
+
+    template <class E, class V>
+    static void fields(E& position, V& visit) {
+      visit.index("Index", position.number);
+    }
+  };
+  void check_pd() const override {}
+
+  template <class E, class V>
+  static void fields(E& entity, V& visit) {
+    const int count = visit.count("NumberOfPositions", entity.positions.size());
+    visit.list("Positions", count, entity.positions, igsBadCount<TestNoNumbers>());
+  }
+  std::vector<Position> positions;
+};
+
 /// Reads free-format parameter data, without the type number, into an entity.
-int read_fields(TestEntity& entity, const std::string& data) {
+int read_fields(igsObject& entity, const std::string& data) {
   IgesBuilder builder;
   builder.entity_with_raw_data(110, 0, data + ';');
   builder.order("P");
@@ -59,7 +84,7 @@ int read_fields(TestEntity& entity, const std::string& data) {
   return entity.read_pd_data(in);
 }
 
-std::string written_fields(const TestEntity& entity) {
+std::string written_fields(const igsObject& entity) {
   std::ostringstream text;
   igsOutStream out(&text);
   out.set_section(igsParameterSectionId);
@@ -127,6 +152,28 @@ TEST(EntityPattern, TheFirstUnusableCountEndsTheRead) {
     ASSERT_EQ(errors.size(), 1U);
     EXPECT_EQ(describe(*errors[0]), c.found);
   }
+}
+
+TEST(EntityPattern, PositionsCountFromOneInTheFile) {
+  igsFile file;
+  auto* const entity = new TestPositions;
+  ASSERT_EQ(read_fields(*entity, "5,1,0,,2147483647,-2147483648"), 1);
+  std::vector<int> numbers;
+  for (const TestPositions::Position& position : entity->positions) numbers.push_back(position.number);
+  EXPECT_EQ(numbers, (std::vector<int>{0, -1, -1, INT_MAX - 1, INT_MIN}));
+  EXPECT_EQ(written_fields(*entity), "5,1,0,0,2147483647,-2147483647;");
+  entity->positions = {{INT_MAX}, {7}};
+  EXPECT_EQ(written_fields(*entity), "2,2147483647,8;");
+  entity->positions = {{7}};
+  EXPECT_EQ(printed_data(*entity), "NumberOfPositions = 1\nPositions = {\n\t(0) = {\n\t\tIndex = 7\n\t}\n}\n");
+}
+
+TEST(EntityPattern, AnErrorForUnusableCountsNeedNotTakeTheCount) {
+  igsFile file;
+  EXPECT_EQ(read_fields(*new TestPositions, "-1,5"), 0);
+  const std::vector<igsError*> errors = object_errors(file);
+  ASSERT_EQ(errors.size(), 1U);
+  EXPECT_EQ(describe(*errors[0]), "TestNoNumbers 1");
 }
 }  // namespace
 }  // namespace igs_test

@@ -20,12 +20,16 @@ std::set<std::string> declared_error_classes() {
   const std::set<std::string> abstract{"igsIndexedError",   "igsObjectError",  "igsStructureError",
                                        "igsGlobalError",    "igsStartError",   "igsCompoundEntityError",
                                        "igsTerminateError", "igs404ViewError", "igsReferenceDataError"};
+  // using igsX = igsNamedError<"igsX", ...>, or another such template; or a member of a family of errors,
+  // igsYErrors<...>::Z or igsYErrors::Z
+  const std::regex named(R"re(using\s+(igs\w+)\s*=\s*igs(?:\w*Error\s*<\s*"|\w*Errors\b(?:\s*<[^;>]*>)?\s*::))re");
   const std::regex comment("//.*");
   const std::regex error_base(R"re(.*\bigs\w*Error(Class)?\b.*)re");
   std::set<std::string> classes;
   for (const auto& entry : fs::recursive_directory_iterator(IGS_ROOT "/igs")) {
     if (entry.path().extension() != ".h") continue;
     const std::string text = std::regex_replace(read_file(entry.path()), comment, "");
+    for (std::sregex_iterator it(text.begin(), text.end(), named), end; it != end; ++it) classes.insert((*it)[1]);
     for (std::sregex_iterator it(text.begin(), text.end(), declaration), end; it != end; ++it) {
       const std::string bases = std::regex_replace((*it)[2].str() + ' ' + (*it)[3].str(), std::regex("\\s+"), " ");
       const bool is_error = std::regex_match(bases, error_base);

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+// Access to the lists of entities by position, as hosts see it: 0-based, and any int may be asked for.
+
+template <class Element>
+bool igs_is_position(const std::vector<Element>& list, int i) {
+  return i >= 0 && static_cast<std::size_t>(i) < list.size();
+}
+
+/// Element `i`; a default-made one outside the list.
+template <class Element>
+Element igs_element(const std::vector<Element>& list, int i) {
+  return igs_is_position(list, i) ? list[static_cast<std::size_t>(i)] : Element();
+}
+
+/// Stores element `i` and returns 1; 0 outside the list.
+template <class Element>
+int igs_set_element(std::vector<Element>& list, int i, const Element& element) {
+  if (!igs_is_position(list, i)) return 0;
+  list[static_cast<std::size_t>(i)] = element;
+  return 1;
+}
+
+/// The place of element `i`, good until the list is changed; null outside the list.
+template <class Element>
+Element* igs_place(std::vector<Element>& list, int i) {
+  return igs_is_position(list, i) ? &list[static_cast<std::size_t>(i)] : nullptr;
+}
+
+/// Cuts the list, or lengthens it by default-made elements, and returns 1; 0 for a negative size.
+template <class Element>
+int igs_resize(std::vector<Element>& list, int size) {
+  if (size < 0) return 0;
+  list.resize(static_cast<std::size_t>(size));
+  return 1;
+}
