@@ -10,8 +10,7 @@
 #include "igs/objects/igsObject.h"
 #include "igs/support/giPoint.h"
 
-// What the rational B-spline curve and the surface do alike with their data. Private to the library: included by their
-// source files.
+// What the spline curves and surfaces do alike with their data. Private to the library: included by their source files.
 
 /// The next real of the record; -DBL_MAX where the record supplies none.
 double igs_read_supplied(igsInStream& in);
@@ -78,6 +77,30 @@ void igs_check_knot_sequence(const igsObject& entity, const std::vector<double>&
       previous = knot;
     }
   }
+}
+
+/// As above for break points, which have to be apart, too: equal ones and those closer than `tolerance` are one fault
+/// of the whole list. `Errors` names the three error classes.
+template <class Errors>
+void igs_check_break_points(const igsObject& entity, const std::vector<double>& points, double tolerance) {
+  igs_check_knot_sequence<Errors>(entity, points);
+  double previous = undefined_real;
+  for (const double point : points) {
+    if (!(point >= previous)) continue;
+    if (!is_undefined_real(previous) && point - previous < tolerance) {
+      igs_tag<typename Errors::KnotsTooClose>(entity);
+      break;
+    }
+    previous = point;
+  }
+}
+
+/// Raises knot or break point `i` to `previous`, the largest one before it, and returns 1; returns 0 and changes
+/// nothing where it is not less than `tolerance` below.
+inline int igs_raise_knot(std::vector<double>& knots, int i, double previous, double tolerance) {
+  double value = 0;
+  if (igs_get(knots, igs_position(i), value) == 0 || !(previous - value < tolerance)) return 0;
+  return igs_set(knots, igs_position(i), previous);
 }
 
 /// Tags `entity` with the faults of one direction: of the knots, of the limits in respect of the range, and of the

@@ -1,8 +1,14 @@
 #include "igs/objects/igsCompound.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
+
+#include "igs/file/igsFile.h"
+#include "igs/geometry/igs186.h"
+#include "igs/geometry/igs510.h"
+#include "igs/geometry/igs514.h"
+#include "igs/objects/igsCast.h"
+#include "igs/objects/igsListAccess.h"
 
 namespace {
 // The classes of groups, curves on surfaces and subfigure instances belong to other rooms; type records compare by
@@ -15,51 +21,44 @@ igsCompound* as_group(const igsObjectPtr& member) {
   igsObject* const object = member.object();
   return object != nullptr && object->typeof(group_type) ? static_cast<igsCompound*>(object) : nullptr;
 }
-
-std::size_t index(int position) { return static_cast<std::size_t>(position); }
 }  // namespace
 
 void igsCompound::set_number_of_entities(int count) {
   m_number_of_entities = count;
-  if (count >= 0) m_entities = igsObjectPtrcoDynArr(index(count));
+  if (count >= 0) m_entities.elements() = igsObjectPtrcoDynArr(static_cast<std::size_t>(count));
 }
 
-igsObjectPtr igsCompound::get_entity(int position) const {
-  return position >= 0 && position < size() ? m_entities[index(position)] : igsObjectPtr();
-}
+igsObjectPtr igsCompound::get_entity(int position) const { return igs_element(entities(), position); }
 
 int igsCompound::set_entity(int position, const igsObjectPtr& entity) {
-  if (position < 0 || position >= size()) return 0;
-  m_entities[index(position)] = entity;
-  return 1;
+  return igs_set_element(m_entities.elements(), position, entity);
 }
 
 void igsCompound::set_entities(igsObjectPtrcoDynArr entities) {
   m_number_of_entities = static_cast<int>(entities.size());
-  m_entities = std::move(entities);
+  m_entities.elements() = std::move(entities);
+}
+
+void igsCompound::drop_null_entities(int original) {
+  m_entities.purge(original, [](const igsObjectPtr& entity) { return entity.object() != nullptr; });
+  m_number_of_entities = size();
 }
 
 void igsCompound::set_index_list() {
-  if (m_number_of_entities < 0) return;
-  m_index_list.resize(index(m_number_of_entities));
-  std::iota(m_index_list.begin(), m_index_list.end(), 0);
+  if (m_number_of_entities >= 0) m_entities.restart_index();
 }
 
-void igsCompound::set_index(int original, int value) {
-  if (m_index_list.empty()) set_index_list();
-  if (original >= 0 && index(original) < m_index_list.size()) m_index_list[index(original)] = value;
-}
+void igsCompound::set_index(int original, int value) { m_entities.set_index(original, value); }
 
-int igsCompound::get_current_index(int original) const {
-  if (m_index_list.empty()) return original >= 0 && original < size() ? original : -1;
-  return original >= 0 && index(original) < m_index_list.size() ? m_index_list[index(original)] : -1;
-}
+int igsCompound::get_current_index(int original) const { return m_entities.current_index(original); }
 
 int igsCompound::get_original_index(int value) const {
   if (m_number_of_entities < 1) return -1;
-  if (m_index_list.empty()) return get_current_index(value);
-  const auto found = std::find(m_index_list.begin(), m_index_list.end(), value);
-  return found == m_index_list.end() ? -1 : static_cast<int>(found - m_index_list.begin());
+  if (value >= 0) return m_entities.original_index(value);
+  for (int i = 0; i < m_entities.number_of_originals(); ++i) {
+    if (m_entities.current_index(i) == value) return i;
+  }
+  return -1;
 }
 
 // Every group is entered once and flattened after the groups that it holds.
@@ -71,28 +70,32 @@ void igsCompound::flatten_groups() {
   std::vector<Step> path{{this, 0}};
   std::unordered_set<const igsCompound*> entered{this};
   std::unordered_set<const igsCompound*> flattened;
+  std::int64_t members_left = std::max(always_flattened, flattened_per_entity * file().num_entities());
   while (!path.empty()) {
     Step& step = path.back();
     if (step.next_member < step.compound->size()) {
-      igsCompound* const group = as_group(step.compound->m_entities[index(step.next_member++)]);
+      igsCompound* const group = as_group(step.compound->get_entity(step.next_member++));
       if (group != nullptr && entered.insert(group).second) path.push_back({group, 0});
     } else {
-      step.compound->replace_groups(flattened);
+      step.compound->replace_groups(flattened, members_left);
       flattened.insert(step.compound);
       path.pop_back();
     }
   }
 }
 
-void igsCompound::replace_groups(const std::unordered_set<const igsCompound*>& flattened) {
-  if (std::none_of(m_entities.begin(), m_entities.end(), as_group)) return;
+void igsCompound::replace_groups(const std::unordered_set<const igsCompound*>& flattened, std::int64_t& members_left) {
+  const igsObjectPtrcoDynArr& old_members = entities();
+  if (std::none_of(old_members.begin(), old_members.end(), as_group)) return;
   igsObjectPtrcoDynArr members;
-  for (const igsObjectPtr& member : m_entities) {
+  for (const igsObjectPtr& member : old_members) {
     const igsCompound* const group = as_group(member);
-    if (group == nullptr) {
+    const bool is_flattened = group != nullptr && flattened.contains(group);
+    if (group == nullptr || (is_flattened && group->size() > members_left)) {
       members.push_back(member);
-    } else if (flattened.contains(group)) {
-      members.insert(members.end(), group->m_entities.begin(), group->m_entities.end());
+    } else if (is_flattened) {
+      members.insert(members.end(), group->entities().begin(), group->entities().end());
+      members_left -= group->size();
     }  // else the group holds itself, directly or through others: its members are on their way already
   }
   set_entities(std::move(members));
@@ -133,6 +136,67 @@ int igsCompound::count_142() const {
   return count;
 }
 
+namespace {
+/// Takes solids and shells apart. Every shell gives its faces once, or a small file could make a list without end.
+class FaceCollector {
+ public:
+  explicit FaceCollector(igsObjectPtrcoDynArr& list) : m_list(list) {}
+
+  /// False for an entity that is neither a solid nor a shell.
+  bool add(const igsObjectPtr& entity) {
+    const igs186* const solid = igs_cast<igs186>(entity.object());
+    if (solid != nullptr) {
+      add_shell(solid->outer_shell().shell(), solid->de_number());
+      for (int i = 0; i < solid->number_of_void_shells(); ++i) {
+        add_shell(solid->void_shell(i).shell(), solid->de_number());
+      }
+    } else if (igs_cast<igs514>(entity.object()) != nullptr) {
+      add_shell(entity, 0);
+    } else {
+      return false;
+    }
+    return true;
+  }
+
+ private:
+  void add_shell(const igsObjectPtr& shell, int solid_de) {
+    if (m_seen.insert(shell.object()).second) igsCompound::add_514_faces(shell, m_list, solid_de);
+  }
+
+  igsObjectPtrcoDynArr& m_list;
+  std::unordered_set<const igsObject*> m_seen;
+};
+
+bool is_solid_or_shell(const igsObjectPtr& entity) {
+  return igs_cast<igs186>(entity.object()) != nullptr || igs_cast<igs514>(entity.object()) != nullptr;
+}
+}  // namespace
+
+void igsCompound::explode_solids() {
+  const igsObjectPtrcoDynArr& old_members = entities();
+  if (std::none_of(old_members.begin(), old_members.end(), is_solid_or_shell)) return;
+  igsObjectPtrcoDynArr members;
+  FaceCollector faces(members);
+  for (const igsObjectPtr& member : old_members) {
+    if (!faces.add(member)) members.push_back(member);
+  }
+  set_entities(std::move(members));
+}
+
+void igsCompound::add_514_faces(const igsObjectPtr& shell, igsObjectPtrcoDynArr& list, int solid_de) {
+  const igs514* const faces = igs_cast<igs514>(shell.object());
+  if (faces == nullptr) return;
+  for (int i = 0; i < faces->number_of_faces(); ++i) {
+    const igsOrientedFace oriented_face = faces->face(i);
+    if (oriented_face.face().object() == nullptr) continue;
+    list.push_back(oriented_face.face());
+    igs510* const face = igs_cast<igs510>(oriented_face.face().object());
+    if (face == nullptr) continue;
+    face->set_orientation(oriented_face.orientation());
+    face->set_solid_id(solid_de);
+  }
+}
+
 void igsCompound::visit_pointers(igsPointerVisitor& visitor) {
-  for (igsObjectPtr& entity : m_entities) visitor.visit(entity);
+  for (igsObjectPtr& entity : m_entities.elements()) visitor.visit(entity);
 }

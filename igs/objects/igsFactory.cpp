@@ -4,18 +4,45 @@
 #include <unordered_map>
 #include <vector>
 
+#include "igs/annotation/igsCentreLine.h"
+#include "igs/annotation/igsSection.h"
+#include "igs/annotation/igsWitnessLine.h"
 #include "igs/file/igsFile.h"
 #include "igs/geometry/igs100.h"
 #include "igs/geometry/igs102.h"
 #include "igs/geometry/igs104.h"
+#include "igs/geometry/igs108.h"
 #include "igs/geometry/igs110.h"
+#include "igs/geometry/igs112.h"
+#include "igs/geometry/igs114.h"
 #include "igs/geometry/igs116.h"
+#include "igs/geometry/igs118.h"
+#include "igs/geometry/igs120.h"
+#include "igs/geometry/igs122.h"
 #include "igs/geometry/igs123.h"
 #include "igs/geometry/igs124.h"
 #include "igs/geometry/igs126.h"
 #include "igs/geometry/igs128.h"
+#include "igs/geometry/igs130.h"
+#include "igs/geometry/igs140.h"
+#include "igs/geometry/igs141.h"
+#include "igs/geometry/igs142.h"
+#include "igs/geometry/igs143.h"
+#include "igs/geometry/igs144.h"
+#include "igs/geometry/igs186.h"
+#include "igs/geometry/igs190.h"
+#include "igs/geometry/igs192.h"
+#include "igs/geometry/igs194.h"
+#include "igs/geometry/igs196.h"
+#include "igs/geometry/igs198.h"
+#include "igs/geometry/igs502.h"
+#include "igs/geometry/igs504.h"
+#include "igs/geometry/igs508.h"
+#include "igs/geometry/igs510.h"
+#include "igs/geometry/igs514.h"
 #include "igs/geometry/igsPointset.h"
 #include "igs/geometry/igsPolyline.h"
+#include "igs/geometry/igsSimpleClosedPlanarCurve.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsPlaceholders.h"
 
@@ -35,19 +62,51 @@ igsObject* make() {
 // Every concrete entity class of the library: type, first and last form, class. A type or form that stands in no row is
 // read as igsUnknown.
 constexpr Registration registrations[] = {
-    {-1, -INT_MAX, INT_MAX, make<igsUnknown>},  //
-    {0, -INT_MAX, INT_MAX, make<igsNull>},      //
-    {100, 0, 0, make<igs100>},                  //
-    {102, 0, 0, make<igs102>},                  //
-    {104, 0, 3, make<igs104>},                  //
-    {106, 1, 3, make<igsPointset>},             //
-    {106, 11, 13, make<igsPolyline>},           //
-    {110, 0, 0, make<igs110>},                  //
-    {116, 0, 0, make<igs116>},                  //
-    {123, 0, 0, make<igs123>},                  //
-    {124, 0, 1, make<igs124>},                  //
-    {126, 0, 5, make<igs126>},                  //
-    {128, 0, 9, make<igs128>},                  //
+    {-1, -INT_MAX, INT_MAX, make<igsUnknown>},        //
+    {0, -INT_MAX, INT_MAX, make<igsNull>},            //
+    {100, 0, 0, make<igs100>},                        //
+    {102, 0, 0, make<igs102>},                        //
+    {104, 0, 3, make<igs104>},                        //
+    {106, 1, 3, make<igsPointset>},                   //
+    {106, 11, 13, make<igsPolyline>},                 //
+    {106, 20, 21, make<igsCentreLine>},               //
+    {106, 31, 38, make<igsSection>},                  //
+    {106, 40, 40, make<igsWitnessLine>},              //
+    {106, 63, 63, make<igsSimpleClosedPlanarCurve>},  //
+    {108, -1, 1, make<igs108>},                       //
+    {110, 0, 0, make<igs110>},                        //
+    {112, 0, 0, make<igs112>},                        //
+    {114, 0, 0, make<igs114>},                        //
+    {116, 0, 0, make<igs116>},                        //
+    {118, 0, 1, make<igs118>},                        //
+    {120, 0, 0, make<igs120>},                        //
+    {122, 0, 0, make<igs122>},                        //
+    {123, 0, 0, make<igs123>},                        //
+    {124, 0, 1, make<igs124>},                        //
+    {126, 0, 5, make<igs126>},                        //
+    {128, 0, 9, make<igs128>},                        //
+    {130, 0, 0, make<igs130>},                        //
+    {140, 0, 0, make<igs140>},                        //
+    {141, 0, 0, make<igs141>},                        //
+    {142, 0, 0, make<igs142>},                        //
+    {143, 0, 0, make<igs143>},                        //
+    {144, 0, 0, make<igs144>},                        //
+    {186, 0, 0, make<igs186>},                        //
+    {190, 0, 0, make<igs190_0>},                      //
+    {190, 1, 1, make<igs190_1>},                      //
+    {192, 0, 0, make<igs192_0>},                      //
+    {192, 1, 1, make<igs192_1>},                      //
+    {194, 0, 0, make<igs194_0>},                      //
+    {194, 1, 1, make<igs194_1>},                      //
+    {196, 0, 0, make<igs196_0>},                      //
+    {196, 1, 1, make<igs196_1>},                      //
+    {198, 0, 0, make<igs198_0>},                      //
+    {198, 1, 1, make<igs198_1>},                      //
+    {502, 1, 1, make<igs502>},                        //
+    {504, 1, 1, make<igs504>},                        //
+    {508, 1, 1, make<igs508>},                        //
+    {510, 1, 1, make<igs510>},                        //
+    {514, 1, 1, make<igs514>},                        //
 };
 
 using Registry = std::unordered_map<int, std::vector<igsFactoryShop>>;

@@ -51,6 +51,7 @@ TEST(Compound, IndexListMapsBothWays) {
     EXPECT_EQ(compound->get_current_index(i), i);
     EXPECT_EQ(compound->get_original_index(i), i);
   }
+  EXPECT_EQ(compound->get_original_index(-1), -1);
   const int moved[] = {-1, 0, -1, 1};
   for (int i = 0; i < 4; ++i) compound->set_index(i, moved[i]);
   for (const int outside : {-1, 4, INT_MIN, INT_MAX}) compound->set_index(outside, 0);

@@ -10,8 +10,9 @@
 
 namespace {
 
-constexpr auto families = {file_errors,     section_errors, directory_errors,
-                           geometry_errors, spline_errors,  composite_errors};
+constexpr auto families = {file_errors,   section_errors,   directory_errors, geometry_errors,
+                           spline_errors, composite_errors, swept_errors,     surface_errors,
+                           solid_errors,  analytic_errors,  annotation_errors};
 
 /// The values of an error as words.
 class ValueWords : public igsErrorValueVisitor {

@@ -24,6 +24,11 @@ std::span<const ErrorText> directory_errors();
 std::span<const ErrorText> geometry_errors();
 std::span<const ErrorText> spline_errors();
 std::span<const ErrorText> composite_errors();
+std::span<const ErrorText> swept_errors();
+std::span<const ErrorText> surface_errors();
+std::span<const ErrorText> solid_errors();
+std::span<const ErrorText> analytic_errors();
+std::span<const ErrorText> annotation_errors();
 
 /// All rows, family by family.
 std::vector<const ErrorText*> all_error_texts();

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "igs/errors/igsError.h"
+#include "igs/geometry/igsPlanarPoints.h"
+#include "igs/objects/igsAnnotation.h"
+
+/// Base of the Copious Data (IGES 5.3, type 106) of which drawings consist: planar points and what is drawn between
+/// them.
+class IGS_API igs106Base : public igsTyped<igs106Base, "igs106Base", igsAnnotation>, public igsPlanarPoints {
+ public:
+  /// Takes the last of an odd number of 3 or more points away and returns 1; 0 for other numbers.
+  int remove_unpaired_point();
+
+ protected:
+  igs106Base() = default;
+
+  /// True for points that are the ends of strokes, two by two.
+  bool has_paired_points() const;
+};
+
+/// Kind of the error that says that points which go in pairs do not: a last one without a partner is dropped.
+class IGS_API igsUnpairedPoint : public igsObjectError {
+ public:
+  int fix() override;
+
+ protected:
+  igsUnpairedPoint() = default;
+};

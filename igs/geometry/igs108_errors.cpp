@@ -1,0 +1,30 @@
+#include "igs/geometry/igs108_errors.h"
+
+#include "igs/file/igsDirectoryEntry.h"
+#include "igs/geometry/igs108.h"
+#include "igs/objects/igsCast.h"
+#include "igs/objects/igsCurve.h"
+
+int igs108UnexpectedBoundary::fix() {
+  return igs_repair<igs108>(object_at_key(), [](igs108& plane) {
+    const igsCurve* const curve = igs_cast<igsCurve>(plane.boundary().object());
+    if (curve != nullptr && curve->num_logged_errors() == 0) {
+      plane.directory_entry().set_form_number(1);
+    } else {
+      plane.set_boundary(igsObjectPtr());
+    }
+  });
+}
+
+igsObjectPtr igs108WrongBoundaryType::reference() const {
+  const igs108* const plane = igs_cast<igs108>(object_at_key());
+  return plane != nullptr ? plane->boundary() : igsObjectPtr();
+}
+
+void igs108WrongBoundaryType::set_reference(const igsObjectPtr& curve) const {
+  igs_repair<igs108>(object_at_key(), [&curve](igs108& plane) { plane.set_boundary(curve); });
+}
+
+int igs108InvalidSymbolSize::fix() {
+  return igs_repair<igs108>(object_at_key(), [](igs108& plane) { plane.set_symbol_size(0); });
+}

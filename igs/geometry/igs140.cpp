@@ -1,0 +1,25 @@
+#include "igs/geometry/igs140.h"
+
+#include "igs/geometry/igs140_errors.h"
+#include "igs/objects/igsEntityFields.h"
+#include "igs/objects/igsReferenceTest.h"
+#include "igs/support/coResourceTable.h"
+
+namespace {
+using SurfaceTest = igsReferenceTest<igs140NullSurface, igs140WrongSurfaceType, igs140InvalidSurface>;
+}  // namespace
+
+igs140::igs140() { set_directory_entry_type(igsEntity140, 0); }
+
+int igs140::set_indicator(const giVector3& indicator) {
+  if (indicator.is_undefined()) return 0;
+  m_indicator = indicator;
+  return 1;
+}
+
+void igs140::check_pd() const {
+  const double tolerance = kel_resource_table_inquire().value(kelTolMinValue);
+  if (m_indicator.is_undefined() || m_indicator.length() < tolerance) tag<igs140ZeroIndicator>();
+  if (is_undefined_real(m_distance)) tag<igs140InvalidDistance>();
+  SurfaceTest::check(*this, m_surface, igsKindOf<igsSurface>());
+}

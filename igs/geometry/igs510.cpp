@@ -1,0 +1,21 @@
+#include "igs/geometry/igs510.h"
+
+#include "igs/geometry/igs508.h"
+#include "igs/geometry/igs510_errors.h"
+#include "igs/objects/igsEntityFields.h"
+#include "igs/objects/igsReferenceTest.h"
+#include "igs/objects/igsSurface.h"
+
+namespace {
+using SurfaceTest = igsReferenceTest<igs510NullSurface, igs510WrongSurfaceType, igs510InvalidSurface>;
+using LoopTest = igsReferenceTest<igs510NullLoop, igs510WrongLoopType, igs510InvalidLoop>;
+}  // namespace
+
+igs510::igs510() { set_directory_entry_type(igsEntity510, 1); }
+
+void igs510::check_pd() const {
+  SurfaceTest::check(*this, m_surface, igsKindOf<igsSurface>());
+  if (m_outer_loop_flag != 0 && m_outer_loop_flag != 1) tag<igs510InvalidOuterLoopFlag>();
+  if (m_loops.empty()) tag<igs510NoLoops>();
+  for (int i = 0; const igsObjectPtr& loop : m_loops) LoopTest::check(*this, loop, igsExactly<igs508>(), i++);
+}
