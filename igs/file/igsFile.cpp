@@ -8,6 +8,7 @@
 #include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectManager.h"
+#include "igs/structure/igsViewNumbers.h"
 #include "igs/support/utOstream.h"
 
 namespace {
@@ -156,10 +157,12 @@ void igsFile::tag_error(igsError* error) const {
 void igsFile::check() const {
   const igsFileScope current(*this);
   m_global_section.check();
+  const std::vector<igsViewNumberFault> view_numbers = igs_view_number_faults(*this);
   igsObjectSystem::reentrant_start();
   igsFileIT entities(this);
   while (++entities) entities()->check();
   igsObjectSystem::reentrant_end();
+  igs_tag_view_numbers(view_numbers);
 }
 
 void igsFile::clean(int delete_faulty) {

@@ -3,6 +3,7 @@
 #include "igs/geometry/igs102_errors.h"
 #include "igs/geometry/igs116.h"
 #include "igs/objects/igsEntityFields.h"
+#include "igs/objects/igsListAccess.h"
 #include "igs/objects/igsReferenceTest.h"
 
 namespace {
@@ -15,22 +16,14 @@ bool is_curve_or_point(const igsObject& object) { return object.typeof(igsCurve:
 
 igs102::igs102() { set_directory_entry_type(igsEntity102, 0); }
 
-int igs102::set_size(int size) {
-  if (size < 0) return 0;
-  m_sub_curves.elements().resize(static_cast<std::size_t>(size));
-  return 1;
-}
+int igs102::set_size(int size) { return igs_resize(m_sub_curves.elements(), size); }
 
 int igs102::sub_curve(int i, igsObjectPtr& sub_curve) const {
-  if (i < 0 || i >= number_of_sub_curves()) return 0;
-  sub_curve = m_sub_curves.elements()[static_cast<std::size_t>(i)];
-  return 1;
+  return igs_get_element(m_sub_curves.elements(), i, sub_curve);
 }
 
 int igs102::set_sub_curve(int i, const igsObjectPtr& sub_curve) {
-  if (i < 0 || i >= number_of_sub_curves()) return 0;
-  m_sub_curves.elements()[static_cast<std::size_t>(i)] = sub_curve;
-  return 1;
+  return igs_set_element(m_sub_curves.elements(), i, sub_curve);
 }
 
 void igs102::check_pd() const {

@@ -2,9 +2,9 @@
 
 #include <vector>
 
-#include "igs/geometry/igsElement.h"
 #include "igs/objects/igsBoundedList.h"
 #include "igs/objects/igsEntity.h"
+#include "igs/objects/igsListAccess.h"
 
 class igs143BadNumBoundaries;
 

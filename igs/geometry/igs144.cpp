@@ -3,8 +3,8 @@
 #include "igs/geometry/igs142.h"
 #include "igs/geometry/igs144_errors.h"
 #include "igs/geometry/igsBoundaries.h"
-#include "igs/geometry/igsElement.h"
 #include "igs/objects/igsEntityFields.h"
+#include "igs/objects/igsListAccess.h"
 #include "igs/objects/igsReferenceTest.h"
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "igs/geometry/igsElement.h"
 #include "igs/objects/igsBoundedList.h"
+#include "igs/objects/igsListAccess.h"
 #include "igs/objects/igsObjectPtr.h"
 #include "igs/support/export.h"
 

@@ -8,7 +8,6 @@
 #include "igs/geometry/igs510.h"
 #include "igs/geometry/igs514.h"
 #include "igs/objects/igsCast.h"
-#include "igs/objects/igsListAccess.h"
 
 namespace {
 // The classes of groups, curves on surfaces and subfigure instances belong to other rooms; type records compare by
@@ -28,11 +27,9 @@ void igsCompound::set_number_of_entities(int count) {
   if (count >= 0) m_entities.elements() = igsObjectPtrcoDynArr(static_cast<std::size_t>(count));
 }
 
-igsObjectPtr igsCompound::get_entity(int position) const { return igs_element(entities(), position); }
+igsObjectPtr igsCompound::get_entity(int position) const { return std::as_const(m_entities).get(position); }
 
-int igsCompound::set_entity(int position, const igsObjectPtr& entity) {
-  return igs_set_element(m_entities.elements(), position, entity);
-}
+int igsCompound::set_entity(int position, const igsObjectPtr& entity) { return m_entities.set(position, entity); }
 
 void igsCompound::set_entities(igsObjectPtrcoDynArr entities) {
   m_number_of_entities = static_cast<int>(entities.size());
@@ -40,7 +37,7 @@ void igsCompound::set_entities(igsObjectPtrcoDynArr entities) {
 }
 
 void igsCompound::drop_null_entities(int original) {
-  m_entities.purge(original, [](const igsObjectPtr& entity) { return entity.object() != nullptr; });
+  m_entities.drop_nulls(original);
   m_number_of_entities = size();
 }
 

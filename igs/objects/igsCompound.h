@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "igs/objects/igsBoundedList.h"
-#include "igs/objects/igsIndexedList.h"
 #include "igs/objects/igsObject.h"
+#include "igs/objects/igsReferenceList.h"
 #include "igs/support/undefined.h"
 
 class igsFieldReader;
@@ -80,5 +80,5 @@ class IGS_API igsCompound : public igsTyped<igsCompound, "igsCompound", igsObjec
   void replace_groups(const std::unordered_set<const igsCompound*>& flattened, std::int64_t& members_left);
 
   int m_number_of_entities = unset_int;
-  mutable igsIndexedList<igsObjectPtr> m_entities;  // a check, which is const, starts the index list anew
+  mutable igsReferenceList m_entities;  // a check, which is const, starts the index list anew
 };

@@ -4,6 +4,19 @@
 #include <unordered_map>
 #include <vector>
 
+#include "igs/annotation/igs202.h"
+#include "igs/annotation/igs204.h"
+#include "igs/annotation/igs206.h"
+#include "igs/annotation/igs208.h"
+#include "igs/annotation/igs210.h"
+#include "igs/annotation/igs212.h"
+#include "igs/annotation/igs214.h"
+#include "igs/annotation/igs216.h"
+#include "igs/annotation/igs218.h"
+#include "igs/annotation/igs220.h"
+#include "igs/annotation/igs222.h"
+#include "igs/annotation/igs228.h"
+#include "igs/annotation/igs230.h"
 #include "igs/annotation/igsCentreLine.h"
 #include "igs/annotation/igsSection.h"
 #include "igs/annotation/igsWitnessLine.h"
@@ -45,6 +58,21 @@
 #include "igs/geometry/igsSimpleClosedPlanarCurve.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsPlaceholders.h"
+#include "igs/structure/igs304_1.h"
+#include "igs/structure/igs304_2.h"
+#include "igs/structure/igs308.h"
+#include "igs/structure/igs310.h"
+#include "igs/structure/igs312.h"
+#include "igs/structure/igs314.h"
+#include "igs/structure/igs402_1.h"
+#include "igs/structure/igs402_16.h"
+#include "igs/structure/igs402_3.h"
+#include "igs/structure/igs402_7.h"
+#include "igs/structure/igs404.h"
+#include "igs/structure/igs408.h"
+#include "igs/structure/igs410_0.h"
+#include "igs/structure/igs416.h"
+#include "igs/structure/igsGroup.h"
 
 namespace {
 struct Registration {
@@ -102,6 +130,34 @@ constexpr Registration registrations[] = {
     {196, 1, 1, make<igs196_1>},                      //
     {198, 0, 0, make<igs198_0>},                      //
     {198, 1, 1, make<igs198_1>},                      //
+    {202, 0, 0, make<igs202>},                        //
+    {204, 0, 0, make<igs204>},                        //
+    {206, 0, 0, make<igs206>},                        //
+    {208, 0, 0, make<igs208>},                        //
+    {210, 0, 0, make<igs210>},                        //
+    {212, 0, 105, make<igs212>},                      //
+    {214, 1, 12, make<igs214>},                       //
+    {216, 0, 2, make<igs216>},                        //
+    {218, 0, 1, make<igs218>},                        //
+    {220, 0, 0, make<igs220>},                        //
+    {222, 0, 1, make<igs222>},                        //
+    {228, 0, 1, make<igs228>},                        //
+    {230, 0, 0, make<igs230>},                        //
+    {304, 1, 1, make<igs304_1>},                      //
+    {304, 2, 2, make<igs304_2>},                      //
+    {308, 0, 0, make<igs308>},                        //
+    {310, 0, 0, make<igs310>},                        //
+    {312, 0, 1, make<igs312>},                        //
+    {314, 0, 0, make<igs314>},                        //
+    {402, 1, 1, make<igs402_1>},                      //
+    {402, 14, 15, make<igsGroup>},                    //
+    {402, 16, 16, make<igs402_16>},                   //
+    {402, 3, 3, make<igs402_3>},                      //
+    {402, 7, 7, make<igs402_7>},                      //
+    {404, 0, 1, make<igs404>},                        //
+    {408, 0, 0, make<igs408>},                        //
+    {410, 0, 0, make<igs410_0>},                      //
+    {416, 1, 1, make<igs416>},                        //
     {502, 1, 1, make<igs502>},                        //
     {504, 1, 1, make<igs504>},                        //
     {508, 1, 1, make<igs508>},                        //

@@ -16,6 +16,14 @@ Element igs_element(const std::vector<Element>& list, int i) {
   return igs_is_position(list, i) ? list[static_cast<std::size_t>(i)] : Element();
 }
 
+/// Gives element `i` and returns 1; returns 0 and leaves `element` alone outside the list.
+template <class Element>
+int igs_get_element(const std::vector<Element>& list, int i, Element& element) {
+  if (!igs_is_position(list, i)) return 0;
+  element = list[static_cast<std::size_t>(i)];
+  return 1;
+}
+
 /// Stores element `i` and returns 1; 0 outside the list.
 template <class Element>
 int igs_set_element(std::vector<Element>& list, int i, const Element& element) {

@@ -28,7 +28,7 @@ std::vector<std::string> files_in(const char* folder) {
 }
 
 /// The entities as text: every directory field and every parameter, reals with all their digits. A zero has no sign in
-/// a file.
+/// a file, and a string loses the blanks at its end, from which the number of characters of a note's text follows.
 std::string entities_of(const igsFile& file) {
   std::ostringstream text;
   utOstream os(text);
@@ -36,7 +36,7 @@ std::string entities_of(const igsFile& file) {
   const std::string all = text.str();
   const std::size_t start = all.find("Entities = {");
   const std::string entities = all.substr(start, all.find("TerminateSection") - start);
-  return std::regex_replace(entities, std::regex("-0(?=[,)\n])"), "0");
+  return std::regex_replace(entities, std::regex("-(?=0[,)\n])|NumberOfCharacters = [-0-9]+| +(?=\n)"), "");
 }
 
 /// Entities of types that have a class may be left out only with an error that says so.

@@ -584,4 +584,25 @@ TEST(FileWriter, ThrowsNothingForThrowingStreams) {
   }
 }
 
+TEST(File, ViewNumbersBecomeUnique) {
+  IgesBuilder builder;
+  for (const char* number : {"3", "3", "-2", "1"}) {
+    builder.entity(410, 0, std::string(number) + ",1.,0,0,0,0,0,0", {.status = "00000100"});
+  }
+  igsFile file;
+  ASSERT_EQ(read_text(file, builder.text()), 1);
+  ASSERT_EQ(file.num_entities(), 4);
+  file.check();
+  EXPECT_THAT(active_errors(file), ElementsAre(testing::StartsWith("igs410_0RepeatedView 3"),
+                                               testing::StartsWith("igs410_0InvalidViewNumber 5")));
+  EXPECT_EQ(file.entity(1)->manager()->validated(), 1);
+  EXPECT_EQ(file.entity(3)->manager()->validated(), 0);
+  file.clean(0);
+  EXPECT_THAT(active_errors(file), IsEmpty());
+  const Strings data = records_of(written(file), 'P');
+  ASSERT_EQ(data.size(), 4U);
+  const char* const expected[] = {"410,3,", "410,4,", "410,5,", "410,1,"};
+  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(data[i].substr(0, 6), expected[i]);
+}
+
 }  // namespace

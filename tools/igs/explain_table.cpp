@@ -10,9 +10,10 @@
 
 namespace {
 
-constexpr auto families = {file_errors,   section_errors,   directory_errors, geometry_errors,
-                           spline_errors, composite_errors, swept_errors,     surface_errors,
-                           solid_errors,  analytic_errors,  annotation_errors};
+constexpr auto families = {file_errors,   section_errors,   directory_errors,       geometry_errors,
+                           spline_errors, composite_errors, swept_errors,           surface_errors,
+                           solid_errors,  analytic_errors,  annotation_errors,      dimension_errors,
+                           note_errors,   font_errors,      structure_entity_errors};
 
 /// The values of an error as words.
 class ValueWords : public igsErrorValueVisitor {

@@ -29,6 +29,10 @@ std::span<const ErrorText> surface_errors();
 std::span<const ErrorText> solid_errors();
 std::span<const ErrorText> analytic_errors();
 std::span<const ErrorText> annotation_errors();
+std::span<const ErrorText> dimension_errors();
+std::span<const ErrorText> note_errors();
+std::span<const ErrorText> font_errors();
+std::span<const ErrorText> structure_entity_errors();
 
 /// All rows, family by family.
 std::vector<const ErrorText*> all_error_texts();

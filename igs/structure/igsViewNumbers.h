@@ -1,0 +1,20 @@
+#pragma once
+
+#include <vector>
+
+class igsFile;
+class igs410_0;
+
+/// What is wrong with the number of one view.
+struct igsViewNumberFault {
+  enum Kind { none_defined, invalid, repeated };
+
+  const igs410_0* view;
+  Kind kind;
+  int replacement;  ///< a number that no view has, and no other fault replaces by
+};
+
+/// The faults of the numbers of all views (igs410_0) of the file, by DE number.
+std::vector<igsViewNumberFault> igs_view_number_faults(const igsFile& file);
+/// Tags the views with them. To be called after the check of all entities, which drops earlier errors.
+void igs_tag_view_numbers(const std::vector<igsViewNumberFault>& faults);
