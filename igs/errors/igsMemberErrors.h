@@ -15,7 +15,7 @@ class IGS_API_TEMPLATE igsDroppedMemberError
   using igsErrorClass<igsDroppedMemberError, Name, igsObjectError, int>::igsErrorClass;
   int fix() override {
     return igs_repair<T>(this->object_at_key(),
-                         [this](T& entity) { return (entity.*Drop)(this->template value<0>()); });
+                         [this](T& entity) { return igs_call(entity, Drop, this->template value<0>()); });
   }
 };
 

@@ -10,7 +10,7 @@ template <class T, auto Set, int Default>
 class igsStoredDefault : public igsObjectError {
  public:
   int fix() override {
-    return igs_repair<T>(object_at_key(), [](T& entity) { (entity.*Set)(Default); });
+    return igs_repair<T>(object_at_key(), [](T& entity) { igs_call(entity, Set, Default); });
   }
 
  protected:

@@ -27,3 +27,10 @@ int igs_repair(igsObject* object, Repair repair) {
     return repair(*entity);
   }
 }
+
+/// Calls a member function, given as such, that `object` may have inherited.
+template <class Result, class Base, class Parameter>
+Result igs_call(std::type_identity_t<Base>& object, Result (Base::*function)(Parameter),
+                std::type_identity_t<Parameter> argument) {
+  return (object.*function)(argument);
+}

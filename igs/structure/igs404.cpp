@@ -40,5 +40,5 @@ void igs404::check_pd() const {
 void igs404::visit_pointers(igsPointerVisitor& visitor) {
   igsFieldPointers pointers(visitor);
   for (igs404View& view : m_views.elements()) igs404View::fields(view, pointers);
-  igsCompound::visit_pointers(visitor);
+  entity_list(*this, pointers, 0, igsBadCount<igs404BadNumEntities>());
 }
