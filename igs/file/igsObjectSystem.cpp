@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 
 #include "igs/errors/igsErrorLog.h"
 #include "igs/file/igsFile.h"
+#include "igs/support/makeRoom.h"
 
 std::vector<igsFile*> igsObjectSystem::m_file_list;
 std::vector<igsErrorLog*> igsObjectSystem::m_error_log_list;
@@ -36,7 +38,12 @@ igsObjectSystem::~igsObjectSystem() {
 void igsObjectSystem::initialize_system() {
   if (m_system_on_line != 0) return;
   m_system_on_line = 1;
-  new igsFile;
+  try {
+    new igsFile;
+  } catch (...) {  // out of memory: the next use tries again
+    m_system_on_line = 0;
+    throw;
+  }
   static const igsObjectSystem deletes_files_at_exit;
 }
 
@@ -68,16 +75,22 @@ void igsObjectSystem::reentrant_start() {
 
 void igsObjectSystem::reentrant_end() { --m_recurse_depth; }
 
+// Whatever takes memory comes first, the room that the file's deletion needs included: running out changes nothing.
 void igsObjectSystem::file_created(igsFile* file) {
+  auto log = std::make_unique<igsErrorLog>();
+  make_room(m_file_list);
+  make_room(m_error_log_list);
+  m_file_free_list.reserve(m_file_list.capacity());
+
   std::size_t location = m_file_list.size();
   if (m_file_free_list.empty()) {
     m_file_list.push_back(file);
-    m_error_log_list.push_back(new igsErrorLog);
+    m_error_log_list.push_back(log.release());
   } else {
     location = static_cast<std::size_t>(m_file_free_list.back());
     m_file_free_list.pop_back();
     m_file_list[location] = file;
-    m_error_log_list[location] = new igsErrorLog;
+    m_error_log_list[location] = log.release();
   }
   ++m_num_files;
   m_current_file = static_cast<int>(location);
@@ -97,6 +110,13 @@ void igsObjectSystem::file_deleted(igsFile* file) {
       std::find_if(m_file_list.begin(), m_file_list.end(), [](const igsFile* other) { return other != nullptr; });
   m_current_file = lowest == m_file_list.end() ? 0 : static_cast<int>(lowest - m_file_list.begin());
 }
+
+igsTraversalScope::igsTraversalScope(const igsFile& file) {
+  if (igsObjectSystem::m_recurse_depth == 0) m_file.emplace(file);
+  igsObjectSystem::reentrant_start();
+}
+
+igsTraversalScope::~igsTraversalScope() { igsObjectSystem::reentrant_end(); }
 
 void igsObjectSystem::object_created(igsObject* object) { file().object_created(object); }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "igs/support/export.h"
@@ -41,6 +42,7 @@ class IGS_API igsObjectSystem {
  private:
   friend class igsFile;
   friend class igsFileScope;
+  friend class igsTraversalScope;
   friend class igsFactory;
   friend class igsObject;
   friend class igsObjectPtr;
@@ -78,4 +80,17 @@ class IGS_API igsFileScope {
 
  private:
   igsFile* m_previous;
+};
+
+/// Brackets a traversal of entities of `file` with reentrant_start and reentrant_end. The outermost one makes the file
+/// current meanwhile.
+class IGS_API igsTraversalScope {
+ public:
+  explicit igsTraversalScope(const igsFile& file);
+  ~igsTraversalScope();
+  igsTraversalScope(const igsTraversalScope&) = delete;
+  igsTraversalScope& operator=(const igsTraversalScope&) = delete;
+
+ private:
+  std::optional<igsFileScope> m_file;
 };

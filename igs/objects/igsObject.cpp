@@ -48,6 +48,29 @@ class Unreference : public igsPointerVisitor {
   void visit(igsObjectPtr& pointer) override { pointer.unreference(); }
 };
 
+class UnreferencingScope {
+ public:
+  explicit UnreferencingScope(igsObjectManager& manager) : m_manager(manager) { m_manager.set_unreferencing(true); }
+  ~UnreferencingScope() { m_manager.set_unreferencing(false); }
+  UnreferencingScope(const UnreferencingScope&) = delete;
+  UnreferencingScope& operator=(const UnreferencingScope&) = delete;
+
+ private:
+  igsObjectManager& m_manager;
+};
+
+/// Counts one level more while it lives.
+class DepthScope {
+ public:
+  explicit DepthScope(int& depth) : m_depth(depth) { ++m_depth; }
+  ~DepthScope() { --m_depth; }
+  DepthScope(const DepthScope&) = delete;
+  DepthScope& operator=(const DepthScope&) = delete;
+
+ private:
+  int& m_depth;
+};
+
 /// The entities that an entity's check asks to be checked, in that order.
 class CheckedChildren : public igsPointerVisitor {
  public:
@@ -62,11 +85,10 @@ class CheckedChildren : public igsPointerVisitor {
 }  // namespace
 
 void igsObject::unreference_children() {
-  m_manager->set_unreferencing(true);
+  const UnreferencingScope unreferencing(*m_manager);
   directory_entry().unreference_children();
   Unreference unreference;
   visit_pointers(unreference);
-  m_manager->set_unreferencing(false);
 }
 
 void igsObject::visit_pointers(igsPointerVisitor& /*visitor*/) {}
@@ -143,18 +165,16 @@ int igsObject::check() const {
   constexpr int max_check_depth = 200;
   static int depth = 0;
 
-  igsObjectSystem::reentrant_start();
+  const igsTraversalScope traversal(file());
   if (m_manager->visited() == 0) {
-    if (depth < max_check_depth) {
-      ++depth;
+    const DepthScope level(depth);
+    if (depth <= max_check_depth) {
       begin_check();
       check_this();
-      --depth;
     } else {
       check_with_own_stack();
     }
   }
-  igsObjectSystem::reentrant_end();
   return m_manager->validated();
 }
 
@@ -204,16 +224,14 @@ void igsObject::check_with_own_stack() const {
 
 void igsObject::print(utOstream& os) const {
   static int depth = 0;
-  igsObjectSystem::reentrant_start();
+  const igsTraversalScope traversal(file());
   os << '@' << de_number() << '(' << static_cast<int>(directory_entry().entity_type()) << ") = {" << utEndl;
   if (m_manager->visited() == 0 && depth < max_print_depth) {
     m_manager->set_visited(1);
-    ++depth;
+    const DepthScope level(depth);
     utOstream inner(os, 1);
     directory_entry().print(inner);
     print_pd_data(inner);
-    --depth;
   }
   os << '}' << utEndl;
-  igsObjectSystem::reentrant_end();
 }

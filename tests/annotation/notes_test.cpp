@@ -2,13 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include "annotation/record_model.h"
+#include <memory>
+
 #include "igs/annotation/igs212.h"
 #include "igs/annotation/igs214.h"
 #include "igs/annotation/igs230.h"
 #include "igs/geometry/igs110.h"
 #include "igs/structure/igs310.h"
 #include "objects/test_node.h"
+#include "record_model.h"
 
 namespace igs_test {
 namespace {
@@ -29,7 +31,7 @@ const std::vector<std::string> others{
 };
 
 struct Model : RecordModel {
-  explicit Model(const std::string& record) : RecordModel(record, others) {}
+  explicit Model(const std::string& record) : RecordModel(with_others(record, others), 1) {}
 };
 
 std::string note(const std::string& text, const std::string& count) {
@@ -147,10 +149,7 @@ TEST(Notes, Print) {
 }
 
 TEST(Notes, EveryReferenceIsTested) {
-  const struct {
-    const char *record, *null, *wrong_type, *invalid;
-    std::vector<int> wrong, faulty;
-  } cases[] = {
+  const std::vector<ReferenceCase> cases = {
       {"212,1,0,1.,1.,-@,1.,0.,0,0,0.,0.,0.,0H",
        "",
        "igs212WrongFontType 0",
@@ -170,22 +169,7 @@ TEST(Notes, EveryReferenceIsTested) {
        {1, 3, 15},
        {11, 13, 21}},
   };
-  for (const auto& c : cases) {
-    const auto expect = [&c](int reference, const std::string& found) {
-      std::string record = c.record;
-      record.replace(record.find('@'), 1, std::to_string(reference));
-      SCOPED_TRACE(record);
-      Model model(record);
-      EXPECT_EQ(model.found(), found);
-      for (const int delete_faulty : {0, 1}) {
-        model.file.clean(delete_faulty);
-        EXPECT_EQ(column_fault(written(model.file)), "");
-      }
-    };
-    for (const int null : {0, 99, 8, 2147483647}) expect(null, c.null);
-    for (const int wrong : c.wrong) expect(wrong, c.wrong_type);
-    for (const int faulty : c.faulty) expect(faulty, c.invalid);
-  }
+  expect_references_tested(cases, [](const std::string& record) { return std::make_unique<Model>(record); });
 }
 
 TEST(Notes, OtherFaults) {

@@ -5,12 +5,14 @@
 
 #include <algorithm>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "iges_builder.h"
 #include "igs/file/igsFile.h"
 #include "igs/file/igsFile_errors.h"
+#include "igs/geometry/igs110.h"
 #include "igs/objects/igsObjectManager.h"
 #include "objects/test_node.h"
 
@@ -119,6 +121,21 @@ TEST(ObjectSystem, EntitiesMayBeDeletedWhileAnotherFileIsCurrent) {
   EXPECT_EQ(pointer.object(), nullptr);
   EXPECT_EQ(one.num_entities(), 0);
   EXPECT_EQ(two.num_entities(), 1);
+}
+
+TEST(ObjectSystem, EntitiesAreCheckedAndPrintedInTheirOwnFile) {
+  igsFile file;
+  const igsObject& line = *new igs110;  // without its points
+  line.manager()->set_visited(1);       // as reading leaves it
+  igsFile other;
+  std::ostringstream text;
+  utOstream os(text);
+  line.print(os);
+  EXPECT_NE(text.str().find("StartPoint"), std::string::npos);
+  EXPECT_EQ(line.check(), 0);
+  EXPECT_EQ(active_errors(file).size(), 2U);
+  EXPECT_EQ(active_errors(other).size(), 0U);
+  EXPECT_EQ(&igsObjectSystem::file(), &other);
 }
 
 TEST(ObjectSystem, OutermostPassClearsTheVisitFlags) {

@@ -11,63 +11,39 @@
 #include "igs/geometry/igs143.h"
 #include "igs/geometry/igs144.h"
 #include "objects/test_node.h"
+#include "record_model.h"
 
 namespace igs_test {
 namespace {
 constexpr int subject = 27;
 
-/// Adds an entity by type number and parameter data, "110,0.,0.,0.,1.,1.,0."; form 0 but for point sets.
-void add(IgesBuilder& builder, const std::string& record, De de = {}) {
-  const int type = std::stoi(record);
-  builder.entity_with_raw_data(type, type == 106 ? 2 : 0, record + ';', std::move(de));
-}
+const std::string patch =
+    ",0,1,0,0,0.,0.,1.,1.,0.,0.,1.,1.,1.,1.,1.,1.,0.,0.,0.,1.,0.,0.,0.,1.,0.,1.,1.,0.,0.,1.,0.,1.";
 
 /// A file with the entity under test, DE 27, one more with DE 29, and what they may refer to.
-struct Model {
-  explicit Model(const std::string& record, const std::string& another = "", De de = {}) {
-    const std::string patch =
-        ",0,1,0,0,0.,0.,1.,1.,0.,0.,1.,1.,1.,1.,1.,1.,0.,0.,0.,1.,0.,0.,0.,1.,0.,1.,1.,0.,0.,1.,0.,1.";
-    IgesBuilder builder;
-    const std::vector<std::string> others = {
-        "128,1,1,1,1,0" + patch,                    // 1: a surface
-        "108,0.,0.,1.,0.",                          // 3: a plane
-        "110,0.,0.,0.,1.,1.,0.",                    // 5: a curve
-        "102,0",                                    // 7: a curve with a fault
-        "128,1,1,1,1,7" + patch,                    // 9: a surface with a fault that can be repaired
-        "142,0,1,5,0,0",                            // 11: a curve on the surface
-        "142,0,1,0,0,0",                            // 13: one with a fault
-        "142,0,3,0,5,0",                            // 15: a curve on the plane
-        "141,0,0,1,1,5,1,0",                        // 17: a boundary on the surface
-        "141,0,0,1,0",                              // 19: one with a fault
-        "141,0,0,3,1,5,1,0",                        // 21: a boundary on the plane
-        "106,2,2,0.,0.,0.,1.,0.,0.",                // 23: a point set
-        "124,1.,0.,0.,0.,0.,1.,0.,0.,0.,0.,1.,0.",  // 25: neither curve nor surface
-    };
-    for (const std::string& other : others) add(builder, other);
-    add(builder, record, std::move(de));                                // 27
-    add(builder, another.empty() ? "110,0.,0.,0.,1.,1.,0." : another);  // 29
-    add(builder, "142,3,1,5,5,3");                                      // 31: another curve on the surface
-    add(builder, "116,1.,2.,3.,0");                                     // 33: a point
-    read = read_text(file, builder.text());
-  }
-  const igsObject& entity() const { return *file.entity(subject); }
-  /// The errors that the entity under test has, in order, without its number: "igsX; igsY 0".
-  std::string errors() const {
-    std::string errors;
-    for (const igsError* const error : object_errors(file)) {
-      if (static_cast<const igsObjectError*>(error)->key() != subject) continue;
-      std::string text = describe(*error);
-      errors += (errors.empty() ? "" : "; ") + text.erase(text.find(" 27"), 3);
-    }
-    return errors;
-  }
-  std::string found() const {
-    entity().check();
-    return errors();
-  }
-
-  igsFile file;
-  int read;
+struct Model : RecordModel {
+  explicit Model(const std::string& record, const std::string& another = "", De de = {})
+      : RecordModel(
+            {
+                "128,1,1,1,1,0" + patch,                              // 1: a surface
+                "108,0.,0.,1.,0.",                                    // 3: a plane
+                "110,0.,0.,0.,1.,1.,0.",                              // 5: a curve
+                "102,0",                                              // 7: a curve with a fault
+                "128,1,1,1,1,7" + patch,                              // 9: a surface with a fault that can be repaired
+                "142,0,1,5,0,0",                                      // 11: a curve on the surface
+                "142,0,1,0,0,0",                                      // 13: one with a fault
+                "142,0,3,0,5,0",                                      // 15: a curve on the plane
+                "141,0,0,1,1,5,1,0",                                  // 17: a boundary on the surface
+                "141,0,0,1,0",                                        // 19: one with a fault
+                "141,0,0,3,1,5,1,0",                                  // 21: a boundary on the plane
+                "106/2,2,2,0.,0.,0.,1.,0.,0.",                        // 23: a point set
+                "124,1.,0.,0.,0.,0.,1.,0.,0.,0.,0.,1.,0.",            // 25: neither curve nor surface
+                record,                                               // 27
+                another.empty() ? "110,0.,0.,0.,1.,1.,0." : another,  // 29
+                "142,3,1,5,5,3",                                      // 31: another curve on the surface
+                "116,1.,2.,3.,0",                                     // 33: a point
+            },
+            subject, std::move(de)) {}
 };
 
 TEST(TrimmedSurfaces, SoundOnesAreReadAndWritten) {
@@ -160,11 +136,7 @@ TEST(TrimmedSurfaces, EveryReferenceIsTested) {
       const std::string record = with_reference(c.record, reference);
       SCOPED_TRACE(record);
       Model model(record, c.back);
-      EXPECT_EQ(model.found(), found + c.mismatch);
-      for (const int delete_faulty : {0, 1}) {
-        model.file.clean(delete_faulty);
-        EXPECT_EQ(column_fault(written(model.file)), "");
-      }
+      expect_found_and_cleanable(model, found + c.mismatch);
     };
     for (const int null : {0, 99, 8, -5, 2147483647}) expect(null, c.null);
     for (const int wrong : {25, 23, subject}) expect(wrong, c.wrong_type);

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <memory>
 
-#include "annotation/record_model.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/structure/igs304_1.h"
 #include "igs/structure/igs304_2.h"
@@ -13,6 +13,7 @@
 #include "igs/structure/igs312.h"
 #include "igs/structure/igs314.h"
 #include "objects/test_node.h"
+#include "record_model.h"
 
 namespace igs_test {
 namespace {
@@ -32,7 +33,7 @@ const std::vector<std::string> others{
 };
 
 struct Model : RecordModel {
-  explicit Model(const std::string& record) : RecordModel(record, others) {}
+  explicit Model(const std::string& record) : RecordModel(with_others(record, others), 1) {}
 };
 
 TEST(FontsAndColours, SoundOnesSurviveWritingAndReading) {
@@ -92,10 +93,7 @@ TEST(FontsAndColours, Print) {
 }
 
 TEST(FontsAndColours, EveryReferenceIsTested) {
-  const struct {
-    const char *record, *null, *wrong_type, *invalid;
-    std::vector<int> wrong, faulty;
-  } cases[] = {
+  const std::vector<ReferenceCase> cases = {
       {"304/1,1,@,0.5,2.",
        "igs304_1NullTemplate",
        "igs304_1WrongTemplateType",
@@ -110,22 +108,7 @@ TEST(FontsAndColours, EveryReferenceIsTested) {
        {9, 11}},
       {"312,0.,0.,-@,0.,0.,0,0,0.,0.,0.", "", "igs312WrongFontType", "igs312InvalidFont", {1, 3, 17, 19}, {9, 11, 13}},
   };
-  for (const auto& c : cases) {
-    const auto expect = [&c](int reference, const std::string& found) {
-      std::string record = c.record;
-      record.replace(record.find('@'), 1, std::to_string(reference));
-      SCOPED_TRACE(record);
-      Model model(record);
-      EXPECT_EQ(model.found(), found);
-      for (const int delete_faulty : {0, 1}) {
-        model.file.clean(delete_faulty);
-        EXPECT_EQ(column_fault(written(model.file)), "");
-      }
-    };
-    for (const int null : {0, 99, 8, 2147483647}) expect(null, c.null);
-    for (const int wrong : c.wrong) expect(wrong, c.wrong_type);
-    for (const int faulty : c.faulty) expect(faulty, c.invalid);
-  }
+  expect_references_tested(cases, [](const std::string& record) { return std::make_unique<Model>(record); });
 }
 
 TEST(FontsAndColours, FaultsAndRepairs) {
