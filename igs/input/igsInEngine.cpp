@@ -29,7 +29,8 @@ bool igsInEngine::fast_decode() {
   const char* const text = cursor();
   const std::size_t consumed = m_decoder->decode_fast(text);
   int ends_record = 0;
-  if (text[consumed] == '\0' || !delimiter(text[consumed], ends_record)) return false;
+  // The columns behind the data hold digits and a letter, too, which might be a delimiter.
+  if (text + consumed >= data_end() || text[consumed] == '\0' || !delimiter(text[consumed], ends_record)) return false;
   *this += static_cast<unsigned>(consumed + 1);
   halt_buffer(ends_record);
   return true;
