@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "igs/output/igsEncoder.h"
@@ -34,4 +35,6 @@ class IGS_API igsDoubleEncoder : public igsEncoder {
  private:
   double m_value = 0;
   std::vector<int> m_precisions;  // never empty; the top is the back
+  // A real of the largest precision: its digits, sign, "0.000" before them, a point and "D-308" after them.
+  std::array<char, max_precision + 16> m_text{};
 };

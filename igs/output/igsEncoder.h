@@ -1,15 +1,15 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string_view>
-#include <vector>
 
 #include "igs/support/export.h"
 #include "igs/support/utString.h"
 
 /// Turns one value into the pieces of text that the output engine places into records. A piece whose split flag is set
-/// may be broken across lines. Encoders keep their strings from field to field, so that encoding allocates only until
-/// the longest text so far has been met.
+/// may be broken across lines. The encoder of a value keeps the text, so that encoding allocates only until the longest
+/// text so far has been met.
 class IGS_API igsEncoder {
  public:
   igsEncoder(const igsEncoder&) = delete;
@@ -17,21 +17,30 @@ class IGS_API igsEncoder {
 
   /// Drops the pieces; done before every field.
   void reset() { m_num_pieces = 0; }
-  int num_pieces() const { return static_cast<int>(m_num_pieces); }
-  /// Piece `index` (0-based, below num_pieces()), valid until the next append.
-  const utString& piece(int index) const { return m_pieces[static_cast<std::size_t>(index)]; }
-  bool get_split_flag(int index) const { return m_split_flags[static_cast<std::size_t>(index)]; }
+  int num_pieces() const { return m_num_pieces; }
+  /// Piece `index` (0-based, below num_pieces()), valid until the next value is encoded.
+  std::string_view piece(int index) const { return m_pieces[static_cast<std::size_t>(index)].text; }
+  bool get_split_flag(int index) const { return m_pieces[static_cast<std::size_t>(index)].may_split; }
 
  protected:
+  static constexpr int max_pieces = 2;
+
   igsEncoder() = default;
   ~igsEncoder() = default;
 
-  void append_string(std::string_view piece, int split);
+  /// Adds a piece, the max_pieces-th at most. Its text is not copied: it has to last until the next reset.
+  void append_string(std::string_view piece, int split) {
+    m_pieces[static_cast<std::size_t>(m_num_pieces++)] = {piece, split != 0};
+  }
 
  private:
-  std::vector<utString> m_pieces;   // those beyond m_num_pieces are kept for their memory
-  std::vector<bool> m_split_flags;  // parallel to m_pieces
-  std::size_t m_num_pieces = 0;
+  struct Piece {
+    std::string_view text;
+    bool may_split = false;
+  };
+
+  std::array<Piece, max_pieces> m_pieces;
+  int m_num_pieces = 0;
 };
 
 /// An integer in decimal, in one piece.
@@ -43,6 +52,7 @@ class IGS_API igsIntEncoder : public igsEncoder {
 
  private:
   int m_value = 0;
+  std::array<char, 16> m_text{};
 };
 
 /// A text as it stands, in one piece. Line feed, carriage return and NUL would tear the record apart; a blank takes the
@@ -69,5 +79,6 @@ class IGS_API igsHolerithEncoder : public igsEncoder {
 
  private:
   utString m_value;
-  utString m_bytes;  // kept for its memory
+  utString m_bytes;                // kept for its memory
+  std::array<char, 24> m_count{};  // the first piece
 };

@@ -1,12 +1,17 @@
 #include "igs/output/igsOutBuffer.h"
 
-#include <algorithm>
-#include <cstring>
+#include <utility>
 
-igsOutBuffer::igsOutBuffer(std::ostream* destination) : igsOutBufferPurger(destination) {
-  std::fill_n(m_line, record_length, ' ');
-  m_line[record_length] = '\n';
-}
+namespace {
+constexpr int line_length = record_length + 1;
+/// 64 kB: what larger blocks save is no longer to be seen.
+constexpr int block_records = 800;
+}  // namespace
+
+igsOutBuffer::igsOutBuffer(std::ostream* destination)
+    : igsOutBufferPurger(destination),
+      m_block(std::make_unique_for_overwrite<char[]>(block_records * line_length + overrun)),
+      m_line(m_block.get()) {}
 
 igsOutBuffer::~igsOutBuffer() {
   try {
@@ -26,11 +31,18 @@ void igsOutBuffer::set_backpointer(int backpointer) {
 }
 
 void igsOutBuffer::set_destination(std::ostream* destination) {
-  write_out_partial_line();
+  try {
+    write_out_partial_line();
+  } catch (...) {  // the present destination may be gone soon: nothing stays behind for it
+    m_line = m_block.get();
+    m_column = 0;
+    throw;
+  }
   if (!igsOutBufferPurger::set_destination(destination)) m_frozen = true;
 }
 
 int igsOutBuffer::reset() {
+  write_out_block();
   if (m_frozen) {
     if (has_errors() || !m_formatter.reset()) return 0;
     m_frozen = false;
@@ -39,36 +51,46 @@ int igsOutBuffer::reset() {
   return m_frozen ? 0 : 1;
 }
 
-void igsOutBuffer::advance(int columns) {
-  if (m_frozen) return;
-  if (columns < room()) {
-    m_column += columns;
-  } else {
-    prepare_for_next_line();
-  }
-}
-
-void igsOutBuffer::write_split(std::string_view text) {
-  while (!text.empty() && !m_frozen) {
-    const std::size_t length = std::min(text.size(), static_cast<std::size_t>(room()));
-    std::memcpy(m_line + m_column, text.data(), length);
-    text.remove_prefix(length);
-    advance(static_cast<int>(length));
-  }
-}
-
-void igsOutBuffer::write_on_one_line(std::string_view text, std::size_t columns) {
-  if (columns > static_cast<std::size_t>(room())) advance(room());
-  write_split(text);
+int igsOutBuffer::num_lines(igsFileSection section) {
+  write_out_block();
+  return m_formatter.num_lines(section);
 }
 
 void igsOutBuffer::prepare_for_next_line() {
+  std::memset(m_line + m_column, ' ', static_cast<std::size_t>(room()));
   m_column = 0;
-  // A record without its stamp would damage the file, so it is not written.
-  if (!m_formatter.format(m_line) || !purge(m_line)) m_frozen = true;
-  std::fill_n(m_line, record_length, ' ');
+  if (!m_formatter.format(m_line)) {
+    // A record without its stamp would damage the file, so it is not written.
+    write_out_block();
+    m_frozen = true;
+    return;
+  }
+  m_line[record_length] = '\n';
+  m_line += line_length;
+  if (m_line == m_block.get() + block_records * line_length) write_out_block();
 }
 
 void igsOutBuffer::write_out_partial_line() {
   if (m_column > 0 && !m_frozen) prepare_for_next_line();
+  write_out_block();
+}
+
+int igsOutBuffer::write_out_block() {
+  char* const block = m_block.get();
+  const char* const partial_line = m_line;
+  const int count = static_cast<int>((partial_line - block) / line_length);
+  if (count == 0) return m_frozen ? 0 : 1;
+  // Should the destination fail, nothing is left to write, even when no memory is left to note that.
+  const int columns = std::exchange(m_column, 0);
+  m_line = block;
+  m_frozen = true;
+  const int written = purge(block, count);
+  if (written < count) {
+    m_formatter.take_back(count - written - 1);  // as though the record that failed had been the last one
+    return 0;
+  }
+  std::memmove(block, partial_line, static_cast<std::size_t>(columns));
+  m_column = columns;
+  m_frozen = false;
+  return 1;
 }

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <iosfwd>
+#include <memory>
 #include <string_view>
 
 #include "igs/input/igsFileSection.h"
@@ -10,9 +14,11 @@
 #include "igs/output/igsOutBufferPurger.h"
 #include "igs/support/export.h"
 
-/// The record being filled. A record is stamped and written out as soon as its data columns are full, and when the
-/// section, the back-pointer or the destination changes. When either fails the buffer freezes: it ignores all text
-/// until `reset` succeeds.
+/// The record being filled, behind those that wait for being written. A record is stamped as soon as its data columns
+/// are full, and when the section, the back-pointer or the destination changes. Stamped records go to the destination
+/// together, when there is a block of them and whenever any function but those that place text is called: these all see
+/// the faults of everything before them. When stamping or writing fails the buffer freezes: it ignores all text until
+/// `reset` succeeds.
 class IGS_API igsOutBuffer : public igsOutBufferPurger {
  public:
   explicit igsOutBuffer(std::ostream* destination);
@@ -29,7 +35,7 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
   int reset();
   bool frozen() const { return m_frozen; }
 
-  int num_lines(igsFileSection section) const { return m_formatter.num_lines(section); }
+  int num_lines(igsFileSection section);
 
  protected:
   /// Number of data columns of a record, and how many of them are still free (never 0).
@@ -38,21 +44,60 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
   /// The write position, 0-based.
   int column() const { return m_column; }
 
-  /// Leaves the next `columns` columns blank, up to the end of the record at most.
-  void advance(int columns);
+  /// Leaves the next `columns` (not negative) columns blank, up to the end of the record at most.
+  void advance(int columns) {
+    if (m_frozen) return;
+    const int length = std::min(columns, room());
+    for (int i = 0; i < length; i += overrun) std::memcpy(m_line + m_column + i, "        ", overrun);
+    move_on(length);
+  }
   /// Writes `text`, whose length may be that of several records, from the write position on.
-  void write_split(std::string_view text);
+  void write_split(std::string_view text) {
+    while (!text.empty() && !m_frozen) {
+      const std::size_t length = std::min(text.size(), static_cast<std::size_t>(room()));
+      copy(m_line + m_column, text.data(), length);
+      text.remove_prefix(length);
+      move_on(static_cast<int>(length));
+    }
+  }
   /// Writes `text` on the present record if `columns` (at least the text's length) are free there, else on the next.
-  void write_on_one_line(std::string_view text, std::size_t columns);
+  void write_on_one_line(std::string_view text, std::size_t columns) {
+    if (columns > static_cast<std::size_t>(room())) advance(room());
+    write_split(text);
+  }
 
   igsOutBufferFormatter& formatter() { return m_formatter; }
+  /// Hands the records that wait over to the destination. Returns 1, or 0 when the buffer is or becomes frozen.
+  int write_out_block();
 
  private:
+  /// Columns behind the write position that may be overwritten with anything, in the block's last record, too.
+  static constexpr int overrun = 8;
+
+  /// As memcpy, which is called only for the few long texts.
+  static void copy(char* to, const char* from, std::size_t length) {
+    if (length >= 8 && length <= 16) {
+      std::uint64_t first, last;
+      std::memcpy(&first, from, sizeof first);
+      std::memcpy(&last, from + length - sizeof last, sizeof last);
+      std::memcpy(to, &first, sizeof first);
+      std::memcpy(to + length - sizeof last, &last, sizeof last);
+    } else if (length < 4) {
+      for (std::size_t i = 0; i < length; ++i) to[i] = from[i];
+    } else {
+      std::memcpy(to, from, length);
+    }
+  }
+  void move_on(int columns) {
+    m_column += columns;
+    if (room() == 0) prepare_for_next_line();
+  }
   void prepare_for_next_line();
   void write_out_partial_line();
 
   igsOutBufferFormatter m_formatter;
-  char m_line[record_length + 1];  // with the line feed
-  int m_column = 0;                // below the data width
+  std::unique_ptr<char[]> m_block;
+  char* m_line;      // in m_block, behind the records that wait
+  int m_column = 0;  // below the data width; nothing stands from here on
   bool m_frozen = false;
 };

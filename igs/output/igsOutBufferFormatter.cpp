@@ -36,6 +36,11 @@ void igsOutBufferFormatter::set_num_lines(igsFileSection section, int count) {
   if (is_section(section)) m_num_lines[static_cast<std::size_t>(section)] = count;
 }
 
+void igsOutBufferFormatter::take_back(int count) {
+  if (m_section == igsNoSectionId) return;
+  m_sequence_number = m_num_lines[static_cast<std::size_t>(m_section)] -= count;
+}
+
 int igsOutBufferFormatter::format(char* record) {
   if (m_section != igsNoSectionId) m_sequence_number = ++m_num_lines[static_cast<std::size_t>(m_section)];
   if (m_backpointer > max_sequence_number) return fail(igsIOBackPointerTooLarge);

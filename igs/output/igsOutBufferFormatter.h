@@ -22,6 +22,8 @@ class IGS_API igsOutBufferFormatter {
   int num_lines(igsFileSection section) const;
   /// Goes on counting in `section` as though `count` records (0 or more) had been stamped there.
   void set_num_lines(igsFileSection section, int count);
+  /// Forgets the records stamped last in the present section, `count` of those counted there.
+  void take_back(int count);
   /// Number of columns open to data: 80 before any section is set, 64 in Parameter Data, else 72.
   int data_width() const { return m_data_width; }
 

@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr int line_length = record_length + 1;
+
 /// Sets a state bit of a stream whose `exceptions()` may be enabled.
 void set_state(std::ostream& stream, std::ios_base::iostate bit) {
   try {
@@ -47,13 +49,17 @@ int igsOutBufferPurger::attempt(Action action) {
   return 0;
 }
 
-int igsOutBufferPurger::purge(char* record) {
-  const auto write = [record](std::streambuf& buffer) {
-    return buffer.sputn(record, record_length + 1) == record_length + 1;
+int igsOutBufferPurger::purge(char* records, int count) {
+  const std::streamsize length = std::streamsize{count} * line_length;
+  std::streamsize written = 0;
+  const auto write = [&](std::streambuf& buffer) {
+    written = buffer.sputn(records, length);
+    return written == length;
   };
-  if (attempt(write)) return 1;
-  std::fill_n(record, record_length, '\0');
-  return 0;
+  if (attempt(write)) return count;
+  const std::streamsize whole = std::clamp<std::streamsize>(written, 0, length) / line_length;
+  std::fill(records + whole * line_length, records + length, '\0');
+  return static_cast<int>(std::min<std::streamsize>(whole, count - 1));
 }
 
 int igsOutBufferPurger::set_destination(std::ostream* destination) {

@@ -16,9 +16,9 @@ class IGS_API igsOutBufferPurger {
   igsOutBufferPurger& operator=(const igsOutBufferPurger&) = delete;
   virtual ~igsOutBufferPurger();
 
-  /// Writes `record`, record_length characters and the line feed after them. Returns 1; on failure 0, the characters
-  /// being cleared to NULs.
-  int purge(char* record);
+  /// Writes `count` records, each of record_length characters and the line feed after them. Returns how many have been
+  /// written whole: on failure less than `count`, the others being cleared to NULs.
+  int purge(char* records, int count);
   /// Flushes the present destination, unless it is known to be faulty, and goes on with `destination`. Returns 0 when
   /// the flush failed, else 1.
   int set_destination(std::ostream* destination);

@@ -10,7 +10,7 @@ void igsOutEngine::encode() {
   if (m_delimited_section && m_delimiter_pending) write_split(m_parameter_delimiter);
   const int last = m_encoder->num_pieces() - 1;
   for (int i = 0; i <= last; ++i) {
-    const utString& piece = m_encoder->piece(i);
+    const std::string_view piece = m_encoder->piece(i);
     const std::size_t columns = piece.size() + (m_delimited_section && i == last ? 1 : 0);
     if (columns <= static_cast<std::size_t>(data_width()) && !m_encoder->get_split_flag(i)) {
       write_on_one_line(piece, columns);
@@ -24,7 +24,7 @@ void igsOutEngine::encode() {
 void igsOutEngine::fixed_encode(int width) {
   if (m_encoder == nullptr || width <= 0) return;
   for (int i = 0; i < m_encoder->num_pieces(); ++i) {
-    const std::string_view piece = std::string_view(m_encoder->piece(i)).substr(0, static_cast<std::size_t>(width));
+    const std::string_view piece = m_encoder->piece(i).substr(0, static_cast<std::size_t>(width));
     const int length = static_cast<int>(piece.size());
     if (length != width) advance(width - length);
     write_on_one_line(piece, piece.size());
@@ -51,11 +51,12 @@ void igsOutEngine::set_backpointer(int backpointer) {
 
 int igsOutEngine::reset() {
   const bool record_open = m_delimited_section && m_delimiter_pending;
-  if (record_open && !frozen()) return 1;
+  if (record_open && write_out_block()) return 1;
   return igsOutBuffer::reset();
 }
 
 void igsOutEngine::collect_errors(igsIOErrorcoDynArr& errors) {
+  write_out_block();
   formatter().collect_errors(errors);
   igsOutBufferPurger::collect_errors(errors);
   for (igsIOError& error : errors) {

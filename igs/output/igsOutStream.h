@@ -16,6 +16,8 @@
 /// (Global) or the next back-pointer is set (Parameter Data, once after every entity). The other sections take fields
 /// of fixed width.
 ///
+/// Finished lines go to the destination in blocks, at the latest at the next call that writes no field.
+///
 /// Nothing is thrown on account of the destination, not even by one whose `exceptions()` are enabled. A fault of the
 /// destination (codes 12 and 14), a sequence number above 9999999 (15) or such a back-pointer (16) freezes the stream:
 /// whatever is written after it is dropped until `reset` succeeds.

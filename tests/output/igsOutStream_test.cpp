@@ -143,8 +143,12 @@ class TextEncoder : public igsEncoder {
  public:
   void encode(const std::string& text, bool may_split) {
     reset();
-    append_string(text, may_split ? 1 : 0);
+    m_text = text;
+    append_string(m_text, may_split ? 1 : 0);
   }
+
+ private:
+  std::string m_text;
 };
 
 struct Engine : igsOutEngine {
@@ -303,6 +307,39 @@ TEST(OutStream, DestinationFailingAfterEveryNumberOfBytes) {
         ASSERT_EQ(buffer.text, small_file.substr(0, limit));
       }
     }
+  }
+}
+
+// Records are written in blocks, but a fault freezes the output as though each had been written at once.
+TEST(OutEngine, FaultWithinABlock) {
+  constexpr std::size_t num_records = 3000;
+  for (const std::size_t sound : {0, 1, 799, 800, 801, 2999}) {
+    LimitedBuffer buffer(81 * sound + 80, false);
+    std::ostream target(&buffer);
+    TextEncoder encoder;
+    Engine engine(&target);
+    engine.set_encoder(&encoder);
+    engine.set_section(igsDirectorySectionId);
+    std::string expected;
+    for (std::size_t i = 1; i <= num_records; ++i) {
+      const std::string number = std::to_string(i);
+      encoder.encode(number, false);
+      engine.fixed_encode(8);
+      encoder.encode(std::string(64, 'x'), false);
+      engine.fixed_encode(64);
+      const std::string data = std::string(8 - number.size(), ' ') + number + std::string(64, 'x');
+      if (i <= sound + 1) expected += record(data, "D" + std::string(7 - number.size(), ' ') + number);
+    }
+    encoder.encode("lost", false);
+    engine.fixed_encode(8);
+    EXPECT_EQ(engine.num_lines(igsDirectorySectionId), static_cast<int>(sound + 1));
+    EXPECT_TRUE(engine.frozen());
+    EXPECT_EQ(buffer.text, expected.substr(0, 81 * sound + 80)) << sound;
+    igsIOErrorcoDynArr errors;
+    engine.collect_errors(errors);
+    ASSERT_EQ(errors.size(), 2u);
+    EXPECT_EQ(errors[0].line(), static_cast<int>(sound + 1));
+    EXPECT_EQ(errors[0].column(), 0);
   }
 }
 
