@@ -1,6 +1,7 @@
 #include "igs/errors/igsError.h"
 
 #include <cstdarg>
+#include <unordered_map>
 
 #include "igs/errors/igsSectionLog.h"
 #include "igs/file/igsObjectSystem.h"
@@ -10,17 +11,55 @@
 
 igsErrorValueVisitor::~igsErrorValueVisitor() = default;
 
-igsError::~igsError() = default;
+namespace {
+// A sink that has no number in the error's log, or whose error has no log, is kept here under its error.
+std::unordered_map<const igsError*, kelabsOutput*>& streams_apart() {
+  // never destroyed: errors are deleted at the end of the process, too
+  static auto& streams = *new std::unordered_map<const igsError*, kelabsOutput*>;
+  return streams;
+}
+}  // namespace
+
+igsError::~igsError() {
+  if (m_stream_number == kept_apart) streams_apart().erase(this);
+}
+
+igsSimpleSectionLog* igsError::log() const { return igsSimpleSectionLog::numbered(m_log_number); }
+
+void igsError::set_log(igsSimpleSectionLog* log) {
+  kelabsOutput* const stream = message_stream();
+  set_message_stream(nullptr);
+  m_log_number = log != nullptr ? log->number() & igsSimpleSectionLog::max_logs : 0U;
+  set_message_stream(stream);
+}
+
+void igsError::set_message_stream(kelabsOutput* stream) {
+  igsSimpleSectionLog* const owner = log();
+  unsigned number = 0;
+  if (stream != nullptr) number = owner != nullptr ? owner->number_of_stream(stream) : kept_apart;
+  if (number == kept_apart) {
+    streams_apart()[this] = stream;
+  } else if (m_stream_number == kept_apart) {
+    streams_apart().erase(this);
+  }
+  m_stream_number = number & kept_apart;
+}
+
+kelabsOutput* igsError::message_stream() const {
+  if (m_stream_number == 0) return nullptr;
+  return m_stream_number == kept_apart ? streams_apart().at(this) : log()->stream(m_stream_number);
+}
 
 int igsError::fix() { return 0; }
 
 void igsError::visit_values(igsErrorValueVisitor& /*visitor*/) const {}
 
 void igsError::message(const char* format, ...) const {
-  if (m_message_stream == nullptr) return;
+  kelabsOutput* const stream = message_stream();
+  if (stream == nullptr) return;
   std::va_list arguments;
   va_start(arguments, format);
-  m_message_stream->print_list(iges_tag, format, arguments);
+  stream->print_list(iges_tag, format, arguments);
   va_end(arguments);
 }
 

@@ -45,12 +45,12 @@ class IGS_API igsError {
 
   /// The section log that holds the error, and the error's place in its list of active or fixed errors (0-based); null
   /// and -1 when no log took it.
-  igsSimpleSectionLog* log() const { return m_log; }
+  igsSimpleSectionLog* log() const;
   int log_position() const { return m_log_position; }
 
   /// The sink for the texts that `fix` prints; null (the default) keeps it silent. Not owned.
-  void set_message_stream(kelabsOutput* stream) { m_message_stream = stream; }
-  kelabsOutput* message_stream() const { return m_message_stream; }
+  void set_message_stream(kelabsOutput* stream);
+  kelabsOutput* message_stream() const;
 
  protected:
   igsError() = default;
@@ -60,12 +60,16 @@ class IGS_API igsError {
  private:
   friend class igsSimpleSectionLog;
   friend class igsIndexedSectionLog;
-  void set_log(igsSimpleSectionLog* log) { m_log = log; }
+  void set_log(igsSimpleSectionLog* log);
   void set_log_position(int position) { m_log_position = position; }
 
-  kelabsOutput* m_message_stream = nullptr;
+  /// Stands for a sink that has no number.
+  static constexpr unsigned kept_apart = 0xFF;
+
+  // A file may have millions of errors: the log and the sink, which most of them share, are kept as small numbers.
+  unsigned m_log_number : 24 = 0;    ///< igsSimpleSectionLog::number(); 0 without a log
+  unsigned m_stream_number : 8 = 0;  ///< igsSimpleSectionLog::stream(); 0 without a sink
   int m_log_position = -1;
-  igsSimpleSectionLog* m_log = nullptr;
 };
 
 /// An error with an integer key: for object and structure errors the DE number of the entity.

@@ -21,7 +21,8 @@ igsFixGraph::igsFixGraph(const igsIndexedSectionLog& log) {
     const int obj = node(error->obj());
     m_nodes[static_cast<std::size_t>(key)].errors.push_back(error->log_position());
     if (key == obj) continue;
-    m_nodes[static_cast<std::size_t>(key)].dependencies.push_back(obj);
+    std::vector<int>& dependencies = m_nodes[static_cast<std::size_t>(key)].dependencies;
+    if (dependencies.empty() || dependencies.back() != obj) dependencies.push_back(obj);
     m_nodes[static_cast<std::size_t>(obj)].used = 1;
   }
 }

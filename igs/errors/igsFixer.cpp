@@ -1,6 +1,7 @@
 #include "igs/errors/igsFixer.h"
 
 #include "igs/errors/igsFixGraph.h"
+#include "igs/errors/igsRepairRun.h"
 
 namespace {
 void fix_in_log_order(igsErrorLog& log, igsLogID log_id, int keep_going) {
@@ -28,6 +29,7 @@ void igsFixer::fix(igsErrorLog& log, int keep_going) {
 void igsFixer::fix_file_errors(igsErrorLog& log, int keep_going) { fix_in_log_order(log, igsStructureLog, keep_going); }
 
 void igsFixer::fix_object_errors(igsErrorLog& log, int keep_going) {
+  const igsRepairRun run;
   igsFixGraph graph(log.object_log());
   for (const int number : graph.schedule()) {
     for (const int slot : graph.nodes()[static_cast<std::size_t>(number)].errors) {

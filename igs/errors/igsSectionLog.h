@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <deque>
 #include <unordered_map>
 #include <vector>
 
@@ -11,7 +13,7 @@
 class IGS_API igsSimpleSectionLog {
  public:
   /// Accepts errors whose class is `accepted` or descends from it; the record must outlive the log.
-  explicit igsSimpleSectionLog(const kluTypeInfo& accepted) : m_accepted(accepted) {}
+  explicit igsSimpleSectionLog(const kluTypeInfo& accepted);
   igsSimpleSectionLog(const igsSimpleSectionLog&) = delete;
   igsSimpleSectionLog& operator=(const igsSimpleSectionLog&) = delete;
   virtual ~igsSimpleSectionLog();
@@ -47,15 +49,30 @@ class IGS_API igsSimpleSectionLog {
   int take_slot(igsError* error) const;
   void free_slot(int slot);
   bool is_active(const igsError* error) const;
+  /// Number of slots, free ones included.
+  std::size_t num_slots() const { return m_active.size(); }
 
   mutable int m_num_errors = 0;
 
  private:
+  friend class igsError;
   friend class igsIndexedError;
   friend class igsSimpleSectionLogIT;
 
+  static constexpr unsigned max_logs = 0xFFFFFF;
+  static constexpr unsigned max_streams = igsError::kept_apart - 1;
+
+  /// The number, from 1 to max_logs, by which this log is found while it lives, and the log that has it; null for none.
+  unsigned number() const { return m_number; }
+  static igsSimpleSectionLog* numbered(unsigned number);
+  /// The number, from 1 to max_streams, by which this log knows the sink; kept_apart when it knows so many others.
+  unsigned number_of_stream(kelabsOutput* stream);
+  kelabsOutput* stream(unsigned number) const { return m_streams[number - 1]; }
+
   const kluTypeInfo& m_accepted;
-  mutable std::vector<igsError*> m_active;
+  unsigned m_number;
+  std::vector<kelabsOutput*> m_streams;
+  mutable std::deque<igsError*> m_active;  // a deque grows without copies and without room to spare
   mutable std::vector<int> m_free_slots;
   std::vector<igsError*> m_fixed;
 };
@@ -92,8 +109,8 @@ class IGS_API igsIndexedSectionLog : public igsSimpleSectionLog {
   };
   void link(int slot, int key) const;
 
-  mutable std::vector<igsError*> m_received;
-  mutable std::vector<Link> m_links;
+  mutable std::deque<igsError*> m_received;
+  mutable std::deque<Link> m_links;
   mutable std::unordered_map<int, Bucket> m_index;
 };
 

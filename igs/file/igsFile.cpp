@@ -1,14 +1,17 @@
 #include "igs/file/igsFile.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "igs/errors/igsErrorLog.h"
 #include "igs/errors/igsFixer.h"
 #include "igs/file/igsDirectoryEntry.h"
+#include "igs/file/igsFileMemory.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/structure/igsViewNumbers.h"
+#include "igs/support/makeRoom.h"
 #include "igs/support/utOstream.h"
 
 namespace {
@@ -66,14 +69,12 @@ igsObject* igsFile::entity(int de_number) const {
 
 igsErrorLog& igsFile::error_log() const { return igsObjectSystem::log_of(*this); }
 
+// Whatever takes memory comes first, the room that the object's deletion needs included: running out changes nothing.
 void igsFile::object_created(igsObject* object) {
-  int slot = static_cast<int>(m_slots.size());
-  if (m_free_slots.empty()) {
-    m_slots.push_back(nullptr);
-  } else {
-    slot = m_free_slots.back();
-    m_free_slots.pop_back();
-  }
+  make_room(m_slots);
+  m_free_slots.reserve(m_slots.capacity());
+  const int slot = m_free_slots.empty() ? static_cast<int>(m_slots.size()) : m_free_slots.back();
+  auto entry = std::make_unique<igsDirectoryEntry>();
   igsObjectManager* manager;
   if (const auto waiting = m_pending.find(slot); waiting != m_pending.end()) {
     manager = waiting->second;
@@ -82,7 +83,12 @@ void igsFile::object_created(igsObject* object) {
     manager = new igsObjectManager;
     ++m_num_managers;
   }
-  manager->set_directory_entry(new igsDirectoryEntry);
+  if (m_free_slots.empty()) {
+    m_slots.push_back(nullptr);
+  } else {
+    m_free_slots.pop_back();
+  }
+  manager->set_directory_entry(entry.release());
   manager->directory_entry()->set_manager(manager);
   manager->set_object(object);
   manager->set_file(this);
@@ -94,15 +100,18 @@ void igsFile::object_created(igsObject* object) {
 void igsFile::ptr_created(igsObjectPtr* pointer, int slot) {
   igsObjectManager* manager = index(slot) < m_slots.size() ? m_slots[index(slot)] : nullptr;
   if (manager == nullptr) {
-    igsObjectManager*& waiting = m_pending[slot];
-    if (waiting == nullptr) {
-      waiting = new igsObjectManager;
-      waiting->set_file(this);
-      ++m_num_managers;
-    }
-    manager = waiting;
+    const auto waiting = m_pending.find(slot);
+    manager = waiting != m_pending.end() ? waiting->second : add_pending(slot);
   }
   manager->add_pointer(pointer);
+}
+
+igsObjectManager* igsFile::add_pending(int slot) {
+  auto manager = std::make_unique<igsObjectManager>();
+  manager->set_file(this);
+  m_pending.emplace(slot, manager.get());
+  ++m_num_managers;
+  return manager.release();
 }
 
 void igsFile::object_deleted(igsObject* object) {
@@ -156,18 +165,27 @@ void igsFile::tag_error(igsError* error) const {
 
 void igsFile::check() const {
   const igsFileScope current(*this);
+  within_memory([this] { return check_entities(), 1; });
+}
+
+void igsFile::check_entities() const {
   m_global_section.check();
   const std::vector<igsViewNumberFault> view_numbers = igs_view_number_faults(*this);
-  igsObjectSystem::reentrant_start();
-  igsFileIT entities(this);
-  while (++entities) entities()->check();
-  igsObjectSystem::reentrant_end();
+  {
+    const igsTraversalScope traversal(*this);
+    igsFileIT entities(this);
+    while (++entities) entities()->check();
+  }
   igs_tag_view_numbers(view_numbers);
 }
 
 void igsFile::clean(int delete_faulty) {
   const igsFileScope current(*this);
-  check();
+  within_memory([=, this] { return repair(delete_faulty), 1; });
+}
+
+void igsFile::repair(int delete_faulty) {
+  check_entities();
   igsFixer().fix(igsObjectSystem::log(), 1);
   igsObjectSystem::log().print();
   if (delete_faulty == 0) return;
@@ -199,7 +217,7 @@ void igsFile::replace_entity(igsObject* old, igsObject* replacement) {
 
 void igsFile::print(utOstream& os) const {
   const igsFileScope current(*this);
-  igsObjectSystem::reentrant_start();
+  const igsTraversalScope traversal(*this);
   os << "IgesFile = {" << utEndl;
   utOstream inner(os, 1);
   inner << "Pathname = \"" << m_pathname << '"' << utEndl;
@@ -213,7 +231,6 @@ void igsFile::print(utOstream& os) const {
   inner << '}' << utEndl;
   m_terminate_section.print(inner);
   os << '}' << utEndl;
-  igsObjectSystem::reentrant_end();
 }
 
 int igsFileIT::operator++() {

@@ -31,7 +31,7 @@ struct igsReadFault {
   /// the file should go on, a failed stream. 0 when nothing stopped the reader: a section that needs it was missing or
   /// its delimiters were unusable, which error_log() tells.
   igsIOErrorCode code = igsIOValuePresent;
-  /// Number of records read before that, whatever their section.
+  /// Number of records read before that, whatever their section; 0 when memory ran out.
   int records_before = 0;
 };
 
@@ -41,6 +41,11 @@ struct igsReadFault {
 /// Constructing a file makes it the current one. `read`, `check`, `clean`, `write` and `print` make their file current
 /// while they run. Operations that can fail return 1 for success and 0 for failure; faults of the content are errors in
 /// error_log(), never exceptions.
+///
+/// When memory runs out, `read` and `write` return 0, and `check` and `clean` end early; out_of_memory() tells. The
+/// file holds what was read, found and repaired until then, without the entity whose data were being read, and may be
+/// asked, written and deleted as any other. All other functions, the constructors included, let std::bad_alloc through
+/// and leave the file and the registry sound.
 class IGS_API igsFile {
  public:
   igsFile();
@@ -59,6 +64,8 @@ class IGS_API igsFile {
   /// Reads a whole file into this (fresh) one. 0 when a section cannot be read to its end; what was read before it
   /// stays. Entities of unknown and null type and those without parameter data are dropped and counted.
   int read(std::istream& in, utOstream& messages);
+  /// True when the last `read`, `check`, `clean` or `write` ended because memory ran out.
+  bool out_of_memory() const { return m_out_of_memory; }
   /// What ended the last read that returned 0.
   const igsReadFault& read_fault() const { return m_read_fault; }
   /// Renumbers the entities to 1, 3, 5, ... and writes the whole file. A temporary file in the write directory holds
@@ -121,6 +128,7 @@ class IGS_API igsFile {
   void object_created(igsObject* object);
   void object_deleted(igsObject* object);
   void ptr_created(igsObjectPtr* pointer, int slot);
+  igsObjectManager* add_pending(int slot);
   void release_prototype(igsObject* object);
   void reset_visit_flags() const;
   int all_entities_visited() const;
@@ -130,6 +138,11 @@ class IGS_API igsFile {
   int system_location() const { return m_system_location; }
   bool is_on_heap() const { return m_on_heap; }
 
+  template <class Work>
+  int within_memory(Work work) const;
+  void check_entities() const;
+  void repair(int delete_faulty);
+  int read_stream(std::istream& in, utOstream& messages);
   int read_sections(igsInStream& in, utOstream& messages);
   void note_read_fault(igsInStream& in);
   void note_line_faults(igsInStream& in);
@@ -157,6 +170,7 @@ class IGS_API igsFile {
   int m_num_deleted_unknowns = 0;
   std::map<std::pair<int, int>, int> m_dropped;
   igsReadFault m_read_fault;
+  mutable bool m_out_of_memory = false;
   bool m_on_heap;
 };
 

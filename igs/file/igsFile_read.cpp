@@ -1,7 +1,10 @@
 // Reading a file: the drivers of igsFile that take the sections from the input stream.
 
+#include <new>
+
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile.h"
+#include "igs/file/igsFileMemory.h"
 #include "igs/file/igsFile_errors.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/input/igsInStream.h"
@@ -13,6 +16,15 @@
 
 int igsFile::read(std::istream& in, utOstream& messages) {
   const igsFileScope current(*this);
+  const int result = within_memory([&] { return read_stream(in, messages); });
+  if (m_out_of_memory) {
+    m_read_fault = {};
+    m_parameter_data_read = 0;
+  }
+  return result;
+}
+
+int igsFile::read_stream(std::istream& in, utOstream& messages) {
   igsInStream stream(in, {.messages = m_message_stream});
   if (stream.reset() == 0) {
     note_read_fault(stream);
@@ -66,12 +78,19 @@ void igsFile::note_line_faults(igsInStream& in) {
   if (in.error_type(igsIOBlankLine) != 0) m_blank_lines = 1;
 }
 
+namespace {
+// A stream may fail behind a sound record, which does not freeze the buffer: no other section can follow then.
+int leave_section(igsInStream& in) {
+  if (in.fatal_error() != 0 || in.reset() == 0) return 0;
+  in.clear_errors();
+  return 1;
+}
+}  // namespace
+
 int igsFile::read_directory_section(igsInStream& in) {
   while (read_directory_entry(in) != 0) {
   }
-  const int result = in.reset();
-  if (result != 0) in.clear_errors();
-  return result;
+  return leave_section(in);
 }
 
 namespace {
@@ -180,9 +199,7 @@ int igsFile::read_parameter_data_section(igsInStream& in) {
       in.clear_errors();
     }
   }
-  const int result = in.reset();
-  if (result != 0) in.clear_errors();
-  return result;
+  return leave_section(in);
 }
 
 // Returns 0 when the section cannot be read on.
@@ -198,7 +215,12 @@ int igsFile::read_entity(igsInStream& in, igsObject& object) {
     new igsFileIncorrectStartOfPD(de, first_line, entry.start_of_parameter_data());
   }
   int sequence_out_of_order = 0;
-  object.read(in, sequence_out_of_order);
+  try {
+    object.read(in, sequence_out_of_order);
+  } catch (const std::bad_alloc&) {  // half of an entity is none: its counts need not agree with its lists
+    delete &object;
+    throw;
+  }
   if (sequence_out_of_order != 0) m_invalid_line_numbers = 1;
   if (in.error_type(igsIOBlankLine) != 0) m_blank_lines = 1;
   if (in.reset() == 0) {

@@ -1,13 +1,18 @@
 // Writing a file: the drivers of igsFile that put the sections on the output stream.
 
-#include <array>
+#include <cstddef>
 #include <cstdio>
+#include <fstream>
 #include <ios>
 #include <istream>
+#include <memory>
 #include <ostream>
+#include <streambuf>
+#include <utility>
 
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile.h"
+#include "igs/file/igsFileMemory.h"
 #include "igs/file/igsFile_errors.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsObject.h"
@@ -37,38 +42,106 @@ class QuietStream {
   std::ios::iostate m_exceptions;
 };
 
-/// A file that is written and read back, and gone afterwards. Where the system allows it the name goes at once, so that
-/// nothing is left behind even when the process is killed.
-class TemporaryFile {
+/// The name of a file of our own, which is removed at the end of its life at the latest.
+class TemporaryName {
  public:
-  explicit TemporaryFile(const utString& directory)
-      : m_name(klu_make_temp_file_name(directory)), m_out(m_name), m_in(m_name) {
-    m_removed = !m_name.empty() && std::remove(m_name.c_str()) == 0;
-  }
-  ~TemporaryFile() {
-    m_out.close();
-    m_in.close();
-    if (!m_removed && !m_name.empty()) std::remove(m_name.c_str());
-  }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  explicit TemporaryName(const utString& directory) : m_name(klu_make_temp_file_name(directory)) {}
+  ~TemporaryName() { remove(); }
+  TemporaryName(const TemporaryName&) = delete;
+  TemporaryName& operator=(const TemporaryName&) = delete;
 
-  bool is_open() const { return m_out.is_open() && m_in.is_open(); }
-  std::ofstream& out() { return m_out; }
-  std::ifstream& in() { return m_in; }
+  const utString& operator()() const { return m_name; }
+  void remove() {
+    if (!m_name.empty() && std::remove(m_name.c_str()) == 0) m_name.clear();
+  }
 
  private:
   utString m_name;
-  ubOFStream m_out;
-  ubIFStream m_in;
-  bool m_removed = false;
+};
+
+/// Gathers what is written into blocks of 256 kB: the file then sees few calls, whatever the size of the records.
+class BlockBuffer : public std::streambuf {
+ public:
+  explicit BlockBuffer(std::streambuf& target)
+      : m_target(target), m_block(std::make_unique_for_overwrite<char[]>(block_size)) {
+    begin_block();
+  }
+
+ protected:
+  int_type overflow(int_type c) override {
+    if (!hand_over()) return traits_type::eof();
+    return traits_type::eq_int_type(c, traits_type::eof()) ? traits_type::not_eof(c) : sputc(static_cast<char>(c));
+  }
+  int sync() override { return hand_over() ? m_target.pubsync() : -1; }
+
+ private:
+  static constexpr std::size_t block_size = 262144;
+
+  void begin_block() { setp(m_block.get(), m_block.get() + block_size); }
+  bool hand_over() {
+    const std::streamsize length = pptr() - pbase();
+    begin_block();
+    return m_target.sputn(pbase(), length) == length;
+  }
+
+  std::streambuf& m_target;
+  std::unique_ptr<char[]> m_block;
+};
+
+/// A file that is written, then read back, and gone afterwards. Where the system allows it the name goes at once, so
+/// that nothing is left behind even when the process is killed; elsewhere after the stream, which is destroyed first.
+class TemporaryFile {
+ public:
+  // The file is there already and empty; to cut it off anew would make some systems write it to the disk when closed.
+  explicit TemporaryFile(const utString& directory)
+      : m_name(directory), m_file(m_name(), std::ios::in | std::ios::out | std::ios::binary) {
+    m_name.remove();
+  }
+
+  bool is_open() const { return m_file.is_open(); }
+  std::ostream& out() { return m_out; }
+  /// The file from its start, after the output has been flushed.
+  std::istream& in() {
+    m_file.seekg(0);
+    return m_file;
+  }
+
+ private:
+  TemporaryName m_name;
+  std::fstream m_file;
+  BlockBuffer m_block{*m_file.rdbuf()};
+  std::ostream m_out{&m_block};
+};
+
+/// Makes sure that an output stream lets go of the temporary file before that is gone, even when memory runs out.
+class Detour {
+ public:
+  Detour(igsOutStream& stream, std::ostream& way, std::ostream& back) : m_stream(stream), m_back(back) {
+    m_stream.set_destination(&way);
+  }
+  ~Detour() {
+    try {
+      end();
+    } catch (...) {  // no memory to note a fault of the temporary file; its partial line is dropped
+    }
+  }
+  Detour(const Detour&) = delete;
+  Detour& operator=(const Detour&) = delete;
+  void end() {
+    if (!std::exchange(m_ended, true)) m_stream.set_destination(&m_back);
+  }
+
+ private:
+  igsOutStream& m_stream;
+  std::ostream& m_back;
+  bool m_ended = false;
 };
 }  // namespace
 
 int igsFile::write(std::ostream& out, utOstream& messages) {
   const igsFileScope current(*this);
   const QuietStream quiet(out);
-  return write_sections(out, messages) != 0 && out.flush() ? 1 : 0;
+  return within_memory([&] { return write_sections(out, messages) != 0 && out.flush() ? 1 : 0; });
 }
 
 int igsFile::write_sections(std::ostream& out, utOstream& messages) {
@@ -86,12 +159,11 @@ int igsFile::write_data_section(std::ostream& out, igsOutStream& stream) {
   TemporaryFile parameter_data(m_write_dir);
   if (!parameter_data.is_open()) return 0;
   stream.set_section(igsParameterSectionId);
-  stream.set_destination(&parameter_data.out());
+  Detour detour(stream, parameter_data.out(), out);
   int result = write_entities(stream);
   tag_overflow_errors(stream);
-  stream.set_destination(&out);
+  detour.end();
   stream.set_section(igsDirectorySectionId);
-  parameter_data.out().close();
   if (stream.reset() == 0 || !parameter_data.out()) result = 0;
   if (result == 0) return 0;
   stream.clear_errors();
@@ -135,10 +207,11 @@ int igsFile::write_directory_entries(igsOutStream& stream) {
 }
 
 int igsFile::write_parameter_data_section(std::ostream& out, std::istream& in) {
-  std::array<char, 65536> block;
-  while (in) {
-    in.read(block.data(), block.size());
-    out.write(block.data(), in.gcount());
+  constexpr std::streamsize block_size = 262144;
+  const auto block = std::make_unique_for_overwrite<char[]>(block_size);
+  while (in && out) {
+    in.read(block.get(), block_size);
+    out.write(block.get(), in.gcount());
   }
   return in.eof() && out ? 1 : 0;
 }

@@ -47,7 +47,7 @@ int igs141::read_model_space_curves(igsInStream& in) {
     usable = read_model_space_curve_data(in, i++, curve) != 0;
     return usable;
   };
-  const int believed = igs_read_bounded(count, m_model_space_curves, read);
+  const int believed = igs_read_bounded(in, count, m_model_space_curves, read);
   if (usable && believed == 0) tag<igs141BadNumModelSpaceCurves>(count);
   return usable ? believed : 0;
 }
@@ -61,7 +61,7 @@ int igs141::read_model_space_curve_data(igsInStream& in, int i, igsModelSpaceCur
     reader(nullptr, parameter_curve);
     return true;
   };
-  if (igs_read_bounded(count, curve.m_parameter_curves, read) != 0) return 1;
+  if (igs_read_bounded(in, count, curve.m_parameter_curves, read) != 0) return 1;
   tag<igs141BadNumAssocParamCurves>(i, count);
   return 0;
 }

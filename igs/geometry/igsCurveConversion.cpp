@@ -1,7 +1,9 @@
 #include "igs/geometry/igsCurveConversion.h"
 
+#include "igs/errors/igsRepairRun.h"
 #include "igs/file/igsFile.h"
 #include "igs/geometry/igsPointset.h"
+#include "igs/geometry/igsPolyline.h"
 #include "igs/objects/igsConvert.h"
 
 int igsCurveTypeError::obj() {
@@ -12,17 +14,30 @@ int igsCurveTypeError::obj() {
   return m_obj;
 }
 
+namespace {
+std::size_t bytes_taken(const igsObject& curve) {
+  constexpr std::size_t entity = 1024, point = 24;
+  const igsPolyline* const polyline = igs_cast<igsPolyline>(&curve);
+  return entity + (polyline != nullptr ? point * static_cast<std::size_t>(polyline->number_of_points()) : 0);
+}
+}  // namespace
+
 int igsCurveTypeError::fix() {
   constexpr int unshared = 2;  // the reference that is faulty, and the one held here
   igsObjectPtr target = reference();
   igsObject* const old = target.object();
   if (old == nullptr || old->num_logged_errors() != 0) return 0;
-  igsObject* const curve = igsConvert::to_curve(old);
+  igsRepairRun* const run = igsRepairRun::current();
+  const int de = old->de_number();
+  igsObject* const shared = run != nullptr ? run->shared_conversion(de) : nullptr;
+  igsObject* const curve = shared != nullptr ? shared : igsConvert::to_curve(old);
   if (curve == nullptr) return 0;
   if (old->num_references() == unshared) {
+    if (run != nullptr) run->forget(de);
     old->file().replace_entity(old, curve);
   } else {
     set_reference(igsObjectPtr(curve));
+    if (run != nullptr && shared == nullptr) run->converted(de, curve, bytes_taken(*curve));
   }
   return 1;
 }

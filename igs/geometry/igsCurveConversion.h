@@ -11,7 +11,8 @@ class IGS_API igsCurveTypeError : public igsObjectError {
   int obj() override;
   /// Converts the entity referred to with igsConvert::to_curve when it has no logged errors. If nothing else refers to
   /// it, it is replaced in its file; otherwise only this reference is set to the curve, and the others keep the old
-  /// entity. 0 when there is nothing that can be converted.
+  /// entity. References that the fixer repairs after the curves of its run have taken igsRepairRun::room_for_copies
+  /// share one curve for each entity. 0 when there is nothing that can be converted.
   int fix() override;
 
  protected:

@@ -8,11 +8,10 @@
 #include "igs/support/utOstream.h"
 
 namespace {
-// Most lists are as long as what was read before them, so that they are made at once and leave no room unused.
+// Most lists are no longer than what was read before them, so that they are made at once and leave no room unused.
 template <class Element>
 void reserve_in_proportion(std::vector<Element>& list, std::int64_t count, std::size_t read_before) {
-  const auto believed = believed_per_supplied * static_cast<std::int64_t>(read_before);
-  list.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, believed)));
+  list.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, static_cast<std::int64_t>(read_before))));
 }
 }  // namespace
 
@@ -23,19 +22,19 @@ double igs_read_supplied(igsInStream& in) {
 }
 
 int igs_read_reals(igsInStream& in, std::int64_t count, std::vector<double>& reals, std::size_t read_before) {
-  reserve_in_proportion(reals, count, read_before);
+  if (!in.frozen()) reserve_in_proportion(reals, count, read_before);
   const auto read = [&in](double& real) {
     if (in.frozen()) return false;
     real = igs_read_supplied(in);
     return true;
   };
-  if (igs_read_bounded(count, reals, read, undefined_real) == 0) return 0;
+  if (igs_read_bounded(in, count, reals, read, undefined_real) == 0) return 0;
   reals.shrink_to_fit();
   return 1;
 }
 
 int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& points, std::size_t read_before) {
-  reserve_in_proportion(points, count, read_before);
+  if (!in.frozen()) reserve_in_proportion(points, count, read_before);
   const auto read = [&in](giPoint3& point) {
     if (in.frozen()) return false;
     double x = 0, y = 0, z = 0;
@@ -45,7 +44,7 @@ int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& 
     point = giPoint3(x, y, z);
     return true;
   };
-  if (igs_read_bounded(count, points, read) == 0) return 0;
+  if (igs_read_bounded(in, count, points, read) == 0) return 0;
   points.shrink_to_fit();
   return 1;
 }

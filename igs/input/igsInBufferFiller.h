@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <istream>
 #include <string>
 
@@ -38,6 +39,8 @@ class IGS_API igsInBufferFiller {
   /// Appends the errors to the list and forgets them unless one is fatal.
   void collect_errors(igsIOErrorcoDynArr& errors);
   int fatal_error() const { return m_fatal; }
+  /// Number of bytes of the file that the records so far were made of; the start of the next record may be among them.
+  std::uint64_t bytes_read() const { return m_source.position(); }
   /// True when the current record held NUL characters.
   bool nul_in_record() const { return m_nul_in_record; }
   /// Every condition met so far, those forgotten meanwhile too.

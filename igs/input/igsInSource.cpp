@@ -57,5 +57,6 @@ bool igsInSource::read_more() {
     return false;
   }
   m_limit += count;
+  m_num_read += static_cast<std::uint64_t>(count);
   return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <istream>
 #include <memory>
 
@@ -28,6 +29,9 @@ class igsInSource {
   /// Steps over `count` available characters.
   void consume(std::size_t count) { m_cursor += count; }
 
+  /// Number of characters consumed so far.
+  std::uint64_t position() const { return m_num_read - available(); }
+
   /// True when there is a further character; otherwise the condition that ended the stream becomes visible.
   bool look_ahead();
 
@@ -46,4 +50,5 @@ class igsInSource {
   std::unique_ptr<char[]> m_block;
   char* m_cursor;
   char* m_limit;
+  std::uint64_t m_num_read = 0;  ///< characters taken from the stream
 };

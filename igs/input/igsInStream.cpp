@@ -88,6 +88,13 @@ int igsInStream::take_value_present() {
   return present;
 }
 
+int igsInStream::grant_missing(std::int64_t count) {
+  const std::int64_t most = always_granted + static_cast<std::int64_t>(bytes_read()) / bytes_per_granted;
+  if (count > most - m_granted) return 0;
+  m_granted += count;
+  return 1;
+}
+
 int igsInStream::reset() {
   if (igsInEngine::reset() == 0) return 0;
   m_collected_errors.clear();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <istream>
 
 #include "igs/input/igsDoubleDecoder.h"
@@ -45,6 +46,13 @@ class IGS_API igsInStream : public igsInEngine {
   /// 1 when the field just read holds a value. Forgets code 0 and no other code, so that one may ask after every field
   /// and ask for the other codes after the last one.
   int take_value_present();
+  /// Asks whether a list may have `count` elements (0 or more) that the records do not supply. All lists of a file
+  /// together may have always_granted, and one more for each bytes_per_granted bytes read: a file of a moderate size
+  /// cannot claim a large model. Returns 1 and takes them off what is left; 0 when there are not as many left.
+  int grant_missing(std::int64_t count);
+  static constexpr std::int64_t always_granted = 65536;
+  static constexpr std::int64_t bytes_per_granted = 64;
+
   /// Forgets the conditions collected so far.
   void clear_errors() { m_collected_errors.clear(); }
 
@@ -70,4 +78,5 @@ class IGS_API igsInStream : public igsInEngine {
   int m_collected_column = 0;
   int m_collected = 0;
   int m_value_present = 0;
+  std::int64_t m_granted = 0;  ///< list elements that no record supplied
 };

@@ -109,7 +109,7 @@ class igsFieldReader {
     };
     Element unset{};
     if constexpr (std::is_same_v<Element, double>) unset = undefined_real;
-    const int believed = igs_read_bounded(count, elements, read, unset);
+    const int believed = igs_read_bounded(m_in, count, elements, read, unset);
     m_position = position;
     if (!m_usable || believed != 0) return;
     m_usable = false;

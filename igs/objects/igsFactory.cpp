@@ -1,6 +1,8 @@
 #include "igs/objects/igsFactory.h"
 
 #include <climits>
+#include <iterator>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -171,24 +173,38 @@ using Registry = std::unordered_map<int, std::vector<igsFactoryShop>>;
 bool igsFactory::m_making_prototypes = false;
 
 namespace {
+class MakingPrototypes {
+ public:
+  explicit MakingPrototypes(bool& flag) : m_flag(flag) { m_flag = true; }
+  ~MakingPrototypes() { m_flag = false; }
+  MakingPrototypes(const MakingPrototypes&) = delete;
+  MakingPrototypes& operator=(const MakingPrototypes&) = delete;
+
+ private:
+  bool& m_flag;
+};
+
 // Never destroyed: the prototypes live as long as the process.
 Registry& registry(bool& making_prototypes) {
   static Registry& shops = *[&making_prototypes] {
-    auto* const made = new Registry;
-    making_prototypes = true;
+    const MakingPrototypes making(making_prototypes);
+    std::vector<std::unique_ptr<igsObject>> prototypes;
+    prototypes.reserve(std::size(registrations));
+    auto made = std::make_unique<Registry>();
     for (const Registration& row : registrations) {
-      (*made)[row.type].emplace_back(row.min_form, row.max_form, row.make_prototype());
+      prototypes.emplace_back(row.make_prototype());
+      (*made)[row.type].emplace_back(row.min_form, row.max_form, prototypes.back().get());
     }
-    making_prototypes = false;
-    return made;
+    for (auto& prototype : prototypes) static_cast<void>(prototype.release());  // the registry's from now on
+    return made.release();
   }();
   return shops;
 }
 }  // namespace
 
 igsFactory::igsFactory(igsEntityType type, int min_form, int max_form, igsObject* prototype) {
-  if (prototype->manager() != nullptr) prototype->file().release_prototype(prototype);
   registry(m_making_prototypes)[type].emplace_back(min_form, max_form, prototype);
+  if (prototype->manager() != nullptr) prototype->file().release_prototype(prototype);
 }
 
 igsObject* igsFactory::make_one(igsEntityType type, int form) {

@@ -70,11 +70,20 @@ std::vector<igsObject*>& doomed_entities() {
   return waiting;
 }
 
+/// One level of a cascade. At the end of the outermost one nothing waits any more, unless memory ran out: then the
+/// entities that waited stay.
+struct Cascade {
+  Cascade() { ++cascade_depth; }
+  ~Cascade() {
+    if (--cascade_depth == 0) doomed_entities().clear();
+  }
+  Cascade(const Cascade&) = delete;
+  Cascade& operator=(const Cascade&) = delete;
+};
+
 void remove(igsObject* object) {
-  ++cascade_depth;
   object->unreference_children();
   delete object;
-  --cascade_depth;
 }
 }  // namespace
 
@@ -90,8 +99,10 @@ void igsObjectPtr::unreference() {
     waiting.push_back(target);
     return;
   }
+  const bool outermost = cascade_depth == 0;
+  const Cascade cascade;
   remove(target);
-  while (cascade_depth == 0 && !waiting.empty()) {
+  while (outermost && !waiting.empty()) {
     igsObject* const next = waiting.back();
     waiting.pop_back();
     remove(next);

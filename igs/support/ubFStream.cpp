@@ -39,7 +39,8 @@ utString klu_make_temp_file_name(const utString& directory) {
   std::random_device random;
   for (int i = 0; i < attempts; ++i) {
     const std::filesystem::path path = folder / ("igs" + std::to_string(random()) + ".tmp");
-    if (create_exclusively(path)) return path.string();
+    utString name = path.string();
+    if (create_exclusively(path)) return name;
   }
   return {};
 }

@@ -64,6 +64,29 @@ TEST(ErrorLog, StrayErrorsAreNotFiled) {
   EXPECT_EQ(active_errors(file), std::vector<std::string>());
 }
 
+// Whatever it is and however many there are, each error keeps its own.
+TEST(ErrorLog, EveryErrorHasItsSink) {
+  std::vector<RecordingSink> sinks(600);
+  StrayFault stray(0);
+  stray.set_message_stream(&sinks[0]);
+  {
+    igsFile file;
+    std::vector<igsError*> errors;
+    for (std::size_t i = 0; i < sinks.size(); ++i) errors.push_back(new ObjectFault(static_cast<int>(i)));
+    EXPECT_EQ(errors[0]->message_stream(), nullptr);
+    for (std::size_t i = 0; i < sinks.size(); ++i) errors[i]->set_message_stream(&sinks[i]);
+    for (std::size_t i = 0; i < sinks.size(); ++i) EXPECT_EQ(errors[i]->message_stream(), &sinks[i]) << i;
+    errors[599]->set_message_stream(&sinks[0]);
+    errors[598]->set_message_stream(nullptr);
+    errors[0]->set_message_stream(&sinks[599]);
+    EXPECT_EQ(errors[599]->message_stream(), &sinks[0]);
+    EXPECT_EQ(errors[598]->message_stream(), nullptr);
+    EXPECT_EQ(errors[0]->message_stream(), &sinks[599]);
+    EXPECT_EQ(errors[597]->log(), file.error_log().get_section_log(igsObjectLog));
+  }
+  EXPECT_EQ(stray.message_stream(), &sinks[0]);
+}
+
 TEST(ErrorLog, DiesWithItsErrors) {
   {
     igsFile file;

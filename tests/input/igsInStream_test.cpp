@@ -419,4 +419,20 @@ TEST(Stream, ReadsTheSameByBothRoads) {
   }
 }
 
+// All lists of a file share what the records need not supply; it grows with what was read.
+TEST(InStream, GrantsMissingElementsInProportion) {
+  constexpr int lines = 100;
+  std::string text;
+  for (int i = 1; i <= lines; ++i) text += line('S', i, "1,2,3");
+  Opened file(text);
+  EXPECT_EQ(file.in.grant_missing(0), 1);
+  EXPECT_EQ(file.in.grant_missing(igsInStream::always_granted), 1);
+  EXPECT_EQ(file.in.grant_missing(igsInStream::always_granted), 0);
+  while (file.in.in_section(igsStartSectionId) != 0) file.in.skip_line();
+  const std::int64_t more = lines * 81 / igsInStream::bytes_per_granted;
+  EXPECT_EQ(file.in.grant_missing(more - 1), 1);
+  EXPECT_EQ(file.in.grant_missing(more), 0);
+  EXPECT_EQ(file.in.grant_missing(0), 1);
+}
+
 }  // namespace

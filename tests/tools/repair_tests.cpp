@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "iges_builder.h"
+#include "sanitizers.h"
 #include "tools/program.h"
 
 namespace igs_test {
@@ -137,6 +138,7 @@ TEST_F(Repair, FailureLeavesTheTargetAsItWasAndNothingBesideIt) {
       "\"$IGS\" repair -o old.igs cut.igs",
       "\"$IGS\" repair -o folder faulty.igs",
       "\"$IGS\" repair -o nowhere/out.igs faulty.igs",
+      "\"$IGS\" repair -o faulty.igs/out.igs faulty.igs",
       "\"$IGS\" repair -o /dev/full faulty.igs",
       "\"$IGS\" repair -o - faulty.igs >/dev/full",
       limited + "ulimit -f 0; \"$IGS\" repair -o old.igs faulty.igs" + shown,  // no temporary data
@@ -154,6 +156,28 @@ TEST_F(Repair, FailureLeavesTheTargetAsItWasAndNothingBesideIt) {
   EXPECT_EQ(only_object(cut.out).at("written"), nullptr);
   const Outcome full = igs({"repair", "--format", "json", "-o", "/dev/full", "faulty.igs"});
   EXPECT_EQ(only_object(full.out).at("written"), nullptr);
+}
+
+TEST_F(Repair, MemoryThatRunsOutLeavesTheTargetAsItWasAndNothingBesideIt) {
+  if (is_sanitized) GTEST_SKIP() << "sanitizers reserve more address space than there is";
+  IgesBuilder builder;
+  for (int i = 0; i < 40000; ++i) builder.point();
+  file("part.igs", builder.text());
+  file("faulty.igs", faulty_text());
+  file("old.igs", "old");
+  const std::vector<std::string> before = files();
+  const auto limited = [](int megabytes, const std::string& command) {
+    return "ulimit -v " + std::to_string(1024 * megabytes) + "; \"$IGS\" repair -o " + command;
+  };
+  int enough = 4;  // for a small file
+  while (enough < 1000 && shell(limited(enough, "small.igs faulty.igs")).status != 1) enough += 4;
+  ASSERT_EQ(shell(limited(enough, "small.igs faulty.igs")).status, 1);
+  fs::remove(folder() / "small.igs");
+  const Outcome outcome = shell(limited(enough, "old.igs part.igs"));
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_THAT(outcome.err, testing::HasSubstr("part.igs: out of memory"));
+  EXPECT_EQ(read_file(folder() / "old.igs"), "old");
+  EXPECT_EQ(files(), before);
 }
 
 TEST_F(Repair, DevicesAreWrittenDirectly) {

@@ -11,6 +11,7 @@ int check_file(Model& model, Report& report) {
   if (model.has_entities()) {
     model.progress().stage("checking");
     model.file().check();
+    model.expect_memory();
   }
   model.progress().end();
 

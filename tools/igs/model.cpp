@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <iostream>
 #include <limits>
+#include <new>
 
 namespace {
 
@@ -48,6 +49,11 @@ Model::Model(const std::string& name) : m_name(name), m_input(name), m_progress(
 void Model::read() {
   utOstream complaints(std::cerr);
   m_was_read = m_file.read(m_input.stream(), complaints) != 0;
+  expect_memory();
+}
+
+void Model::expect_memory() const {
+  if (m_file.out_of_memory()) throw std::bad_alloc();
 }
 
 std::string Model::read_error() const {

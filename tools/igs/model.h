@@ -49,6 +49,8 @@ class Model {
   /// Why the file cannot be opened, empty when it can.
   std::string open_error() const { return m_input.error(); }
   void read();
+  /// Throws std::bad_alloc when the library's last piece of work ended because memory ran out.
+  void expect_memory() const;
 
   /// What igsFile::read answered.
   bool was_read() const { return m_was_read; }

@@ -30,6 +30,7 @@ Findings repair(Model& model, bool delete_faulty) {
   if (model.was_read()) {
     model.progress().stage("repairing");
     model.file().clean(delete_faulty ? 1 : 0);
+    model.expect_memory();
   }
   findings.types = EntityTypes(model.file());
   findings.num_entities = model.file().num_entities();
@@ -49,6 +50,7 @@ int repair_file(Model& model, const RepairOptions& options, Report& report) {
   } else {
     model.progress().stage("writing");
     complaint = write_file(model, options.target);
+    model.expect_memory();
     if (complaint.empty()) findings.written = options.target;
   }
   model.progress().end();
