@@ -313,7 +313,7 @@ TEST(OutStream, DestinationFailingAfterEveryNumberOfBytes) {
 // Records are written in blocks, but a fault freezes the output as though each had been written at once.
 TEST(OutEngine, FaultWithinABlock) {
   constexpr std::size_t num_records = 3000;
-  for (const std::size_t sound : {0, 1, 799, 800, 801, 2999}) {
+  for (const std::size_t sound : {0U, 1U, 799U, 800U, 801U, 2999U}) {
     LimitedBuffer buffer(81 * sound + 80, false);
     std::ostream target(&buffer);
     TextEncoder encoder;
