@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <cstring>
 #include <optional>
+#include <string_view>
 
 #include "igs/output/significantDigits.h"
 #include "igs/support/coResourceTable.h"
@@ -142,7 +143,8 @@ char* print_number(char* text, const SignificantDigits& number, int precision) {
     return print_exponent(print_with_point(text, digits, 1), exponent);
   }
   if (exponent >= 0) return print_with_point(text, digits, exponent + 1);
-  std::memcpy(text, "0.000", 5);
+  constexpr std::string_view leading_zeros = "0.000";
+  leading_zeros.copy(text, leading_zeros.size());
   return print(text + 1 - exponent, digits);
 }
 

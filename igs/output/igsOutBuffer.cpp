@@ -1,16 +1,17 @@
 #include "igs/output/igsOutBuffer.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace {
 constexpr int line_length = record_length + 1;
 /// 64 kB: what larger blocks save is no longer to be seen.
-constexpr int block_records = 800;
+constexpr std::ptrdiff_t block_records = 800;
 }  // namespace
 
 igsOutBuffer::igsOutBuffer(std::ostream* destination)
     : igsOutBufferPurger(destination),
-      m_block(std::make_unique_for_overwrite<char[]>(block_records * line_length + overrun)),
+      m_block(std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(block_records * line_length + overrun))),
       m_line(m_block.get()) {}
 
 igsOutBuffer::~igsOutBuffer() {
