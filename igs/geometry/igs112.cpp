@@ -7,6 +7,7 @@
 #include "igs/geometry/igs112_errors.h"
 #include "igs/geometry/igsSplineData.h"
 #include "igs/objects/igsEntityFields.h"
+#include "igs/objects/igsListAccess.h"
 #include "igs/support/coResourceTable.h"
 
 namespace {
@@ -45,8 +46,8 @@ int igs112::set_size(int segments) {
 
 int igs112::number_of_segments() const { return static_cast<int>(m_coefficients.size() / igsCubicSegment::size); }
 
-int igs112::break_point(int i, double& value) const { return igs_get(m_break_points, igs_position(i), value); }
-int igs112::set_break_point(int i, double value) { return igs_set(m_break_points, igs_position(i), value); }
+int igs112::break_point(int i, double& value) const { return igs_get_element(m_break_points, i, value); }
+int igs112::set_break_point(int i, double value) { return igs_set_element(m_break_points, i, value); }
 int igs112::raise_break_point(int i, double previous, double tolerance) {
   return igs_raise_knot(m_break_points, i, previous, tolerance);
 }

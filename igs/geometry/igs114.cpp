@@ -7,6 +7,7 @@
 #include "igs/geometry/igs114_errors.h"
 #include "igs/geometry/igsSplineData.h"
 #include "igs/objects/igsEntityFields.h"
+#include "igs/objects/igsListAccess.h"
 #include "igs/support/coResourceTable.h"
 
 namespace {
@@ -59,10 +60,10 @@ int igs114::set_size(int m, int n) {
   return 1;
 }
 
-int igs114::break_point_u(int i, double& value) const { return igs_get(m_break_points_u, igs_position(i), value); }
-int igs114::break_point_v(int j, double& value) const { return igs_get(m_break_points_v, igs_position(j), value); }
-int igs114::set_break_point_u(int i, double value) { return igs_set(m_break_points_u, igs_position(i), value); }
-int igs114::set_break_point_v(int j, double value) { return igs_set(m_break_points_v, igs_position(j), value); }
+int igs114::break_point_u(int i, double& value) const { return igs_get_element(m_break_points_u, i, value); }
+int igs114::break_point_v(int j, double& value) const { return igs_get_element(m_break_points_v, j, value); }
+int igs114::set_break_point_u(int i, double value) { return igs_set_element(m_break_points_u, i, value); }
+int igs114::set_break_point_v(int j, double value) { return igs_set_element(m_break_points_v, j, value); }
 int igs114::raise_break_point_u(int i, double previous, double tolerance) {
   return igs_raise_knot(m_break_points_u, i, previous, tolerance);
 }

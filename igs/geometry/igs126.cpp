@@ -5,6 +5,7 @@
 #include "igs/geometry/igs126_errors.h"
 #include "igs/geometry/igsSplineData.h"
 #include "igs/objects/igsEntityFields.h"
+#include "igs/objects/igsListAccess.h"
 #include "igs/support/coResourceTable.h"
 
 namespace {
@@ -32,12 +33,10 @@ int igs126::set_order_size(int order, int count) {
   return 1;
 }
 
-int igs126::control_point(int i, giPoint3& point) const { return igs_get(m_control_points, igs_position(i), point); }
-int igs126::set_control_point(int i, const giPoint3& point) {
-  return igs_set(m_control_points, igs_position(i), point);
-}
-int igs126::weight(int i, double& weight) const { return igs_get(m_weights, igs_position(i), weight); }
-int igs126::set_weight(int i, double weight) { return igs_set(m_weights, igs_position(i), weight); }
+int igs126::control_point(int i, giPoint3& point) const { return igs_get_element(m_control_points, i, point); }
+int igs126::set_control_point(int i, const giPoint3& point) { return igs_set_element(m_control_points, i, point); }
+int igs126::weight(int i, double& weight) const { return igs_get_element(m_weights, i, weight); }
+int igs126::set_weight(int i, double weight) { return igs_set_element(m_weights, i, weight); }
 
 void igs126::parametric_limits(double& start, double& end) const {
   start = m_direction.start();

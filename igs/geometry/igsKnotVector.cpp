@@ -4,12 +4,13 @@
 #include <cstdint>
 
 #include "igs/geometry/igsSplineData.h"
+#include "igs/objects/igsListAccess.h"
 #include "igs/output/igsOutStream.h"
 #include "igs/support/utOstream.h"
 
-int igsKnotVector::knot(int i, double& value) const { return igs_get(m_knots, igs_position(i), value); }
+int igsKnotVector::knot(int i, double& value) const { return igs_get_element(m_knots, i, value); }
 
-int igsKnotVector::set_knot(int i, double value) { return igs_set(m_knots, igs_position(i), value); }
+int igsKnotVector::set_knot(int i, double value) { return igs_set_element(m_knots, i, value); }
 
 void igsKnotVector::range(double& low, double& high) const {
   if (m_knots.empty()) return;
@@ -43,9 +44,7 @@ int igsKnotVector::limit_to_range() {
 }
 
 int igsKnotVector::raise_knot(int i, double previous, double tolerance) {
-  double value = 0;
-  if (knot(i, value) == 0 || !(previous - value < tolerance)) return 0;
-  return set_knot(i, previous);
+  return igs_raise_knot(m_knots, i, previous, tolerance);
 }
 
 void igsKnotVector::snap_knots(double tolerance) {
