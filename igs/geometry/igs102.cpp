@@ -1,7 +1,7 @@
 #include "igs/geometry/igs102.h"
 
 #include "igs/geometry/igs102_errors.h"
-#include "igs/geometry/igs116.h"
+#include "igs/geometry/igsGeometryChecks.h"
 #include "igs/objects/igsEntityFields.h"
 #include "igs/objects/igsListAccess.h"
 #include "igs/objects/igsReferenceTest.h"
@@ -10,8 +10,6 @@ namespace {
 using SubCurveTest = igsReferenceTest<igs102NullSubCurvePtr, igs102InvalidSubCurveType, igs102InvalidSubCurveData>;
 
 bool is_point(const igsObject& object) { return object.isa(igs116::type()); }
-
-bool is_curve_or_point(const igsObject& object) { return object.typeof(igsCurve::type()) || is_point(object); }
 }  // namespace
 
 igs102::igs102() { set_directory_entry_type(igsEntity102, 0); }
@@ -30,7 +28,7 @@ void igs102::check_pd() const {
   m_sub_curves.restart_index();
   if (number_of_sub_curves() < 1) tag<igs102NoSubCurves>();
   for (int i = 0; const igsObjectPtr& sub_curve : m_sub_curves.elements()) {
-    SubCurveTest::check(*this, sub_curve, is_curve_or_point, i++);
+    SubCurveTest::check(*this, sub_curve, igs_is_curve_or_point, i++);
   }
   check_points();
 }

@@ -16,15 +16,6 @@ int igs108UnexpectedBoundary::fix() {
   });
 }
 
-igsObjectPtr igs108WrongBoundaryType::reference() const {
-  const igs108* const plane = igs_cast<igs108>(object_at_key());
-  return plane != nullptr ? plane->boundary() : igsObjectPtr();
-}
-
-void igs108WrongBoundaryType::set_reference(const igsObjectPtr& curve) const {
-  igs_repair<igs108>(object_at_key(), [&curve](igs108& plane) { plane.set_boundary(curve); });
-}
-
 int igs108InvalidSymbolSize::fix() {
   return igs_repair<igs108>(object_at_key(), [](igs108& plane) { plane.set_symbol_size(0); });
 }

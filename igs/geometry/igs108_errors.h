@@ -1,6 +1,7 @@
 #pragma once
 
 #include "igs/errors/igsErrorClass.h"
+#include "igs/geometry/igs108.h"
 #include "igs/geometry/igsCurveConversion.h"
 
 /// A coefficient of the plane is undefined.
@@ -23,11 +24,8 @@ class IGS_API igs108NullBoundary : public igsErrorClass<igs108NullBoundary, "igs
 
 /// The boundary is no curve. Repaired by conversion.
 class IGS_API igs108WrongBoundaryType
-    : public igsErrorClass<igs108WrongBoundaryType, "igs108WrongBoundaryType", igsCurveTypeError> {
- protected:
-  igsObjectPtr reference() const override;
-  void set_reference(const igsObjectPtr& curve) const override;
-};
+    : public igsErrorClass<igs108WrongBoundaryType, "igs108WrongBoundaryType",
+                           igsCurveFieldError<igs108, &igs108::boundary, &igs108::set_boundary>> {};
 
 /// The boundary fails its own check.
 class IGS_API igs108InvalidBoundary

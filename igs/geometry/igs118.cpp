@@ -2,7 +2,7 @@
 
 #include "igs/geometry/igs116.h"
 #include "igs/geometry/igs118_errors.h"
-#include "igs/objects/igsCurve.h"
+#include "igs/geometry/igsGeometryChecks.h"
 #include "igs/objects/igsEntityFields.h"
 #include "igs/objects/igsReferenceTest.h"
 
@@ -11,18 +11,14 @@ using FirstCurveTest = igsReferenceTest<igs118NullFirstCurve, igs118WrongFirstCu
 using SecondCurveTest = igsReferenceTest<igs118NullSecondCurve, igs118WrongSecondCurveType, igs118InvalidSecondCurve>;
 
 bool is_point(const igsObject& object) { return object.isa(igs116::type()); }
-
-bool is_curve_or_point(const igsObject& object) { return object.typeof(igsCurve::type()) || is_point(object); }
-
-bool is_flag(int value) { return value == 0 || value == 1; }
 }  // namespace
 
 igs118::igs118() { set_directory_entry_type(igsEntity118, 0); }
 
 void igs118::check_pd() const {
-  const igsObject* const first = FirstCurveTest::check(*this, m_first_curve, is_curve_or_point);
-  const igsObject* const second = SecondCurveTest::check(*this, m_second_curve, is_curve_or_point);
-  if (!is_flag(m_direction_flag)) tag<igs118InvalidDirectionFlag>(m_direction_flag);
-  if (!is_flag(m_developable_flag)) tag<igs118InvalidDevelopableFlag>(m_developable_flag);
+  const igsObject* const first = FirstCurveTest::check(*this, m_first_curve, igs_is_curve_or_point);
+  const igsObject* const second = SecondCurveTest::check(*this, m_second_curve, igs_is_curve_or_point);
+  if (!igs_is_flag(m_direction_flag)) tag<igs118InvalidDirectionFlag>(m_direction_flag);
+  if (!igs_is_flag(m_developable_flag)) tag<igs118InvalidDevelopableFlag>(m_developable_flag);
   if (first != nullptr && second != nullptr && is_point(*first) && is_point(*second)) tag<igs118OnlyPoints>();
 }

@@ -1,8 +1,8 @@
 #include "igs/geometry/igs141.h"
 
 #include "igs/geometry/igs108.h"
-#include "igs/geometry/igs116.h"
 #include "igs/geometry/igs141_errors.h"
+#include "igs/geometry/igsGeometryChecks.h"
 #include "igs/objects/igsCurve.h"
 #include "igs/objects/igsEntityFields.h"
 #include "igs/objects/igsReferenceTest.h"
@@ -13,10 +13,6 @@ using ModelSpaceCurveTest =
     igsReferenceTest<igs141NullModelSpaceCurvePtr, igs141InvalidModelSpaceCurveType, igs141InvalidModelSpaceCurveData>;
 using ParameterCurveTest =
     igsReferenceTest<igs141NullParameterCurvePtr, igs141InvalidParameterCurveType, igs141InvalidParameterCurveData>;
-
-bool is_curve_or_point(const igsObject& object) {
-  return object.typeof(igsCurve::type()) || object.isa(igs116::type());
-}
 }  // namespace
 
 igs141::igs141() { set_directory_entry_type(igsEntity141, 0); }
@@ -102,7 +98,7 @@ void igs141::check_model_space_curve(int i, const igsModelSpaceCurve& curve) con
   if (curve.sense() != igsModelSpaceCurve::agrees && curve.sense() != igsModelSpaceCurve::reversed) {
     tag<igs141InvalidReversalFlag>(i, curve.sense());
   }
-  ModelSpaceCurveTest::check(*this, curve.m_curve, is_curve_or_point, i);
+  ModelSpaceCurveTest::check(*this, curve.m_curve, igs_is_curve_or_point, i);
   if (m_bounded_surface_representation == 0 && curve.number_of_parameter_curves() > 0) {
     tag<igs141UnexpectedParamCurves>(i);
   }

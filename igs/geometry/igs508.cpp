@@ -5,6 +5,7 @@
 #include "igs/geometry/igs502.h"
 #include "igs/geometry/igs504.h"
 #include "igs/geometry/igs508_errors.h"
+#include "igs/geometry/igsGeometryChecks.h"
 #include "igs/objects/igsCast.h"
 #include "igs/objects/igsCurve.h"
 #include "igs/objects/igsEntityFields.h"
@@ -13,8 +14,6 @@
 namespace {
 constexpr int edge_type_edge = 0;
 constexpr int edge_type_vertex = 1;
-
-bool is_flag(int value) { return value == 0 || value == 1; }
 
 using EdgeCurveTest = igsReferenceTest<igs508OrientatedEdge504EdgeNullCurve, igs508OrientatedEdge504EdgeWrongCurveType,
                                        igs508OrientatedEdge504EdgeInvalidCurve>;
@@ -36,7 +35,7 @@ bool is_outside(int index, const igsObject* list) {
 }
 }  // namespace
 
-bool igsHalfEdge::valid() const { return m_curve && is_flag(m_isoparametric_flag); }
+bool igsHalfEdge::valid() const { return m_curve && igs_is_flag(m_isoparametric_flag); }
 
 void igsHalfEdge::print_pd_data(utOstream& os) const {
   igsFieldPrinter printer(os);
@@ -44,7 +43,7 @@ void igsHalfEdge::print_pd_data(utOstream& os) const {
 }
 
 bool igsOrientedEdge::valid() const {
-  return m_list && m_index >= 0 && is_flag(m_edge_type) && is_flag(m_orientation) &&
+  return m_list && m_index >= 0 && igs_is_flag(m_edge_type) && igs_is_flag(m_orientation) &&
          std::all_of(m_half_edges.begin(), m_half_edges.end(), [](const igsHalfEdge& half) { return half.valid(); });
 }
 
@@ -72,7 +71,7 @@ void igs508::check_oriented_edges() const {
     } else {
       tag<igs508OrientatedEdgeWrongListType>(i);
     }
-    if (!is_flag(edge.orientation())) tag<igs508OrientatedEdgeInvalidEdgeDirection>(i);
+    if (!igs_is_flag(edge.orientation())) tag<igs508OrientatedEdgeInvalidEdgeDirection>(i);
     check_halfedges(i, edge);
     ++i;
   }
@@ -108,7 +107,7 @@ void igs508::check_edge(int i, const igsOrientedEdge& oriented_edge) const {
 void igs508::check_halfedges(int i, const igsOrientedEdge& edge) const {
   for (int j = 0; const igsHalfEdge& half_edge : edge.half_edges()) {
     HalfEdgeCurveTest::check(*this, half_edge.curve(), igsKindOf<igsCurve>(), i, j);
-    if (!is_flag(half_edge.isoparametric_flag())) tag<igs508HalfEdgeInvalidCurveFlag>(i, j);
+    if (!igs_is_flag(half_edge.isoparametric_flag())) tag<igs508HalfEdgeInvalidCurveFlag>(i, j);
     ++j;
   }
 }

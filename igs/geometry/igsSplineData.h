@@ -6,6 +6,7 @@
 #include <new>
 #include <vector>
 
+#include "igs/geometry/igsGeometryChecks.h"
 #include "igs/geometry/igsKnotVector.h"
 #include "igs/objects/igsObject.h"
 #include "igs/support/giPoint.h"
@@ -26,8 +27,6 @@ void igs_write_points(igsOutStream& out, const std::vector<giPoint3>& points);
 void igs_print_flag(utOstream& os, const char* label, int value, int true_value = 1);
 /// What PROP3 holds for a rational spline: 0, and 1 for a polynomial one.
 inline constexpr int rational_means_true = 0;
-
-inline bool igs_is_flag(int value) { return value == 0 || value == 1; }
 
 template <class Error, class... Values>
 void igs_tag(const igsObject& entity, Values... values) {
