@@ -105,22 +105,18 @@ struct DirectoryFields {
   bool has_nul = false;
 
   void read(igsInStream& in) {
-    constexpr unsigned field_width = 8, status_width = 2, reserved_width = 16;
+    constexpr unsigned field_width = 8, status_width = 2;
+    constexpr int reserved_fields = 2;
     // The stream has come to the next entry's record before the last field is taken, so each record is asked in its
     // turn.
     has_nul = in.nul_in_record();
-    for (int* field : {&type, &parameter_data, &structure, &line_font, &level, &view, &matrix, &label_display}) {
-      in.read_integer(field_width, *field);
-    }
-    for (int* field : {&blank_status, &subordinate_status, &entity_use, &hierarchy})
-      in.read_integer(status_width, *field);
+    in.read_integers(field_width, {&type, &parameter_data, &structure, &line_font, &level, &view, &matrix, &label_display});
+    in.read_integers(status_width, {&blank_status, &subordinate_status, &entity_use, &hierarchy});
     has_nul = has_nul || in.nul_in_record();
-    for (int* field : {&second_type, &line_weight, &colour, &parameter_lines, &form})
-      in.read_integer(field_width, *field);
-    utString reserved;
-    in.read_string(reserved_width, reserved);
+    in.read_integers(field_width, {&second_type, &line_weight, &colour, &parameter_lines, &form});
+    for (int field = 0; field < reserved_fields; ++field) in.read_string(field_width, label);
     in.read_string(field_width, label);
-    in.read_integer(field_width, subscript);
+    in.read_integers(field_width, {&subscript});
   }
 
   void store(igsDirectoryEntry& entry) const {

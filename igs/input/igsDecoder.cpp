@@ -2,7 +2,7 @@
 
 igsDecoder::~igsDecoder() = default;
 
-std::size_t igsDecoder::decode_fast(const char*) { return 0; }
+std::size_t igsDecoder::decode_fast(const char*, const char*) { return 0; }
 
 std::size_t igsDecoder::accept_run(const char*, const char*) { return 0; }
 
@@ -16,11 +16,6 @@ void igsDecoder::decode() {
   if (!m_finished) convert();
   m_finished = true;
   m_state = State::stop;
-}
-
-void igsDecoder::reset_fast_decode() {
-  m_value_present = 0;
-  clear_value();
 }
 
 void igsDecoder::reset_slow_decode() {

@@ -15,14 +15,18 @@ class IGS_API igsDecoder {
   virtual ~igsDecoder();
 
   /// Converts from the start of a NUL-terminated text; returns the number of characters that belong to the value.
-  virtual std::size_t decode_fast(const char* text);
+  /// Characters up to `readable_end` may be looked at, those behind the NUL, too.
+  virtual std::size_t decode_fast(const char* text, const char* readable_end);
   /// Takes the next character of the field. `more` becomes 0 when none is wanted any more, `delimiters_allowed` tells
   /// whether a delimiter would end the field.
   virtual void accept_character(char c, int& more, int& delimiters_allowed);
   /// Converts the characters taken.
   virtual void decode();
   /// Begins a field.
-  virtual void reset_fast_decode();
+  virtual void reset_fast_decode() {
+    m_value_present = 0;
+    clear_value();
+  }
   /// Begins the same field again, character by character. The errors met so far stay.
   virtual void reset_slow_decode();
 

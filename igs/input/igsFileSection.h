@@ -14,3 +14,10 @@ enum igsFileSection : int {
 inline constexpr int num_file_sections = 5;
 /// The letters of the sections, in the order of igsFileSection.
 inline constexpr char section_letters[] = "SGDPT";
+
+/// The section of a letter; igsNoSectionId for any other character.
+constexpr igsFileSection convert_char_to_section(char letter) {
+  int section = 0;
+  while (section < num_file_sections && section_letters[section] != letter) ++section;
+  return static_cast<igsFileSection>(section);
+}

@@ -73,6 +73,8 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
   /// The read position and the first character past the data.
   char* cursor() { return m_position; }
   const char* data_end() const { return m_end; }
+  /// The NUL behind the last character of the record.
+  const char* record_end() const { return m_record + m_length; }
   igsIOErrorSet take_errors();
 
  private:

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstring>
 
 #include "igs/input/number.h"
 #include "igs/input/record.h"
@@ -89,12 +88,6 @@ bool igsInBufferChecker::check_section(igsFileSection& section) {
   section = m_length < ending_columns ? igsNoSectionId : convert_char_to_section(m_record[m_length - ending_columns]);
   if (section == igsNoSectionId) set_error(igsIONoSectionLetter);
   return section != igsNoSectionId;
-}
-
-igsFileSection igsInBufferChecker::convert_char_to_section(char letter) {
-  const void* found = std::memchr(section_letters, letter, num_file_sections);
-  if (found == nullptr) return igsNoSectionId;
-  return static_cast<igsFileSection>(static_cast<const char*>(found) - section_letters);
 }
 
 void igsInBufferChecker::check_line_number(int& number) {

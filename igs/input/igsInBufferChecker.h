@@ -52,7 +52,6 @@ class IGS_API igsInBufferChecker {
   void set_error(igsIOErrorCode code);
 
   static bool check_16bit_overflow(int& number);
-  static igsFileSection convert_char_to_section(char letter);
 
   char* m_record = nullptr;  ///< during a check
   std::size_t m_length = 0;

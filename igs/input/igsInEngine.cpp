@@ -1,18 +1,10 @@
 #include "igs/input/igsInEngine.h"
 
-#include <algorithm>
-
-#include "igs/input/igsDecoder.h"
-
 igsInEngine::igsInEngine(std::istream& in, const igsInOptions& options) : igsInBuffer(in, options) {}
 
-void igsInEngine::decode() {
-  m_decoder->reset_fast_decode();
-  pre_decode();
-  if (fast_decode()) return;
-  m_decoder->reset_slow_decode();
-  slow_decode();
-}
+void igsInEngine::decode() { decode_with(*m_decoder); }
+
+void igsInEngine::fixed_decode(unsigned width) { fixed_decode_with(*m_decoder, width); }
 
 // Skips blanks and the ends of Global records.
 void igsInEngine::pre_decode() {
@@ -22,18 +14,6 @@ void igsInEngine::pre_decode() {
     while (p < data_end() && *p == ' ') ++p;
     *this += static_cast<unsigned>(p - start);
   }
-}
-
-bool igsInEngine::fast_decode() {
-  if (m_decoder->fast_permitted() == 0) return false;
-  const char* const text = cursor();
-  const std::size_t consumed = m_decoder->decode_fast(text);
-  int ends_record = 0;
-  // The columns behind the data hold digits and a letter, too, which might be a delimiter.
-  if (text + consumed >= data_end() || text[consumed] == '\0' || !delimiter(text[consumed], ends_record)) return false;
-  *this += static_cast<unsigned>(consumed + 1);
-  halt_buffer(ends_record);
-  return true;
 }
 
 void igsInEngine::slow_decode() {
@@ -55,28 +35,6 @@ void igsInEngine::slow_decode() {
     ++*this;
   }
   m_decoder->decode();
-}
-
-void igsInEngine::fixed_decode(unsigned width) {
-  m_decoder->reset_fast_decode();
-  if (fixed_fast_decode(width)) return;
-  m_decoder->reset_slow_decode();
-  fixed_slow_decode(width);
-}
-
-bool igsInEngine::fixed_fast_decode(unsigned width) {
-  if (m_decoder->fast_permitted() == 0) return false;
-  char* const field = cursor();
-  const auto rest = static_cast<std::size_t>(buffer() + capacity() - field);
-  // The end of the record is a NUL already.
-  char* const end = field + std::min<std::size_t>(width, rest);
-  const char saved = *end;
-  *end = '\0';
-  const std::size_t consumed = m_decoder->decode_fast(field);
-  *end = saved;
-  if (consumed != width) return false;
-  *this += width;
-  return true;
 }
 
 // The last column of the field is passed over, as it always has been.

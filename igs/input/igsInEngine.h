@@ -1,11 +1,12 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <istream>
 
+#include "igs/input/igsDecoder.h"
 #include "igs/input/igsInBuffer.h"
 #include "igs/support/export.h"
-
-class igsDecoder;
 
 /// Cuts the data of the records into fields and hands each to the selected decoder.
 class IGS_API igsInEngine : public igsInBuffer {
@@ -45,13 +46,66 @@ class IGS_API igsInEngine : public igsInBuffer {
     if (halt != 0) freeze();
   }
   void pre_decode();
-  bool fast_decode();
   void slow_decode();
-  bool fixed_fast_decode(unsigned width);
   void fixed_slow_decode(unsigned width);
+
+  // With the decoder's own class, so that nothing is called virtually for the common field.
+  template <class Decoder>
+  void decode_with(Decoder& decoder);
+  template <class Decoder>
+  bool fast_decode(Decoder& decoder);
+  template <class Decoder>
+  void fixed_decode_with(Decoder& decoder, unsigned width);
+  template <class Decoder>
+  bool fixed_fast_decode(Decoder& decoder, unsigned width);
 
  private:
   igsDecoder* m_decoder = nullptr;
   char m_param_delimiter = ',';
   char m_record_delimiter = ';';
 };
+
+template <class Decoder>
+void igsInEngine::decode_with(Decoder& decoder) {
+  decoder.reset_fast_decode();
+  if (**this == ' ' || **this == '\n') pre_decode();
+  if (fast_decode(decoder)) return;
+  decoder.reset_slow_decode();
+  slow_decode();
+}
+
+template <class Decoder>
+bool igsInEngine::fast_decode(Decoder& decoder) {
+  if (decoder.fast_permitted() == 0) return false;
+  const char* const text = cursor();
+  const std::size_t consumed = decoder.decode_fast(text, record_end());
+  int ends_record = 0;
+  // The columns behind the data hold digits and a letter, too, which might be a delimiter.
+  if (text + consumed >= data_end() || text[consumed] == '\0' || !delimiter(text[consumed], ends_record)) return false;
+  *this += static_cast<unsigned>(consumed + 1);
+  halt_buffer(ends_record);
+  return true;
+}
+
+template <class Decoder>
+void igsInEngine::fixed_decode_with(Decoder& decoder, unsigned width) {
+  decoder.reset_fast_decode();
+  if (fixed_fast_decode(decoder, width)) return;
+  decoder.reset_slow_decode();
+  fixed_slow_decode(width);
+}
+
+template <class Decoder>
+bool igsInEngine::fixed_fast_decode(Decoder& decoder, unsigned width) {
+  if (decoder.fast_permitted() == 0) return false;
+  char* const field = cursor();
+  // The end of the record is a NUL already.
+  char* const end = field + std::min<std::ptrdiff_t>(width, record_end() - field);
+  const char saved = *end;
+  *end = '\0';
+  const std::size_t consumed = decoder.decode_fast(field, record_end());
+  *end = saved;
+  if (consumed != width) return false;
+  *this += width;
+  return true;
+}

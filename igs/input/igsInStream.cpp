@@ -1,20 +1,24 @@
 #include "igs/input/igsInStream.h"
 
+#include "igs/input/eightCharacters.h"
+
 igsInStream::igsInStream(std::istream& in, const igsInOptions& options) : igsInEngine(in, options) {
   configure_for_decode(&m_int_decoder);
 }
 
-void igsInStream::read_field(igsDecoder& decoder) {
+template <class Decoder>
+void igsInStream::read_field(Decoder& decoder) {
   m_collected = 0;
   configure_for_decode(&decoder);
-  decode();
+  decode_with(decoder);
   m_value_present = decoder.value_present();
 }
 
-void igsInStream::read_field(igsDecoder& decoder, unsigned width) {
+template <class Decoder>
+void igsInStream::read_field(Decoder& decoder, unsigned width) {
   m_collected = 0;
   configure_for_decode(&decoder);
-  fixed_decode(width);
+  fixed_decode_with(decoder, width);
   m_value_present = decoder.value_present();
 }
 
@@ -26,6 +30,28 @@ void igsInStream::read_integer(int& value) {
 void igsInStream::read_integer(unsigned width, int& value) {
   read_field(m_int_decoder, width);
   value = m_int_decoder.decoded_value();
+}
+
+// A number that stands right-aligned behind blanks, as almost all of fixed width do; nothing else is touched.
+bool igsInStream::read_plain_integer(unsigned width, int& value) {
+  constexpr unsigned most_columns = 8;
+  if (width > most_columns || record_end() - cursor() < std::ptrdiff_t{most_columns}) return false;
+  std::uint64_t number = 0;
+  const std::uint64_t columns = igs_eight::load(cursor()) << 8 * (most_columns - width);
+  if (!igs_eight::right_aligned_number(columns, width, number)) return false;
+  value = static_cast<int>(number);
+  m_int_decoder.take(value);
+  *this += width;
+  return true;
+}
+
+void igsInStream::read_integers(unsigned width, std::initializer_list<int*> values) {
+  m_collected = 0;
+  configure_for_decode(&m_int_decoder);
+  for (int* const value : values) {
+    if (!read_plain_integer(width, *value)) read_integer(width, *value);
+  }
+  m_value_present = m_int_decoder.value_present();
 }
 
 void igsInStream::read_double(double& value) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <istream>
 
 #include "igs/input/igsDoubleDecoder.h"
@@ -28,6 +29,8 @@ class IGS_API igsInStream : public igsInEngine {
   void read_integer(int& value);
   /// An integer of `width` columns.
   void read_integer(unsigned width, int& value);
+  /// Integers of `width` columns each, one after the other.
+  void read_integers(unsigned width, std::initializer_list<int*> values);
   /// A free-format real.
   void read_double(double& value);
   /// A Hollerith string.
@@ -64,8 +67,11 @@ class IGS_API igsInStream : public igsInEngine {
   void collect_errors();
 
  private:
-  void read_field(igsDecoder& decoder);
-  void read_field(igsDecoder& decoder, unsigned width);
+  bool read_plain_integer(unsigned width, int& value);
+  template <class Decoder>
+  void read_field(Decoder& decoder);
+  template <class Decoder>
+  void read_field(Decoder& decoder, unsigned width);
 
   igsIntDecoder m_int_decoder;
   igsDoubleDecoder m_double_decoder;

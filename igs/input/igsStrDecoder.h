@@ -8,7 +8,7 @@ class IGS_API igsStrDecoder final : public igsDecoder {
  public:
   igsStrDecoder() : igsDecoder(1) {}
 
-  std::size_t decode_fast(const char* text) override;
+  std::size_t decode_fast(const char* text, const char* readable_end) override;
   const utString& decoded_value() const { return m_value; }
 
  protected:

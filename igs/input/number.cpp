@@ -12,6 +12,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "igs/input/eightCharacters.h"
+
 namespace {
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
@@ -102,27 +104,45 @@ struct Mantissa {
 
 constexpr int max_digits = 19;
 
+constexpr std::array<std::uint64_t, 9> short_powers = {1,      10,      100,      1000,     10000,
+                                                       100000, 1000000, 10000000, 100000000};
+
+// Puts the digits at `p` behind those of `value`; `p` is left past them.
+[[gnu::always_inline]] inline void read_digits(const char*& p, const char* readable_end, std::uint64_t& value) {
+  while (readable_end - p >= 8) {
+    std::uint64_t digits = 0;
+    const unsigned count = igs_eight::leading_digits(igs_eight::load(p), digits);
+    if (count == 0) return;
+    value = value * short_powers[count] + igs_eight::number(digits << (64 - 8 * count));
+    p += count;
+    if (count < 8) return;
+  }
+  while (is_digit(*p)) value = value * 10 + digit_value(*p++);
+}
+
+// Leading zeros, and the point before or among them, are no significant digits.
+std::ptrdiff_t count_leading_zeros(const char* first, const char* last) {
+  std::ptrdiff_t count = 0;
+  for (const char* p = first; p < last && (*p == '0' || *p == '.'); ++p) count += *p == '0' ? 1 : 0;
+  return count;
+}
+
 // The text from `p` on as a mantissa; `p` is left past it. False when there is no digit.
-bool read_mantissa(const char*& p, Mantissa& mantissa) {
+[[gnu::always_inline]] inline bool read_mantissa(const char*& p, const char* readable_end, Mantissa& mantissa) {
   const char* const start = p;
   std::uint64_t value = 0;
-  while (is_digit(*p)) value = value * 10 + digit_value(*p++);
+  read_digits(p, readable_end, value);
   std::ptrdiff_t count = p - start;
   if (*p == '.') {
     const char* const fraction = ++p;
-    while (is_digit(*p)) value = value * 10 + digit_value(*p++);
+    read_digits(p, readable_end, value);
     const std::ptrdiff_t scale = p - fraction;
     count += scale;
     mantissa.scale = static_cast<int>(std::min<std::ptrdiff_t>(scale, INT_MAX));
   }
   if (count == 0) return false;
+  if (count > max_digits) count -= count_leading_zeros(start, p);
   mantissa.value = value;
-  if (count > max_digits) {
-    const char* significant = start;
-    while (significant < p && (*significant == '0' || *significant == '.')) {
-      if (*significant++ == '0') --count;
-    }
-  }
   mantissa.digits = static_cast<int>(std::min<std::ptrdiff_t>(count, max_digits + 1));
   return true;
 }
@@ -166,9 +186,8 @@ void weigh(Written& number) {
   number.magnitude = position;
 }
 
-double decimal_value(const char* first, const char* last, const Mantissa& mantissa, std::int64_t exponent) {
-  double value = 0;
-  if (convert_exactly(mantissa, exponent - mantissa.scale, value)) return value;
+// The general conversion.
+[[gnu::noinline]] double convert_text(const char* first, const char* last, std::int64_t exponent) {
   Written number{first, last, 0, true, exponent};
   weigh(number);
   return convert_written(number, std::chars_format::general, 1);
@@ -221,18 +240,13 @@ std::int64_t read_d_exponent(const char*& p) {
 
 bool at_d(const char* p, bool accept_d) { return accept_d && (*p == 'D' || *p == 'd'); }
 
-bool read_decimal(const char*& p, bool accept_d, double& value) {
-  const char* const first = p;
-  Mantissa mantissa;
-  const char* q = p;
-  if (!read_mantissa(q, mantissa)) return false;
-  const char* const last = q;
-  p = last;
+// The exponents behind a mantissa: one marked by E, and then one marked by D.
+[[gnu::noinline]] std::int64_t read_exponents(const char*& p, bool accept_d) {
   std::int64_t exponent = 0;
+  const char* q = p;
   if (lower(*q) == 'e' && read_exponent(++q, exponent)) p = q;
   if (at_d(p, accept_d)) exponent += read_d_exponent(p);
-  value = decimal_value(first, last, mantissa, exponent);
-  return true;
+  return exponent;
 }
 
 // The forms that are not decimal; a D behind them multiplies the value.
@@ -248,15 +262,37 @@ bool read_special(const char*& p, bool accept_d, double& value) {
   return true;
 }
 
-std::size_t parse(const char* text, bool accept_d, double& value) {
+bool read_decimal(const char*& p, const char* readable_end, bool accept_d, double& value) {
+  const char* const first = p;
+  Mantissa mantissa;
+  if (!read_mantissa(p, readable_end, mantissa)) {
+    p = first;
+    return false;
+  }
+  const char* const last = p;
+  const bool may_be_exponent = *p >= 'D' && *p <= 'e';
+  const std::int64_t exponent = may_be_exponent ? read_exponents(p, accept_d) : 0;
+  if (!convert_exactly(mantissa, exponent - mantissa.scale, value)) value = convert_text(first, last, exponent);
+  return true;
+}
+
+// What read_decimal cannot read as it stands: special forms, or nothing.
+[[gnu::noinline]] const char* read_odd(const char* text, const char* p, bool accept_d, double& value) {
+  if (read_special(p, accept_d, value) || read_decimal(p, p, accept_d, value)) return p;
+  value = 0;
+  if (at_d(text, accept_d)) read_d_exponent(text);
+  return text;
+}
+
+std::size_t parse(const char* text, const char* readable_end, bool accept_d, double& value) {
+  if (readable_end == nullptr) readable_end = text;
   value = 0;
   const char* p = skip_space(text);
   const bool negative = skip_sign(p);
-  const bool plain_digit = (*p >= '1' && *p <= '9') || *p == '.' || (*p == '0' && lower(p[1]) != 'x');
-  if ((plain_digit || !read_special(p, accept_d, value)) && !read_decimal(p, accept_d, value)) {
-    p = text;
-    if (at_d(p, accept_d)) read_d_exponent(p);
-    return static_cast<std::size_t>(p - text);
+  const bool plain = (is_digit(*p) && (*p != '0' || lower(p[1]) != 'x')) || *p == '.';
+  if (!plain || !read_decimal(p, readable_end, accept_d, value)) {
+    p = read_odd(text, p, accept_d, value);
+    if (p == text) return 0;
   }
   if (negative) value = -value;
   return static_cast<std::size_t>(p - text);
@@ -270,13 +306,19 @@ std::size_t igs_number::parse_int(const char* text, int& value) {
   const bool negative = skip_sign(p);
   if (!is_digit(*p)) return 0;
   constexpr std::int64_t limit = std::int64_t{INT_MAX} + 1;
+  constexpr int surely_below_limit = 9;  // digits
   std::int64_t sum = 0;
+  for (int i = 0; i < surely_below_limit && is_digit(*p); ++i) sum = sum * 10 + digit_value(*p++);
   for (; is_digit(*p); ++p) sum = std::min(sum * 10 + digit_value(*p), limit);
   if (negative) sum = -sum;
-  value = static_cast<int>(std::clamp<std::int64_t>(sum, INT_MIN, INT_MAX));
+  value = static_cast<int>(std::min<std::int64_t>(sum, INT_MAX));
   return static_cast<std::size_t>(p - text);
 }
 
-std::size_t igs_number::parse_real(const char* text, double& value) { return parse(text, false, value); }
+std::size_t igs_number::parse_real(const char* text, double& value, const char* readable_end) {
+  return parse(text, readable_end, false, value);
+}
 
-std::size_t igs_number::parse_real_with_d(const char* text, double& value) { return parse(text, true, value); }
+std::size_t igs_number::parse_real_with_d(const char* text, double& value, const char* readable_end) {
+  return parse(text, readable_end, true, value);
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <cstring>
+
+/// Eight characters looked at together: a word whose lowest byte is the first of them. In words of digits each byte
+/// holds a value from 0 to 9.
+namespace igs_eight {
+
+inline constexpr std::uint64_t every_byte = 0x0101010101010101U;
+
+inline std::uint64_t load(const char* text) {
+  std::uint64_t word = 0;
+  if constexpr (std::endian::native == std::endian::little) {
+    std::memcpy(&word, text, sizeof word);
+  } else {
+    for (unsigned i = 0; i < 8; ++i) word |= std::uint64_t{static_cast<unsigned char>(text[i])} << (8 * i);
+  }
+  return word;
+}
+
+/// How many digits stand before the first character that is none, 8 where all are digits. `digits` receives the
+/// values of these; its bytes behind them mean nothing.
+inline unsigned leading_digits(std::uint64_t characters, std::uint64_t& digits) {
+  digits = characters ^ (every_byte * '0');
+  // A byte above 9 gets its highest bit; what it carries over reaches only the bytes behind it.
+  const std::uint64_t others = (digits | (digits + every_byte * 0x76)) & (every_byte << 7);
+  return others == 0 ? 8 : static_cast<unsigned>(std::countr_zero(others)) / 8;
+}
+
+/// The decimal number that eight digits make; the first is the most significant one.
+inline std::uint64_t number(std::uint64_t digits) {
+  constexpr std::uint64_t every_fourth_byte = 0x000000FF000000FFU;
+  constexpr std::uint64_t first_and_third = 100 + (std::uint64_t{1000000} << 32);
+  constexpr std::uint64_t second_and_fourth = 1 + (std::uint64_t{10000} << 32);
+  digits = digits * 10 + (digits >> 8);  // every other byte now holds a pair
+  return ((digits & every_fourth_byte) * first_and_third + ((digits >> 16) & every_fourth_byte) * second_and_fourth) >>
+         32;
+}
+
+/// The number that stands right-aligned in the last `width` (1 to 8) of the eight characters, behind nothing but
+/// blanks; false when these columns hold anything else, also when all are blank.
+inline bool right_aligned_number(std::uint64_t characters, unsigned width, std::uint64_t& value) {
+  // The columns before the number count as blanks; a digit then reads as 0 to 9, a blank as 16.
+  const std::uint64_t before = width == 8 ? 0 : ~std::uint64_t{0} >> (8 * width);
+  const std::uint64_t columns = ((characters & ~before) | (before & (every_byte * ' '))) ^ (every_byte * '0');
+  const std::uint64_t blanks = (columns >> 4) & every_byte;
+  const std::uint64_t blank_bytes = blanks * 0xFF;
+  const std::uint64_t digits = columns & ~(every_byte << 4);
+  const bool only_digits = ((digits | (digits + every_byte * 6)) & (every_byte * 0xF0)) == 0;
+  const bool blanks_lead = (blank_bytes & (blank_bytes + 1)) == 0;
+  const bool blanks_empty = (digits & blank_bytes) == 0;
+  if (!only_digits || !blanks_lead || !blanks_empty || blank_bytes == ~std::uint64_t{0}) return false;
+  value = number(digits);
+  return true;
+}
+
+}  // namespace igs_eight
