@@ -6,6 +6,7 @@
 #include "igs/errors/igsErrorLog.h"
 #include "igs/errors/igsFixer.h"
 #include "igs/file/igsDirectoryEntry.h"
+#include "igs/file/igsEntityPool.h"
 #include "igs/file/igsFileMemory.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsObject.h"
@@ -35,6 +36,7 @@ igsFile::igsFile(const utString& pathname)
       m_start_section(this),
       m_global_section(this),
       m_terminate_section(this),
+      m_pool(std::make_unique<igsEntityPool>()),
       m_on_heap(newest_on_heap == this) {
   newest_on_heap = nullptr;
   igsObjectSystem::initialize_system();
@@ -45,7 +47,7 @@ igsFile::~igsFile() {
   for (std::size_t i = 0; i < m_slots.size(); ++i) {
     if (m_slots[i] != nullptr) delete m_slots[i]->object();
   }
-  for (const auto& [slot, manager] : m_pending) delete manager;
+  for (const auto& [slot, manager] : m_pending) m_pool->destroy(manager);
   igsObjectSystem::file_deleted(this);
 }
 
@@ -74,13 +76,12 @@ void igsFile::object_created(igsObject* object) {
   make_room(m_slots);
   m_free_slots.reserve(m_slots.capacity());
   const int slot = m_free_slots.empty() ? static_cast<int>(m_slots.size()) : m_free_slots.back();
-  auto entry = std::make_unique<igsDirectoryEntry>();
   igsObjectManager* manager;
   if (const auto waiting = m_pending.find(slot); waiting != m_pending.end()) {
     manager = waiting->second;
     m_pending.erase(waiting);
   } else {
-    manager = new igsObjectManager;
+    manager = m_pool->make_manager();
     ++m_num_managers;
   }
   if (m_free_slots.empty()) {
@@ -88,7 +89,7 @@ void igsFile::object_created(igsObject* object) {
   } else {
     m_free_slots.pop_back();
   }
-  manager->set_directory_entry(entry.release());
+  manager->set_directory_entry(igsEntityPool::make_entry(manager));
   manager->directory_entry()->set_manager(manager);
   manager->set_object(object);
   manager->set_file(this);
@@ -107,11 +108,16 @@ void igsFile::ptr_created(igsObjectPtr* pointer, int slot) {
 }
 
 igsObjectManager* igsFile::add_pending(int slot) {
-  auto manager = std::make_unique<igsObjectManager>();
+  igsObjectManager*& manager = m_pending[slot];
+  try {
+    manager = m_pool->make_manager();
+  } catch (...) {
+    m_pending.erase(slot);
+    throw;
+  }
   manager->set_file(this);
-  m_pending.emplace(slot, manager.get());
   ++m_num_managers;
-  return manager.release();
+  return manager;
 }
 
 void igsFile::object_deleted(igsObject* object) {
@@ -120,9 +126,7 @@ void igsFile::object_deleted(igsObject* object) {
   m_slots[index(slot)] = nullptr;
   m_free_slots.push_back(slot);
   --m_num_managers;
-  const igsDirectoryEntry* const entry = manager->directory_entry();
-  delete manager;
-  delete entry;
+  m_pool->destroy(manager);
 }
 
 // The prototype's slot was the last to be made: taking it back leaves no trace.

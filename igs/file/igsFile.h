@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <iosfwd>
 #include <map>
+#include <memory>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -15,6 +16,7 @@
 #include "igs/support/kluTypeInfo.h"
 #include "igs/support/utString.h"
 
+class igsEntityPool;
 class igsError;
 class igsErrorLog;
 class igsInStream;
@@ -159,6 +161,7 @@ class IGS_API igsFile {
   std::vector<igsObjectManager*> m_slots;
   std::vector<int> m_free_slots;
   std::unordered_map<int, igsObjectManager*> m_pending;
+  std::unique_ptr<igsEntityPool> m_pool;
   int m_num_managers = 0;
   int m_system_location = -1;
   utString m_write_dir;

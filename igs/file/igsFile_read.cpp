@@ -3,6 +3,7 @@
 #include <new>
 
 #include "igs/file/igsDirectoryEntry.h"
+#include "igs/file/igsEntityPool.h"
 #include "igs/file/igsFile.h"
 #include "igs/file/igsFileMemory.h"
 #include "igs/file/igsFile_errors.h"
@@ -262,7 +263,7 @@ void igsFile::tidyup() {
     }
   }
   for (const auto& [slot, manager] : m_pending) {
-    delete manager;
+    m_pool->destroy(manager);
     --m_num_managers;
   }
   m_pending = {};

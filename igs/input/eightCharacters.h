@@ -39,21 +39,34 @@ inline std::uint64_t number(std::uint64_t digits) {
          32;
 }
 
-/// The number that stands right-aligned in the last `width` (1 to 8) of the eight characters, behind nothing but
-/// blanks; false when these columns hold anything else, also when all are blank.
-inline bool right_aligned_number(std::uint64_t characters, unsigned width, std::uint64_t& value) {
-  // The columns before the number count as blanks; a digit then reads as 0 to 9, a blank as 16.
-  const std::uint64_t before = width == 8 ? 0 : ~std::uint64_t{0} >> (8 * width);
-  const std::uint64_t columns = ((characters & ~before) | (before & (every_byte * ' '))) ^ (every_byte * '0');
-  const std::uint64_t blanks = (columns >> 4) & every_byte;
-  const std::uint64_t blank_bytes = blanks * 0xFF;
-  const std::uint64_t digits = columns & ~(every_byte << 4);
-  const bool only_digits = ((digits | (digits + every_byte * 6)) & (every_byte * 0xF0)) == 0;
-  const bool blanks_lead = (blank_bytes & (blank_bytes + 1)) == 0;
-  const bool blanks_empty = (digits & blank_bytes) == 0;
-  if (!only_digits || !blanks_lead || !blanks_empty || blank_bytes == ~std::uint64_t{0}) return false;
+inline constexpr std::uint64_t blanks = every_byte * ' ';
+
+/// The first `width` (1 to 8) characters at the end of eight, behind blanks.
+inline std::uint64_t right_aligned(std::uint64_t characters, unsigned width) {
+  return width == 8 ? characters : (characters << (64 - 8 * width)) | (blanks >> (8 * width));
+}
+
+/// The number that eight characters make, right-aligned behind blanks; false when they hold anything else, and when all
+/// are blank.
+inline bool right_aligned_number(std::uint64_t characters, std::uint64_t& value) {
+  const std::uint64_t not_blank = characters ^ blanks;
+  if (not_blank == 0) return false;
+  const std::uint64_t behind_blanks = ~std::uint64_t{0} << (std::countr_zero(not_blank) & ~7);
+  const std::uint64_t digits = (characters ^ (every_byte * '0')) & behind_blanks;
+  if (((digits | (digits + every_byte * 0x76)) & (every_byte << 7)) != 0) return false;
   value = number(digits);
   return true;
+}
+
+/// Number of blanks that lead.
+inline unsigned leading_blanks(std::uint64_t characters) {
+  const std::uint64_t not_blank = characters ^ blanks;
+  return not_blank == 0 ? 8 : static_cast<unsigned>(std::countr_zero(not_blank)) / 8;
+}
+
+/// True when one of the characters is a NUL.
+inline bool holds_nul(std::uint64_t characters) {
+  return ((characters - every_byte) & ~characters & (every_byte << 7)) != 0;
 }
 
 }  // namespace igs_eight

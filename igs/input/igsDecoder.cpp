@@ -64,10 +64,4 @@ void igsDecoder::receive(char c) {
 
 void igsDecoder::store(char c) { m_characters.push_back(c); }
 
-igsIOErrorSet igsDecoder::take_errors() {
-  const igsIOErrorSet errors = m_errors;
-  m_errors.clear();
-  return errors;
-}
-
 void igsDecoder::collect_errors(igsIOErrorcoDynArr& errors) { take_errors().append_to(errors); }

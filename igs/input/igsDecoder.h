@@ -41,7 +41,11 @@ class IGS_API igsDecoder {
   /// Appends the errors to the list and forgets them.
   void collect_errors(igsIOErrorcoDynArr& errors);
   /// The errors, which are forgotten.
-  igsIOErrorSet take_errors();
+  igsIOErrorSet take_errors() {
+    const igsIOErrorSet errors = m_errors;
+    m_errors.clear();
+    return errors;
+  }
 
  protected:
   enum class State { start, storing, embedded_blank, split_line, embedded_split, string, stop };

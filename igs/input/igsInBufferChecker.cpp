@@ -62,7 +62,9 @@ int igsInBufferChecker::check_plain(char* record, const igsRecordMarks& plain_ma
   m_record = record;
   m_length = record_length;
   igsRecordMarks marks = plain_marks;
-  const bool semantics = check_semantics(marks);
+  const bool goes_on = marks.section == m_current.section && marks.number == m_current.number + 1 &&
+                       marks.backpointer == m_current.backpointer;
+  const bool semantics = goes_on || check_semantics(marks);
   accept(marks);
   data_length = mark_data_end(marks.section);
   return semantics ? 1 : 0;

@@ -1,5 +1,9 @@
 #include "igs/input/igsInEngine.h"
 
+#include <algorithm>
+
+#include "igs/input/eightCharacters.h"
+
 igsInEngine::igsInEngine(std::istream& in, const igsInOptions& options) : igsInBuffer(in, options) {}
 
 void igsInEngine::decode() { decode_with(*m_decoder); }
@@ -11,8 +15,10 @@ void igsInEngine::pre_decode() {
   while (**this == ' ' || **this == '\n') {
     const char* const start = cursor();
     const char* p = start + 1;
+    unsigned blanks = 8;
+    while (blanks == 8 && record_end() - p >= 8) p += blanks = igs_eight::leading_blanks(igs_eight::load(p));
     while (p < data_end() && *p == ' ') ++p;
-    *this += static_cast<unsigned>(p - start);
+    *this += static_cast<unsigned>(std::min(p, data_end()) - start);
   }
 }
 

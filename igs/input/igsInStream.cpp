@@ -32,15 +32,21 @@ void igsInStream::read_integer(unsigned width, int& value) {
   value = m_int_decoder.decoded_value();
 }
 
-// A number that stands right-aligned behind blanks, as almost all of fixed width do; nothing else is touched.
+// Blanks, or a number right-aligned behind blanks, are almost all there is in fields of fixed width; nothing else is
+// touched.
 bool igsInStream::read_plain_integer(unsigned width, int& value) {
   constexpr unsigned most_columns = 8;
   if (width > most_columns || record_end() - cursor() < std::ptrdiff_t{most_columns}) return false;
+  const std::uint64_t columns = igs_eight::right_aligned(igs_eight::load(cursor()), width);
   std::uint64_t number = 0;
-  const std::uint64_t columns = igs_eight::load(cursor()) << 8 * (most_columns - width);
-  if (!igs_eight::right_aligned_number(columns, width, number)) return false;
+  if (igs_eight::right_aligned_number(columns, number)) {
+    m_int_decoder.take(static_cast<int>(number));
+  } else if (columns == igs_eight::blanks) {
+    m_int_decoder.reset_fast_decode();
+  } else {
+    return false;
+  }
   value = static_cast<int>(number);
-  m_int_decoder.take(value);
   *this += width;
   return true;
 }
@@ -65,6 +71,15 @@ void igsInStream::read_holerith(utString& value) {
 }
 
 void igsInStream::read_string(unsigned width, utString& value) {
+  if (width == 8 && record_end() - cursor() >= 8 && !igs_eight::holds_nul(igs_eight::load(cursor()))) {
+    m_collected = 0;
+    configure_for_decode(&m_str_decoder);
+    m_str_decoder.take();
+    m_value_present = 1;
+    value.assign(cursor(), width);
+    *this += width;
+    return;
+  }
   read_field(m_str_decoder, width);
   value = m_str_decoder.decoded_value();
 }
@@ -72,12 +87,11 @@ void igsInStream::read_string(unsigned width, utString& value) {
 // The real decoder is left selected.
 void igsInStream::collect_errors() {
   m_collected_errors = take_errors();
-  for (igsDecoder* decoder :
-       {static_cast<igsDecoder*>(&m_int_decoder), static_cast<igsDecoder*>(&m_str_decoder),
-        static_cast<igsDecoder*>(&m_holerith_decoder), static_cast<igsDecoder*>(&m_double_decoder)}) {
-    configure_for_decode(decoder);
-    m_collected_errors.merge(decoder->take_errors());
-  }
+  m_collected_errors.merge(m_int_decoder.take_errors());
+  m_collected_errors.merge(m_str_decoder.take_errors());
+  m_collected_errors.merge(m_holerith_decoder.take_errors());
+  m_collected_errors.merge(m_double_decoder.take_errors());
+  configure_for_decode(&m_double_decoder);
   position(m_collected_section, m_collected_line, m_collected_column);
   m_collected = 1;
 }

@@ -10,7 +10,9 @@ namespace {
 // The value of the 7 columns behind `text`, which must hold blanks and then at least one digit.
 bool read_columns(const char* text, int& value) {
   std::uint64_t number = 0;
-  if (!igs_eight::right_aligned_number(igs_eight::load(text), sequence_columns, number)) return false;
+  constexpr std::uint64_t first_character = 0xFF;
+  const std::uint64_t columns = (igs_eight::load(text) & ~first_character) | ' ';
+  if (!igs_eight::right_aligned_number(columns, number)) return false;
   value = static_cast<int>(number);
   return true;
 }

@@ -18,34 +18,18 @@ igsObjectPtr::igsObjectPtr(int de_number) {
   igsObjectSystem::ptr_created(this, (de_number - 1) / 2);
 }
 
-igsObjectPtr::igsObjectPtr(const igsObjectPtr& other) {
-  if (other.m_manager != nullptr) other.m_manager->add_pointer(this);
-}
+void igsObjectPtr::join(const igsObjectPtr& other) { other.m_manager->add_pointer(this); }
 
-igsObjectPtr::igsObjectPtr(igsObjectPtr&& other) noexcept {
-  if (other.m_manager != nullptr) other.m_manager->move_pointer(&other, this);
-}
+void igsObjectPtr::replace(igsObjectPtr& other) noexcept { other.m_manager->move_pointer(&other, this); }
 
 // Giving up a reference deletes nothing, so that a pointer may be assigned to itself.
-// NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
-igsObjectPtr& igsObjectPtr::operator=(const igsObjectPtr& other) {
+void igsObjectPtr::assign(const igsObjectPtr& other) {
   igsObjectManager* const target = other.m_manager;
-  release();
+  if (m_manager != nullptr) release();
   if (target != nullptr) target->add_pointer(this);
-  return *this;
 }
-
-igsObjectPtr& igsObjectPtr::operator=(igsObjectPtr&& other) noexcept {
-  if (this == &other) return *this;
-  release();
-  if (other.m_manager != nullptr) other.m_manager->move_pointer(&other, this);
-  return *this;
-}
-
-igsObjectPtr::~igsObjectPtr() { release(); }
 
 void igsObjectPtr::release() {
-  if (m_manager == nullptr) return;
   m_manager->delete_pointer(this);
   m_manager = nullptr;
   m_index = -1;
@@ -92,7 +76,7 @@ void remove(igsObject* object) {
 void igsObjectPtr::unreference() {
   igsObject* const target = object();
   const bool is_last = target != nullptr && m_manager->num_references() == 1 && !m_manager->unreferencing();
-  release();
+  if (m_manager != nullptr) release();
   if (!is_last) return;
   std::vector<igsObject*>& waiting = doomed_entities();
   if (cascade_depth >= max_cascade_depth) {

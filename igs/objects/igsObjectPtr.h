@@ -15,12 +15,26 @@ class IGS_API igsObjectPtr {
   /// Binds to the entity with this DE number in the current file, now or when that entity comes into being. A number
   /// that is no DE number (even, or below 1) makes a null pointer.
   explicit igsObjectPtr(int de_number);
-  igsObjectPtr(const igsObjectPtr& other);
-  igsObjectPtr(igsObjectPtr&& other) noexcept;
+  igsObjectPtr(const igsObjectPtr& other) {
+    if (other.m_manager != nullptr) join(other);
+  }
+  igsObjectPtr(igsObjectPtr&& other) noexcept {
+    if (other.m_manager != nullptr) replace(other);
+  }
   /// Assigning a pointer to itself registers it anew; its slot in the target's table may change.
-  igsObjectPtr& operator=(const igsObjectPtr& other);
-  igsObjectPtr& operator=(igsObjectPtr&& other) noexcept;
-  ~igsObjectPtr();
+  igsObjectPtr& operator=(const igsObjectPtr& other) {
+    if (m_manager != nullptr || other.m_manager != nullptr) assign(other);
+    return *this;
+  }
+  igsObjectPtr& operator=(igsObjectPtr&& other) noexcept {
+    if (this == &other) return *this;
+    if (m_manager != nullptr) release();
+    if (other.m_manager != nullptr) replace(other);
+    return *this;
+  }
+  ~igsObjectPtr() {
+    if (m_manager != nullptr) release();
+  }
 
   /// The target; null for a null pointer and for one whose entity does not exist yet.
   igsObject* object() const;
@@ -41,6 +55,10 @@ class IGS_API igsObjectPtr {
  private:
   friend class igsObjectManager;
   void release();
+  void assign(const igsObjectPtr& other);
+  /// This null pointer comes to refer to the other's target, beside it or in its place.
+  void join(const igsObjectPtr& other);
+  void replace(igsObjectPtr& other) noexcept;
 
   igsObjectManager* m_manager = nullptr;
   int m_index = -1;

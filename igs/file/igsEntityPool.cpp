@@ -1,0 +1,54 @@
+#include "igs/file/igsEntityPool.h"
+
+#include <algorithm>
+#include <new>
+#include <optional>
+
+#include "igs/file/igsDirectoryEntry.h"
+#include "igs/objects/igsObjectManager.h"
+
+struct igsEntityPool::Cell : igsObjectManager {
+  std::optional<igsDirectoryEntry> entry;
+};
+
+union igsEntityPool::Place {
+  Place* next_free;
+  alignas(Cell) std::byte cell[sizeof(Cell)];
+};
+
+namespace {
+constexpr std::size_t smallest_block = 8;
+constexpr std::size_t largest_block = 512;
+}  // namespace
+
+igsEntityPool::igsEntityPool() : m_block_size(smallest_block / 2) {}
+
+igsEntityPool::~igsEntityPool() = default;
+
+void igsEntityPool::grow() {
+  const std::size_t size = std::min(2 * m_block_size, largest_block);
+  m_blocks.push_back(std::make_unique_for_overwrite<Place[]>(size));
+  m_block_size = size;
+  m_used = 0;
+}
+
+igsObjectManager* igsEntityPool::make_manager() {
+  Place* place = m_free;
+  if (place != nullptr) {
+    m_free = place->next_free;
+  } else {
+    if (m_blocks.empty() || m_used == m_block_size) grow();
+    place = &m_blocks.back()[m_used++];
+  }
+  return new (place->cell) Cell;
+}
+
+igsDirectoryEntry* igsEntityPool::make_entry(igsObjectManager* manager) {
+  return &static_cast<Cell*>(manager)->entry.emplace();
+}
+
+void igsEntityPool::destroy(igsObjectManager* manager) noexcept {
+  auto* const cell = static_cast<Cell*>(manager);
+  cell->~Cell();
+  m_free = new (cell) Place{m_free};
+}
