@@ -40,6 +40,8 @@ inline std::uint64_t number(std::uint64_t digits) {
 }
 
 inline constexpr std::uint64_t blanks = every_byte * ' ';
+/// A zero behind blanks.
+inline constexpr std::uint64_t single_zero = (blanks >> 8) | (std::uint64_t{'0'} << 56);
 
 /// The first `width` (1 to 8) characters at the end of eight, behind blanks.
 inline std::uint64_t right_aligned(std::uint64_t characters, unsigned width) {

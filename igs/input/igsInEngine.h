@@ -45,6 +45,17 @@ class IGS_API igsInEngine : public igsInBuffer {
   void halt_buffer(int halt) {
     if (halt != 0) freeze();
   }
+  /// Steps over a value of `length` columns at the read position and the delimiter behind it; false, nothing done, when
+  /// no delimiter of the data follows.
+  bool step_over_field(std::size_t length) {
+    const char* const behind = cursor() + length;
+    int ends_record = 0;
+    // The columns behind the data hold digits and a letter, too, which might be a delimiter.
+    if (behind >= data_end() || *behind == '\0' || !delimiter(*behind, ends_record)) return false;
+    *this += static_cast<unsigned>(length + 1);
+    halt_buffer(ends_record);
+    return true;
+  }
   void pre_decode();
   void slow_decode();
   void fixed_slow_decode(unsigned width);
@@ -77,14 +88,7 @@ void igsInEngine::decode_with(Decoder& decoder) {
 template <class Decoder>
 bool igsInEngine::fast_decode(Decoder& decoder) {
   if (decoder.fast_permitted() == 0) return false;
-  const char* const text = cursor();
-  const std::size_t consumed = decoder.decode_fast(text, record_end());
-  int ends_record = 0;
-  // The columns behind the data hold digits and a letter, too, which might be a delimiter.
-  if (text + consumed >= data_end() || text[consumed] == '\0' || !delimiter(text[consumed], ends_record)) return false;
-  *this += static_cast<unsigned>(consumed + 1);
-  halt_buffer(ends_record);
-  return true;
+  return step_over_field(decoder.decode_fast(cursor(), record_end()));
 }
 
 template <class Decoder>

@@ -22,9 +22,25 @@ void igsInStream::read_field(Decoder& decoder, unsigned width) {
   m_value_present = decoder.value_present();
 }
 
+// Up to seven digits and a delimiter are almost all there is; nothing else is touched.
+bool igsInStream::read_plain_integer(int& value) {
+  if (record_end() - cursor() < 8) return false;
+  std::uint64_t digits = 0;
+  const unsigned count = igs_eight::leading_digits(igs_eight::load(cursor()), digits);
+  if (count == 0 || count == 8 || !step_over_field(count)) return false;
+  value = static_cast<int>(igs_eight::number(digits << (64 - 8 * count)));
+  m_int_decoder.take(value);
+  return true;
+}
+
 void igsInStream::read_integer(int& value) {
-  read_field(m_int_decoder);
-  value = m_int_decoder.decoded_value();
+  m_collected = 0;
+  configure_for_decode(&m_int_decoder);
+  if (!read_plain_integer(value)) {
+    decode_with(m_int_decoder);
+    value = m_int_decoder.decoded_value();
+  }
+  m_value_present = m_int_decoder.value_present();
 }
 
 void igsInStream::read_integer(unsigned width, int& value) {
@@ -34,12 +50,11 @@ void igsInStream::read_integer(unsigned width, int& value) {
 
 // Blanks, or a number right-aligned behind blanks, are almost all there is in fields of fixed width; nothing else is
 // touched.
-bool igsInStream::read_plain_integer(unsigned width, int& value) {
-  constexpr unsigned most_columns = 8;
-  if (width > most_columns || record_end() - cursor() < std::ptrdiff_t{most_columns}) return false;
+inline bool igsInStream::read_plain_integer(unsigned width, int& value) {
+  if (width > 8 || record_end() - cursor() < 8) return false;
   const std::uint64_t columns = igs_eight::right_aligned(igs_eight::load(cursor()), width);
   std::uint64_t number = 0;
-  if (igs_eight::right_aligned_number(columns, number)) {
+  if (columns == igs_eight::single_zero || igs_eight::right_aligned_number(columns, number)) {
     m_int_decoder.take(static_cast<int>(number));
   } else if (columns == igs_eight::blanks) {
     m_int_decoder.reset_fast_decode();

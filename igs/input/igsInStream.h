@@ -67,6 +67,7 @@ class IGS_API igsInStream : public igsInEngine {
   void collect_errors();
 
  private:
+  bool read_plain_integer(int& value);
   bool read_plain_integer(unsigned width, int& value);
   template <class Decoder>
   void read_field(Decoder& decoder);

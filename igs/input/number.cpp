@@ -262,7 +262,7 @@ bool read_special(const char*& p, bool accept_d, double& value) {
   return true;
 }
 
-bool read_decimal(const char*& p, const char* readable_end, bool accept_d, double& value) {
+[[gnu::always_inline]] inline bool read_decimal(const char*& p, const char* readable_end, bool accept_d, double& value) {
   const char* const first = p;
   Mantissa mantissa;
   if (!read_mantissa(p, readable_end, mantissa)) {
