@@ -14,7 +14,7 @@
 
 namespace {
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
+using igs_number::is_digit;
 unsigned digit_value(char c) { return static_cast<unsigned char>(c) - unsigned{'0'}; }
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 bool is_hex_digit(char c) { return is_digit(c) || (lower(c) >= 'a' && lower(c) <= 'f'); }
@@ -94,7 +94,7 @@ double convert_written(const Written& number, std::chars_format format, std::int
 }
 
 /// The decimal digits of a mantissa.
-struct Mantissa {
+struct DecimalMantissa {
   std::uint64_t value = 0;  ///< of the digits without the point; meaningless above 19 significant digits
   int digits = 0;           ///< significant ones, 20 for more than 19
   int scale = 0;            ///< digits behind the point
@@ -103,7 +103,7 @@ struct Mantissa {
 constexpr int max_digits = 19;
 
 // The text from `p` on as a mantissa; `p` is left past it. False when there is no digit.
-bool read_mantissa(const char*& p, Mantissa& mantissa) {
+bool read_mantissa(const char*& p, DecimalMantissa& mantissa) {
   const char* const start = p;
   std::uint64_t value = 0;
   while (is_digit(*p)) value = value * 10 + digit_value(*p++);
@@ -131,7 +131,7 @@ constexpr std::array<double, 23> exact_powers = {1e0,  1e1,  1e2,  1e3,  1e4,  1
                                                  1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
 // Both the mantissa and the power of ten are doubles without error: one rounding gives the nearest double.
-bool convert_exactly(const Mantissa& mantissa, std::int64_t exponent, double& value) {
+bool convert_exactly(const DecimalMantissa& mantissa, std::int64_t exponent, double& value) {
 #if defined(FLT_EVAL_METHOD) && FLT_EVAL_METHOD != 0
   return false;
 #else
@@ -166,7 +166,7 @@ void weigh(Written& number) {
   number.magnitude = position;
 }
 
-double decimal_value(const char* first, const char* last, const Mantissa& mantissa, std::int64_t exponent) {
+double decimal_value(const char* first, const char* last, const DecimalMantissa& mantissa, std::int64_t exponent) {
   double value = 0;
   if (convert_exactly(mantissa, exponent - mantissa.scale, value)) return value;
   Written number{first, last, 0, true, exponent};
@@ -223,7 +223,7 @@ bool at_d(const char* p, bool accept_d) { return accept_d && (*p == 'D' || *p ==
 
 bool read_decimal(const char*& p, bool accept_d, double& value) {
   const char* const first = p;
-  Mantissa mantissa;
+  DecimalMantissa mantissa;
   const char* q = p;
   if (!read_mantissa(q, mantissa)) return false;
   const char* const last = q;

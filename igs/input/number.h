@@ -7,6 +7,8 @@
 /// returns the number of characters that belong to the number, 0 when there is none; the value is 0 then.
 namespace igs_number {
 
+inline constexpr bool is_digit(char c) { return c >= '0' && c <= '9'; }
+
 /// A decimal integer; one beyond 32 bits becomes the nearest 32-bit value.
 std::size_t parse_int(const char* text, int& value);
 
