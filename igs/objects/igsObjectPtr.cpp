@@ -19,6 +19,7 @@ igsObjectPtr::igsObjectPtr(int de_number) {
 }
 
 igsObjectPtr::igsObjectPtr(const igsObjectPtr& other) {
+  // What changes is the manager's list, not `other`. NOLINTNEXTLINE(cert-oop58-cpp)
   if (other.m_manager != nullptr) other.m_manager->add_pointer(this);
 }
 
