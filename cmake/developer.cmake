@@ -4,6 +4,8 @@ function(igs_developer_flags target)
     return()
   endif()
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion)
+  set_target_properties(${target} PROPERTIES
+    UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(${target} PRIVATE -Wno-restrict)  # false alarms in std::string (GCC bug 105651)
   endif()

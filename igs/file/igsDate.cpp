@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "igs/input/number.h"
 #include "igs/support/utOstream.h"
 
 namespace {
@@ -17,7 +18,7 @@ constexpr std::size_t point_from_end = 7;
 constexpr std::size_t month_from_end = 11;
 constexpr int earliest_year = 1980;
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
+using igs_number::is_digit;
 
 bool has_date_form(std::string_view text) {
   if (text.size() != short_form && text.size() != long_form) return false;

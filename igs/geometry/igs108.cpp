@@ -9,10 +9,6 @@
 #include "igs/objects/igsReferenceTest.h"
 #include "igs/support/coResourceTable.h"
 
-namespace {
-using BoundaryTest = igsReferenceTest<igs108NullBoundary, igs108WrongBoundaryType, igs108InvalidBoundary>;
-}  // namespace
-
 igs108::igs108() { set_directory_entry_type(igsEntity108, 0); }
 
 void igs108::set_coefficients(double a, double b, double c, double d) {
@@ -32,6 +28,7 @@ void igs108::check_pd() const {
 }
 
 void igs108::check_boundary() const {
+  using BoundaryTest = igsReferenceTest<igs108NullBoundary, igs108WrongBoundaryType, igs108InvalidBoundary>;
   if (directory_entry().form_number() != 0) {
     BoundaryTest::check(*this, m_boundary, igsKindOf<igsCurve>());
   } else if (m_boundary.object() != nullptr) {

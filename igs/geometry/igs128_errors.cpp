@@ -22,10 +22,10 @@ igsKnotVector* direction_v(igsObject* object) {
   return surface != nullptr ? &surface->direction_v() : nullptr;
 }
 
-double knot_tolerance() { return kel_resource_table_inquire().value(kelTolCoincBreakPoints); }
+double surface_knot_tolerance() { return kel_resource_table_inquire().value(kelTolCoincBreakPoints); }
 
 int raise_knot(igsKnotVector* direction, int i, double previous) {
-  return direction != nullptr ? direction->raise_knot(i, previous, knot_tolerance()) : 0;
+  return direction != nullptr ? direction->raise_knot(i, previous, surface_knot_tolerance()) : 0;
 }
 
 int start_at_range(igsKnotVector* direction) { return direction != nullptr ? direction->start_at_range() : 0; }
@@ -36,7 +36,7 @@ int limit_to_range(igsKnotVector* direction) { return direction != nullptr ? dir
 
 int snap_knots(igsKnotVector* direction) {
   if (direction == nullptr) return 0;
-  direction->snap_knots(knot_tolerance());
+  direction->snap_knots(surface_knot_tolerance());
   return 1;
 }
 }  // namespace

@@ -5,10 +5,6 @@
 #include "igs/objects/igsReferenceTest.h"
 #include "igs/support/coResourceTable.h"
 
-namespace {
-using SurfaceTest = igsReferenceTest<igs140NullSurface, igs140WrongSurfaceType, igs140InvalidSurface>;
-}  // namespace
-
 igs140::igs140() { set_directory_entry_type(igsEntity140, 0); }
 
 int igs140::set_indicator(const giVector3& indicator) {
@@ -18,6 +14,7 @@ int igs140::set_indicator(const giVector3& indicator) {
 }
 
 void igs140::check_pd() const {
+  using SurfaceTest = igsReferenceTest<igs140NullSurface, igs140WrongSurfaceType, igs140InvalidSurface>;
   const double tolerance = kel_resource_table_inquire().value(kelTolMinValue);
   if (m_indicator.is_undefined() || m_indicator.length() < tolerance) tag<igs140ZeroIndicator>();
   if (is_undefined_real(m_distance)) tag<igs140InvalidDistance>();

@@ -8,7 +8,6 @@
 #include "igs/objects/igsReferenceTest.h"
 
 namespace {
-using SurfaceTest = igsReferenceTest<igs141NullSurfacePtr, igs141InvalidSurfaceType, igs141InvalidSurfaceData>;
 using ModelSpaceCurveTest =
     igsReferenceTest<igs141NullModelSpaceCurvePtr, igs141InvalidModelSpaceCurveType, igs141InvalidModelSpaceCurveData>;
 using ParameterCurveTest =
@@ -86,6 +85,7 @@ void igs141::visit_pointers(igsPointerVisitor& visitor) {
 }
 
 void igs141::check_pd() const {
+  using SurfaceTest = igsReferenceTest<igs141NullSurfacePtr, igs141InvalidSurfaceType, igs141InvalidSurfaceData>;
   const int type = m_bounded_surface_representation, preference = m_preferred_representation;
   if (type < 0 || type > 1) tag<igs141InvalidBoundedSurfRep>(type);
   if (preference < 0 || preference > 3) tag<igs141InvalidPreferrenceFlag>(preference);

@@ -8,7 +8,6 @@
 #include "igs/objects/igsReferenceTest.h"
 
 namespace {
-using SurfaceTest = igsReferenceTest<igs142NullSurfacePtr, igs142InvalidSurfaceType, igs142InvalidSurfaceData>;
 using Curve2dTest = igsReferenceTest<igsNullIsLegal, igs142InvalidCurve2dType, igs142InvalidCurve2dData>;
 using Curve3dTest = igsReferenceTest<igsNullIsLegal, igs142InvalidCurve3dType, igs142InvalidCurve3dData>;
 }  // namespace
@@ -16,6 +15,7 @@ using Curve3dTest = igsReferenceTest<igsNullIsLegal, igs142InvalidCurve3dType, i
 igs142::igs142() { set_directory_entry_type(igsEntity142, 0); }
 
 void igs142::check_pd() const {
+  using SurfaceTest = igsReferenceTest<igs142NullSurfacePtr, igs142InvalidSurfaceType, igs142InvalidSurfaceData>;
   if (m_curve_creation < 0 || m_curve_creation > 3) tag<igs142InvalidCurveCreation>(m_curve_creation);
   if (m_preferred_representation < 0 || m_preferred_representation > 3) {
     tag<igs142InvalidPrefRepresentation>(m_preferred_representation);

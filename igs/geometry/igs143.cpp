@@ -7,11 +7,6 @@
 #include "igs/objects/igsEntityFields.h"
 #include "igs/objects/igsReferenceTest.h"
 
-namespace {
-using SurfaceTest = igsReferenceTest<igs143NullSurfacePtr, igs143InvalidSurfaceType, igs143InvalidSurfaceData>;
-using BoundaryTest = igsReferenceTest<igs143NullBoundaryPtr, igs143InvalidBoundaryType, igs143InvalidBoundaryData>;
-}  // namespace
-
 igs143::igs143() { set_directory_entry_type(igsEntity143, 0); }
 
 bool igs143::lies_on_surface(const igsObjectPtr& boundary) const {
@@ -19,6 +14,8 @@ bool igs143::lies_on_surface(const igsObjectPtr& boundary) const {
 }
 
 void igs143::check_pd() const {
+  using BoundaryTest = igsReferenceTest<igs143NullBoundaryPtr, igs143InvalidBoundaryType, igs143InvalidBoundaryData>;
+  using SurfaceTest = igsReferenceTest<igs143NullSurfacePtr, igs143InvalidSurfaceType, igs143InvalidSurfaceData>;
   const int type = m_surface_representation;
   if (type < 0 || type > 1) tag<igs143InvalidSurfaceRepresentation>(type);
   SurfaceTest::check(*this, m_basis_surface, igsKindOf<igsSurface>());

@@ -8,7 +8,6 @@
 #include "igs/objects/igsReferenceTest.h"
 
 namespace {
-using SurfaceTest = igsReferenceTest<igs144NullSurfacePtr, igs144InvalidSurfaceType, igs144InvalidSurfaceData>;
 using OuterTest = igsReferenceTest<igsNullIsLegal, igs144InvalidOuterBoundType, igs144InvalidOuterBoundData>;
 using InnerTest = igsReferenceTest<igs144NullInnerBoundPtr, igs142InvalidInnerBoundType, igs144InvalidInnerBoundData>;
 }  // namespace
@@ -26,6 +25,7 @@ int igs144::inner_boundary(int i, igsObjectPtr& boundary) const {
 bool igs144::lies_on_surface(const igsObjectPtr& boundary) const { return igs_lies_on<igs142>(boundary, m_surface); }
 
 void igs144::check_pd() const {
+  using SurfaceTest = igsReferenceTest<igs144NullSurfacePtr, igs144InvalidSurfaceType, igs144InvalidSurfaceData>;
   m_inner_boundaries.restart_index();
   if (m_outer_boundary_flag < 0 || m_outer_boundary_flag > 1)
     tag<igs144InvalidOuterBoundaryFlag>(m_outer_boundary_flag);

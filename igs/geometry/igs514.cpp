@@ -12,7 +12,7 @@ namespace {
 using FaceTest =
     igsReferenceTest<igs514OrientatedFaceNullFace, igs514OrientatedFaceWrongFaceType, igs514OrientatedFaceInvalidFace>;
 
-bool is_sound(const igsOrientedFace& oriented_face) {
+bool is_sound_face(const igsOrientedFace& oriented_face) {
   const igsObject* const face = oriented_face.face().object();
   return face != nullptr && face->isa(igs510::type()) && face->num_logged_errors() == 0;
 }
@@ -33,7 +33,7 @@ igsOrientedFace igs514::face(int i) const { return igs_element(std::as_const(m_f
 
 int igs514::set_face(int i, const igsOrientedFace& face) { return igs_set_element(m_faces.elements(), i, face); }
 
-void igs514::remove_faulty_faces(int original) { m_faces.purge(original, is_sound); }
+void igs514::remove_faulty_faces(int original) { m_faces.purge(original, is_sound_face); }
 
 int igs514::set_orientation_of_original(int original, int orientation) {
   return m_faces.change_original(original, [=](igsOrientedFace& face) { face.set_orientation(orientation); });

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "igs/input/igsInBuffer.h"
+#include "igs/input/number.h"
 #include "igs/input/record.h"
 #include "igs/support/kelabsOutput.h"
 
@@ -24,7 +25,7 @@ const char two_points_warning[] =
     "Warning: This file is corrupt - it contains lines starting with two decimal points.\n"
     "One of the decimal points will be removed from such lines.\n";
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
+using igs_number::is_digit;
 bool newline_char(char c) { return c == '\r' || c == '\n'; }
 bool iges_char(char c) { return std::string_view(section_letters).find(c) != std::string_view::npos; }
 

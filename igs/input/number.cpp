@@ -16,7 +16,7 @@
 
 namespace {
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
+using igs_number::is_digit;
 unsigned digit_value(char c) { return static_cast<unsigned char>(c) - unsigned{'0'}; }
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 bool is_hex_digit(char c) { return is_digit(c) || (lower(c) >= 'a' && lower(c) <= 'f'); }
@@ -96,7 +96,7 @@ double convert_written(const Written& number, std::chars_format format, std::int
 }
 
 /// The decimal digits of a mantissa.
-struct Mantissa {
+struct DecimalMantissa {
   std::uint64_t value = 0;  ///< of the digits without the point; meaningless above 19 significant digits
   int digits = 0;           ///< significant ones, 20 for more than 19
   int scale = 0;            ///< digits behind the point
@@ -104,8 +104,7 @@ struct Mantissa {
 
 constexpr int max_digits = 19;
 
-constexpr std::array<std::uint64_t, 9> short_powers = {1,      10,      100,      1000,     10000,
-                                                       100000, 1000000, 10000000, 100000000};
+constexpr std::array<std::uint64_t, 9> short_powers = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
 
 // Puts the digits at `p` behind those of `value`; `p` is left past them.
 [[gnu::always_inline]] inline void read_digits(const char*& p, const char* readable_end, std::uint64_t& value) {
@@ -128,7 +127,7 @@ std::ptrdiff_t count_leading_zeros(const char* first, const char* last) {
 }
 
 // The text from `p` on as a mantissa; `p` is left past it. False when there is no digit.
-[[gnu::always_inline]] inline bool read_mantissa(const char*& p, const char* readable_end, Mantissa& mantissa) {
+[[gnu::always_inline]] inline bool read_mantissa(const char*& p, const char* readable_end, DecimalMantissa& mantissa) {
   const char* const start = p;
   std::uint64_t value = 0;
   read_digits(p, readable_end, value);
@@ -151,7 +150,7 @@ constexpr std::array<double, 23> exact_powers = {1e0,  1e1,  1e2,  1e3,  1e4,  1
                                                  1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
 // Both the mantissa and the power of ten are doubles without error: one rounding gives the nearest double.
-bool convert_exactly(const Mantissa& mantissa, std::int64_t exponent, double& value) {
+bool convert_exactly(const DecimalMantissa& mantissa, std::int64_t exponent, double& value) {
 #if defined(FLT_EVAL_METHOD) && FLT_EVAL_METHOD != 0
   return false;
 #else
@@ -262,9 +261,10 @@ bool read_special(const char*& p, bool accept_d, double& value) {
   return true;
 }
 
-[[gnu::always_inline]] inline bool read_decimal(const char*& p, const char* readable_end, bool accept_d, double& value) {
+[[gnu::always_inline]] inline bool read_decimal(const char*& p, const char* readable_end, bool accept_d,
+                                                double& value) {
   const char* const first = p;
-  Mantissa mantissa;
+  DecimalMantissa mantissa;
   if (!read_mantissa(p, readable_end, mantissa)) {
     p = first;
     return false;

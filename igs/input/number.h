@@ -8,6 +8,8 @@
 /// to `readable_end` may be looked at, those behind the NUL, too: it makes reading faster.
 namespace igs_number {
 
+inline constexpr bool is_digit(char c) { return c >= '0' && c <= '9'; }
+
 /// A decimal integer; one beyond 32 bits becomes the nearest 32-bit value.
 std::size_t parse_int(const char* text, int& value);
 

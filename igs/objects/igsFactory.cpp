@@ -167,7 +167,7 @@ constexpr Registration registrations[] = {
     {514, 1, 1, make<igs514>},                        //
 };
 
-using Registry = std::unordered_map<int, std::vector<igsFactoryShop>>;
+using ShopRegistry = std::unordered_map<int, std::vector<igsFactoryShop>>;
 }  // namespace
 
 bool igsFactory::m_making_prototypes = false;
@@ -185,12 +185,12 @@ class MakingPrototypes {
 };
 
 // Never destroyed: the prototypes live as long as the process.
-Registry& registry(bool& making_prototypes) {
-  static Registry& shops = *[&making_prototypes] {
+ShopRegistry& registry(bool& making_prototypes) {
+  static ShopRegistry& shops = *[&making_prototypes] {
     const MakingPrototypes making(making_prototypes);
     std::vector<std::unique_ptr<igsObject>> prototypes;
     prototypes.reserve(std::size(registrations));
-    auto made = std::make_unique<Registry>();
+    auto made = std::make_unique<ShopRegistry>();
     for (const Registration& row : registrations) {
       prototypes.emplace_back(row.make_prototype());
       (*made)[row.type].emplace_back(row.min_form, row.max_form, prototypes.back().get());
@@ -208,7 +208,7 @@ igsFactory::igsFactory(igsEntityType type, int min_form, int max_form, igsObject
 }
 
 igsObject* igsFactory::make_one(igsEntityType type, int form) {
-  const Registry& shops = registry(m_making_prototypes);
+  const ShopRegistry& shops = registry(m_making_prototypes);
   if (const auto found = shops.find(type); found != shops.end()) {
     for (const igsFactoryShop& shop : found->second) {
       if (shop.min_form_number() <= form && form <= shop.max_form_number()) return shop.object()->make_one();

@@ -4,7 +4,6 @@
 #include <utility>
 
 namespace {
-constexpr int line_length = record_length + 1;
 /// 64 kB: what larger blocks save is no longer to be seen.
 constexpr std::ptrdiff_t block_records = 800;
 }  // namespace

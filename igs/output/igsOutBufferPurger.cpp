@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr int line_length = record_length + 1;
-
 /// Sets a state bit of a stream whose `exceptions()` may be enabled.
 void set_state(std::ostream& stream, std::ios_base::iostate bit) {
   try {

@@ -5,11 +5,6 @@
 #include "igs/structure/igs404_errors.h"
 #include "igs/structure/igs410_0.h"
 
-namespace {
-using ViewTest = igsReferenceTest<igs404NullViewPointer, igs404InvalidViewPointer, igs404BadViewPointer>;
-using MemberTest = igsReferenceTest<igs404NullEntityPointer, igs404NullEntityPointer, igs404BadEntityPointer>;
-}  // namespace
-
 igs404::igs404() { set_directory_entry_type(igsEntity404, 0); }
 
 void igs404::set_views(std::vector<igs404View> views) {
@@ -25,6 +20,8 @@ bool igs404::has_turned_views() const { return directory_entry().form_number() =
 
 // The views first: the repair of the members waits until no other fault is left.
 void igs404::check_pd() const {
+  using MemberTest = igsReferenceTest<igs404NullEntityPointer, igs404NullEntityPointer, igs404BadEntityPointer>;
+  using ViewTest = igsReferenceTest<igs404NullViewPointer, igs404InvalidViewPointer, igs404BadViewPointer>;
   m_views.restart_index();
   restart_index();
   for (int i = 0; const igs404View& view : views()) {

@@ -27,5 +27,6 @@ foreach(kind static shared)
   endforeach()
 endforeach()
 
-add_test(NAME headers COMMAND ${here}/../headers/compile_each g++ ${work}/static)
+add_test(NAME headers COMMAND ${here}/../headers/compile_each g++ ${work}/static
+  $<$<NOT:$<BOOL:${CMAKE_UNITY_BUILD}>>:${PROJECT_SOURCE_DIR}/igs>)
 set_tests_properties(headers PROPERTIES FIXTURES_REQUIRED static PROCESSORS 2)
