@@ -1,5 +1,6 @@
 #include "igs/output/igsOutBuffer.h"
 
+#include <array>
 #include <cstddef>
 #include <utility>
 
@@ -11,7 +12,8 @@ constexpr std::ptrdiff_t block_records = 800;
 
 igsOutBuffer::igsOutBuffer(std::ostream* destination)
     : igsOutBufferPurger(destination),
-      m_block(std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(block_records * line_length + overrun))),
+      m_block(std::make_unique_for_overwrite<char[]>(
+          static_cast<std::size_t>(block_records * line_length + scratch_length))),
       m_line(m_block.get()) {}
 
 igsOutBuffer::~igsOutBuffer() {
@@ -55,6 +57,16 @@ int igsOutBuffer::reset() {
 int igsOutBuffer::num_lines(igsFileSection section) {
   write_out_block();
   return m_formatter.num_lines(section);
+}
+
+/// Takes `length` characters from the write position to the beginning of the next record. Returns 0 when the buffer
+/// freezes.
+int igsOutBuffer::carry_over(int length) {
+  std::array<char, scratch_length> text;
+  std::memcpy(text.data(), position(), static_cast<std::size_t>(length));
+  prepare_for_next_line();
+  std::memcpy(position(), text.data(), static_cast<std::size_t>(length));
+  return m_frozen ? 0 : 1;
 }
 
 void igsOutBuffer::prepare_for_next_line() {

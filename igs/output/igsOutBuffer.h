@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
 #include <iosfwd>
 #include <memory>
@@ -48,14 +47,19 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
   void advance(int columns) {
     if (m_frozen) return;
     const int length = std::min(columns, room());
-    for (int i = 0; i < length; i += overrun) std::memcpy(m_line + m_column + i, "        ", overrun);
+    std::memset(position(), ' ', static_cast<std::size_t>(length));
     move_on(length);
+  }
+  void write_character(char c) {
+    if (m_frozen) return;
+    *position() = c;
+    move_on(1);
   }
   /// Writes `text`, whose length may be that of several records, from the write position on.
   void write_split(std::string_view text) {
     while (!text.empty() && !m_frozen) {
       const std::size_t length = std::min(text.size(), static_cast<std::size_t>(room()));
-      copy(m_line + m_column, text.data(), length);
+      std::memcpy(position(), text.data(), length);
       text.remove_prefix(length);
       move_on(static_cast<int>(length));
     }
@@ -66,32 +70,26 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
     write_split(text);
   }
 
+  /// Characters behind the write position that may be overwritten with anything: a record's worth.
+  static constexpr int scratch_length = record_length;
+  /// Where text can be printed before its length is known, to be written by write_printed.
+  char* position() { return m_line + m_column; }
+  /// As write_on_one_line, for the text printed at position(), of 1 to data_width() characters.
+  void write_printed(int length, int columns) {
+    if (m_frozen || (columns > room() && !carry_over(length))) return;
+    move_on(length);
+  }
+
   igsOutBufferFormatter& formatter() { return m_formatter; }
   /// Hands the records that wait over to the destination. Returns 1, or 0 when the buffer is or becomes frozen.
   int write_out_block();
 
  private:
-  /// Columns behind the write position that may be overwritten with anything, in the block's last record, too.
-  static constexpr int overrun = 8;
-
-  /// As memcpy, which is called only for the few long texts.
-  static void copy(char* to, const char* from, std::size_t length) {
-    if (length >= 8 && length <= 16) {
-      std::uint64_t first, last;
-      std::memcpy(&first, from, sizeof first);
-      std::memcpy(&last, from + length - sizeof last, sizeof last);
-      std::memcpy(to, &first, sizeof first);
-      std::memcpy(to + length - sizeof last, &last, sizeof last);
-    } else if (length < 4) {
-      for (std::size_t i = 0; i < length; ++i) to[i] = from[i];
-    } else {
-      std::memcpy(to, from, length);
-    }
-  }
   void move_on(int columns) {
     m_column += columns;
     if (room() == 0) prepare_for_next_line();
   }
+  int carry_over(int length);
   void prepare_for_next_line();
   void write_out_partial_line();
 

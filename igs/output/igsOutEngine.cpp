@@ -7,7 +7,7 @@
 
 void igsOutEngine::encode() {
   if (m_encoder == nullptr) return;
-  if (m_delimited_section && m_delimiter_pending) write_split(m_parameter_delimiter);
+  write_pending_delimiter();
   const int last = m_encoder->num_pieces() - 1;
   for (int i = 0; i <= last; ++i) {
     const std::string_view piece = m_encoder->piece(i);

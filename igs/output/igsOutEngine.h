@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <string_view>
 
 #include "igs/output/igsOutBuffer.h"
 #include "igs/support/export.h"
@@ -23,8 +24,19 @@ class IGS_API igsOutEngine : public igsOutBuffer {
 
   /// Writes a free-format field.
   void encode();
+  /// As encode(), for a field of one piece that is not split. `print` puts the piece, of 1 to 63 characters, where
+  /// it is told and returns its end; it may overwrite scratch_length characters.
+  template <class Print>
+  void encode_printed(Print print) {
+    write_pending_delimiter();
+    const int length = static_cast<int>(print(position()) - position());
+    write_printed(length, length + (m_delimited_section ? 1 : 0));
+    if (m_delimited_section) m_delimiter_pending = true;
+  }
   /// Writes a field right-justified in `width` columns; pieces are cut off after `width` characters.
   void fixed_encode(int width);
+  /// Writes the columns of several fields of fixed width.
+  void write_columns(std::string_view columns) { write_split(columns); }
 
   void set_delimiters(const utString& parameter_delimiter, const utString& record_delimiter);
 
@@ -41,6 +53,11 @@ class IGS_API igsOutEngine : public igsOutBuffer {
   void collect_errors(igsIOErrorcoDynArr& errors);
 
  private:
+  void write_pending_delimiter() {
+    if (!m_delimiter_pending || !m_delimited_section) return;
+    m_parameter_delimiter.size() == 1 ? write_character(m_parameter_delimiter[0]) : write_split(m_parameter_delimiter);
+  }
+
   const igsEncoder* m_encoder = nullptr;
   utString m_parameter_delimiter = ",";
   utString m_record_delimiter = ";";
