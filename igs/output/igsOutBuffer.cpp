@@ -1,7 +1,8 @@
 #include "igs/output/igsOutBuffer.h"
 
-#include <array>
 #include <cstddef>
+#include <cstring>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -59,18 +60,16 @@ int igsOutBuffer::num_lines(igsFileSection section) {
   return m_formatter.num_lines(section);
 }
 
-/// Takes `length` characters from the write position to the beginning of the next record. Returns 0 when the buffer
-/// freezes.
-int igsOutBuffer::carry_over(int length) {
-  std::array<char, scratch_length> text;
-  std::memcpy(text.data(), position(), static_cast<std::size_t>(length));
-  prepare_for_next_line();
-  std::memcpy(position(), text.data(), static_cast<std::size_t>(length));
-  return m_frozen ? 0 : 1;
+/// The record's last columns, which are stamped after this, may become blank, too.
+void igsOutBuffer::blank_rest() {
+  constexpr std::string_view blanks = "                ";
+  for (int column = m_column; column < data_width(); column += static_cast<int>(blanks.size())) {
+    std::memcpy(m_line + column, blanks.data(), blanks.size());
+  }
 }
 
 void igsOutBuffer::prepare_for_next_line() {
-  std::memset(m_line + m_column, ' ', static_cast<std::size_t>(room()));
+  blank_rest();
   m_column = 0;
   if (!m_formatter.format(m_line)) {
     // A record without its stamp would damage the file, so it is not written.

@@ -50,11 +50,6 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
     std::memset(position(), ' ', static_cast<std::size_t>(length));
     move_on(length);
   }
-  void write_character(char c) {
-    if (m_frozen) return;
-    *position() = c;
-    move_on(1);
-  }
   /// Writes `text`, whose length may be that of several records, from the write position on.
   void write_split(std::string_view text) {
     while (!text.empty() && !m_frozen) {
@@ -66,18 +61,20 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
   }
   /// Writes `text` on the present record if `columns` (at least the text's length) are free there, else on the next.
   void write_on_one_line(std::string_view text, std::size_t columns) {
-    if (columns > static_cast<std::size_t>(room())) advance(room());
+    if (columns > static_cast<std::size_t>(room()) && !m_frozen) prepare_for_next_line();
     write_split(text);
   }
 
-  /// Characters behind the write position that may be overwritten with anything: a record's worth.
-  static constexpr int scratch_length = record_length;
-  /// Where text can be printed before its length is known, to be written by write_printed.
+  /// Characters behind the write position that may be overwritten with anything.
+  static constexpr int scratch_length = 64;
+  /// The text to come can be printed here, to be kept or copied away.
   char* position() { return m_line + m_column; }
-  /// As write_on_one_line, for the text printed at position(), of 1 to data_width() characters.
-  void write_printed(int length, int columns) {
-    if (m_frozen || (columns > room() && !carry_over(length))) return;
-    move_on(length);
+  /// Makes the `length` characters at position() part of the record if `columns`, at least as many, are free there, and
+  /// returns 1. Else, or when the buffer is frozen, changes nothing and returns 0.
+  int keep_printed(std::ptrdiff_t length, std::ptrdiff_t columns) {
+    if (columns > room() || m_frozen) return 0;
+    move_on(static_cast<int>(length));
+    return 1;
   }
 
   igsOutBufferFormatter& formatter() { return m_formatter; }
@@ -89,7 +86,7 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
     m_column += columns;
     if (room() == 0) prepare_for_next_line();
   }
-  int carry_over(int length);
+  void blank_rest();
   void prepare_for_next_line();
   void write_out_partial_line();
 
