@@ -32,7 +32,7 @@ TEST(FixedColumns, FieldsAreThoseOfTheStream) {
         columns.add_integer(width, number);
         columns.add_integer(width, number);
         const std::string field = written<int>(width, number, &igsOutStream::write_integer);
-        ASSERT_EQ(columns.text(), '<' + field + field) << number << " in " << width;
+        ASSERT_EQ(columns.text(), std::string("<").append(field).append(field)) << number << " in " << width;
       }
     }
   }
