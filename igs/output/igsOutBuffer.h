@@ -20,6 +20,9 @@
 /// `reset` succeeds.
 class IGS_API igsOutBuffer : public igsOutBufferPurger {
  public:
+  /// Characters behind the write position that may be overwritten with anything.
+  static constexpr int scratch_length = 64;
+
   explicit igsOutBuffer(std::ostream* destination);
   /// Writes out a partly filled record. Never throws.
   ~igsOutBuffer() override;
@@ -65,8 +68,6 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
     write_split(text);
   }
 
-  /// Characters behind the write position that may be overwritten with anything.
-  static constexpr int scratch_length = 64;
   /// The text to come can be printed here, to be kept or copied away.
   char* position() { return m_line + m_column; }
   /// Makes the `length` characters at position() part of the record if `columns`, at least as many, are free there, and

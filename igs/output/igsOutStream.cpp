@@ -6,6 +6,8 @@
 #include "igs/output/igsEncoder.h"
 #include "igs/output/igsOutEngine.h"
 
+static_assert(std::max(igsIntEncoder::max_length, igsDoubleEncoder::max_length) < igsOutEngine::scratch_length);
+
 struct igsOutStream::State {
   explicit State(std::ostream* destination) : engine(destination) { engine.set_encoder(&integer); }
 
