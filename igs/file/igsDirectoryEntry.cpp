@@ -1,13 +1,17 @@
 #include "igs/file/igsDirectoryEntry.h"
 
 #include <climits>
+#include <cstddef>
+#include <string_view>
 
 #include "igs/file/igsDE_errors.h"
 #include "igs/file/igsFile.h"
 #include "igs/geometry/igs124.h"
+#include "igs/input/record.h"
 #include "igs/objects/igsInfoDB.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectManager.h"
+#include "igs/output/fixedColumns.h"
 #include "igs/output/igsOutStream.h"
 #include "igs/support/utOstream.h"
 
@@ -105,28 +109,39 @@ void igsDirectoryEntry::shape_check(bool may_be_parametric) const {
   }
 }
 
+namespace {
+using DirectoryRecords = FixedColumns<std::size_t{2} * data_columns>;
+
+/// Two columns: a zero and the digit. Other values, none of the standard, stand there as far as they fit.
+void add_status(DirectoryRecords& records, int status) {
+  if (status >= 0 && status <= 9) {
+    records.add_character('0');
+    records.add_character(static_cast<char>('0' + status));
+  } else {
+    records.add_integer(2, status);
+  }
+}
+}  // namespace
+
 void igsDirectoryEntry::write(igsOutStream& out) const {
   constexpr int field_width = 8;
   constexpr int label_width = 24;  // the two reserved fields and the label, which stands in the last 8 columns
+  DirectoryRecords records;
   for (const int field : {static_cast<int>(m_entity_type), m_parameter_data_pointer, m_structure, m_line_font.field(),
                           m_level.field(), m_view.de_number(), m_matrix.de_number(), m_label_display.de_number()}) {
-    out.write_integer(field_width, field);
+    records.add_integer(field_width, field);
   }
   for (const int status : {m_status_flags.blank_status(), m_status_flags.subordinate_status(),
                            m_status_flags.entity_use(), m_status_flags.hierarchy()}) {
-    if (status >= 0 && status <= 9) {
-      out.write_integer(1, 0);
-      out.write_integer(1, status);
-    } else {
-      out.write_integer(2, status);  // no value of the standard, but its two columns hold it
-    }
+    add_status(records, status);
   }
   for (const int field :
        {static_cast<int>(m_entity_type), m_line_weight, m_colour.field(), m_parameter_line_count, m_form_number}) {
-    out.write_integer(field_width, field);
+    records.add_integer(field_width, field);
   }
-  out.write_string(label_width, m_entity_label.substr(0, field_width));
-  out.write_integer(field_width, m_entity_subscript);
+  records.add_text(label_width, std::string_view(m_entity_label).substr(0, field_width));
+  records.add_integer(field_width, m_entity_subscript);
+  out.write_columns(records.text());
 }
 
 void igsDirectoryEntry::print(utOstream& os) const {

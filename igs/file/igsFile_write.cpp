@@ -175,18 +175,19 @@ int igsFile::write_entities(igsOutStream& stream) {
   const coResourceTable& options = kel_resource_table_inquire();
   const int width = options.value(kelOptDoubleFieldWidth);
   const int parametric_precision = options.value(kelOptDoubleParametricPrecision);
+  int num_lines = stream.num_lines(igsParameterSectionId);
   igsFileIT entities(this);
   while (++entities) {
     const igsObject& object = *entities();
     igsDirectoryEntry& entry = object.directory_entry();
     const bool parametric = entry.status_flags().entity_use() == entity_use_2d_parametric;
-    const int lines_before = stream.num_lines(igsParameterSectionId);
     if (parametric) stream.push_double_format(width, parametric_precision);
     object.write(stream);
     if (parametric) stream.pop_double_format();
     stream.set_backpointer(object.de_number() + 2);
-    entry.set_start_of_parameter_data(lines_before + 1);
-    entry.set_parameter_line_count(stream.num_lines(igsParameterSectionId) - lines_before);
+    entry.set_start_of_parameter_data(num_lines + 1);
+    const int lines_before = std::exchange(num_lines, stream.num_lines(igsParameterSectionId));
+    entry.set_parameter_line_count(num_lines - lines_before);
     if (stream.reset() == 0) return 0;
     stream.clear_errors();
   }

@@ -8,9 +8,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <optional>
 #include <string_view>
 
+#include "igs/output/decimalDigits.h"
 #include "igs/output/significantDigits.h"
 #include "igs/support/coResourceTable.h"
 
@@ -20,8 +20,7 @@ namespace {
 constexpr double may_round_to_infinity = 1e308;
 /// Whole numbers of up to this many digits take the shorter way through an int. Knots, weights and flags are mostly
 /// such.
-constexpr int whole_number_digits = 9;
-constexpr double whole_number_limit = 1e9;
+constexpr int whole_number_digits = 8;
 
 bool reads_as_infinity(const char* text, const char* end) {
   double value = 0;
@@ -47,32 +46,9 @@ char* print_general(char* text, char* limit, double value, int precision) {
   return make_double_precision_form(text, end);
 }
 
-/// Eight decimal digits, each in a byte of its own, the first in the lowest.
-using EightDigits = std::uint64_t;
-
-/// `number` is below 10^8.
-EightDigits split_digits(std::uint32_t number) {
-  // Halves of four digits, quarters of two, then single ones.
-  std::uint64_t digits = number / 10000 | std::uint64_t{number % 10000} << 32;
-  std::uint64_t quotients = (digits * 10486 >> 20) & 0x0000007F0000007F;
-  digits = quotients | (digits - quotients * 100) << 16;
-  quotients = (digits * 103 >> 10) & 0x000F000F000F000F;
-  return quotients | (digits - quotients * 10) << 8;
-}
-
-/// Prints eight digits; those shifted out are zeros at the end.
-void print(char* text, EightDigits digits) {
-  digits |= 0x3030303030303030;
-  if constexpr (std::endian::native == std::endian::little) {
-    std::memcpy(text, &digits, sizeof digits);
-  } else {
-    for (int i = 0; i < 8; ++i) text[i] = static_cast<char>(digits >> 8 * i);
-  }
-}
-
 /// The digits of a number, filled up with zeros to max_significant_digits.
 struct Digits {
-  EightDigits first, second;
+  EightCharacters first, second;  ///< values from 0 to 9
   char last;
   int count;  ///< without the zeros at the end
 };
@@ -85,7 +61,6 @@ Digits split_number(std::uint64_t number, int count) {
     return result;
   }();
   constexpr int two_words = 16;
-  constexpr std::uint64_t word_limit = 100000000;
   char last = '0';
   if (count > two_words) {
     last = static_cast<char>('0' + number % 10);
@@ -93,8 +68,8 @@ Digits split_number(std::uint64_t number, int count) {
   } else {
     number *= powers[static_cast<std::size_t>(two_words - count)];
   }
-  Digits digits{split_digits(static_cast<std::uint32_t>(number / word_limit)),
-                split_digits(static_cast<std::uint32_t>(number % word_limit)), last, max_significant_digits};
+  Digits digits{split_digits(static_cast<std::uint32_t>(number / eight_digit_limit)),
+                split_digits(static_cast<std::uint32_t>(number % eight_digit_limit)), last, max_significant_digits};
   if (last == '0') {
     digits.count =
         digits.second != 0 ? 16 - std::countl_zero(digits.second) / 8 : 8 - std::countl_zero(digits.first) / 8;
@@ -104,8 +79,8 @@ Digits split_number(std::uint64_t number, int count) {
 
 /// Prints all digits and returns the end of those that count.
 char* print(char* text, const Digits& digits) {
-  print(text, digits.first);
-  print(text + 8, digits.second);
+  print_characters(text, digits.first | eight_zeros);
+  print_characters(text + 8, digits.second | eight_zeros);
   text[16] = digits.last;
   return text + digits.count;
 }
@@ -113,9 +88,10 @@ char* print(char* text, const Digits& digits) {
 /// The digits with the point behind the first `before`, at least 1. Returns the end.
 char* print_with_point(char* text, const Digits& digits, int before) {
   if (before <= 8) {
-    print(text, digits.first);
-    print(text + before + 1, digits.first >> 4 * before >> 4 * before);
-    print(text + 9, digits.second);
+    const EightCharacters first = digits.first | eight_zeros;
+    print_characters(text, first);
+    print_characters(text + before + 1, first >> 4 * before >> 4 * before);
+    print_characters(text + 9, digits.second | eight_zeros);
     text[17] = digits.last;
   } else {
     print(text, digits);
@@ -143,24 +119,25 @@ char* print_number(char* text, const SignificantDigits& number, int precision) {
     return print_exponent(print_with_point(text, digits, 1), exponent);
   }
   if (exponent >= 0) return print_with_point(text, digits, exponent + 1);
-  constexpr std::string_view leading_zeros = "0.000";
-  leading_zeros.copy(text, leading_zeros.size());
+  constexpr std::string_view zeros = "0.000";
+  zeros.copy(text, zeros.size());
   return print(text + 1 - exponent, digits);
 }
 
 /// Prints a positive value.
 char* print_positive(char* text, char* limit, double value, int precision) {
-  if (precision >= whole_number_digits && value < whole_number_limit) {
+  if (precision >= whole_number_digits && value < eight_digit_limit) {
     const int whole = static_cast<int>(value);
     if (whole == value) {
-      char* const end = std::to_chars(text, limit, whole).ptr;
+      char* const end = print_whole_number(text, static_cast<std::uint32_t>(whole));
       *end = '.';
       return end + 1;
     }
   }
   precision = std::max(precision, 1);
   if (precision <= max_significant_digits && value <= may_round_to_infinity) {
-    if (const auto number = significant_digits(value, precision)) return print_number(text, *number, precision);
+    const SignificantDigits number = significant_digits(value, precision);
+    if (number.digits != 0) return print_number(text, number, precision);
   }
   return print_general(text, limit, value, precision);
 }
@@ -174,15 +151,16 @@ igsDoubleEncoder::igsDoubleEncoder() {
 
 void igsDoubleEncoder::encode(double value) {
   m_value = value;
-  if (value == 0) return append_string("0.", 0);
-  if (std::isnan(value)) return append_string(std::signbit(value) ? "-NAN." : "NAN.", 0);
-  if (std::isinf(value)) return append_string(value < 0 ? "-INF." : "INF.", 0);
+  append_string({m_text.data(), print(m_text.data(), value)}, 0);
+}
 
-  char* const begin = m_text.data();
-  *begin = '-';
-  char* const text = begin + (value < 0 ? 1 : 0);
-  const char* const end = print_positive(text, begin + m_text.size(), std::abs(value), m_precisions.back());
-  append_string({begin, end}, 0);
+char* igsDoubleEncoder::print(char* text, double value) const {
+  const auto copy = [text](std::string_view constant) { return text + constant.copy(text, constant.size()); };
+  if (value == 0) return copy("0.");
+  if (std::isnan(value)) return copy(std::signbit(value) ? "-NAN." : "NAN.");
+  if (std::isinf(value)) return copy(value < 0 ? "-INF." : "INF.");
+  *text = '-';
+  return print_positive(text + (value < 0 ? 1 : 0), text + max_length, std::abs(value), m_precisions.back());
 }
 
 void igsDoubleEncoder::push_format(int /*width*/, int precision) {

@@ -17,6 +17,8 @@ class IGS_API igsDoubleEncoder : public igsEncoder {
  public:
   /// Largest precision used: such a real still fits into a Parameter Data record.
   static constexpr int max_precision = 40;
+  /// Characters of a real of that precision: its digits, sign, "0.000" before them, a point and "D-308" after them.
+  static constexpr int max_length = max_precision + 16;
 
   /// The first format is that of the options kelOptDoubleFieldWidth and kelOptDoubleGeometricPrecision.
   igsDoubleEncoder();
@@ -24,6 +26,10 @@ class IGS_API igsDoubleEncoder : public igsEncoder {
   void encode(double value);
   /// The value encoded last.
   double value() const { return m_value; }
+
+  /// Prints the piece that encode would make of `value` and returns its end. max_length characters from `text` on may
+  /// be overwritten.
+  char* print(char* text, double value) const;
 
   /// From now on `precision` significant digits (0 counts as 1; limited to 0 ... max_precision), trailing zeros
   /// removed. `width` is the width of the left-justified conversion: as padding at the end is dropped, it has no
@@ -35,6 +41,5 @@ class IGS_API igsDoubleEncoder : public igsEncoder {
  private:
   double m_value = 0;
   std::vector<int> m_precisions;  // never empty; the top is the back
-  // A real of the largest precision: its digits, sign, "0.000" before them, a point and "D-308" after them.
-  std::array<char, max_precision + 16> m_text{};
+  std::array<char, max_length> m_text{};
 };

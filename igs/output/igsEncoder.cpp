@@ -2,35 +2,44 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
+#include <cstdlib>
+
+#include "igs/output/decimalDigits.h"
 
 namespace {
-
-/// The bytes of `text` as they may stand inside a record.
-void replace_record_breakers(utString& text) {
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r' || c == '\0'; }, ' ');
+/// Makes `bytes` a copy of `text` as it may stand inside a record.
+void copy_record_characters(const utString& text, utString& bytes) {
+  bytes = text;
+  std::transform(bytes.begin(), bytes.end(), bytes.begin(), record_character);
 }
-
 }  // namespace
 
 void igsIntEncoder::encode(int value) {
   m_value = value;
-  char* const text = m_text.data();
-  const char* const end = std::to_chars(text, text + m_text.size(), value).ptr;
-  append_string({text, end}, 0);
+  append_string({m_text.data(), print(m_text.data(), value)}, 0);
+}
+
+char* igsIntEncoder::print(char* text, int value) {
+  if (value >= 0 && value <= 9) {  // most counts and flags
+    *text = static_cast<char>('0' + value);
+    return text + 1;
+  }
+  constexpr auto limit = static_cast<int>(eight_digit_limit);
+  if (value <= -limit || value >= limit) return std::to_chars(text, text + max_length, value).ptr;
+  *text = '-';
+  return print_whole_number(text + (value < 0 ? 1 : 0), static_cast<std::uint32_t>(std::abs(value)));
 }
 
 void igsStrEncoder::encode(const utString& value) {
   m_value = value;
-  m_bytes = value;
-  replace_record_breakers(m_bytes);
+  copy_record_characters(value, m_bytes);
   append_string(m_bytes, 0);
 }
 
 void igsHolerithEncoder::encode(const utString& value) {
   m_value = value;
-  m_bytes = value;
-  replace_record_breakers(m_bytes);
+  copy_record_characters(value, m_bytes);
   m_bytes.resize(m_bytes.find_last_not_of(" \f\n\r\t\v") + 1);  // npos + 1 is 0
 
   char* const count = m_count.data();

@@ -46,17 +46,27 @@ class IGS_API igsEncoder {
 /// An integer in decimal, in one piece.
 class IGS_API igsIntEncoder : public igsEncoder {
  public:
+  /// Characters of the longest integer.
+  static constexpr int max_length = 11;
+
   void encode(int value);
   /// The value encoded last.
   int value() const { return m_value; }
 
+  /// Prints the piece that encode would make of `value` and returns its end. max_length characters from `text` on may
+  /// be overwritten.
+  static char* print(char* text, int value);
+
  private:
   int m_value = 0;
-  std::array<char, 16> m_text{};
+  std::array<char, max_length> m_text{};
 };
 
-/// A text as it stands, in one piece. Line feed, carriage return and NUL would tear the record apart; a blank takes the
-/// place of each.
+/// A byte of a text as it may stand inside a record. Line feed, carriage return and NUL would tear the record apart; a
+/// blank takes the place of each.
+constexpr char record_character(char c) { return c == '\n' || c == '\r' || c == '\0' ? ' ' : c; }
+
+/// A text in one piece, as it stands except for the record_character of each byte.
 class IGS_API igsStrEncoder : public igsEncoder {
  public:
   void encode(const utString& value);

@@ -1,6 +1,8 @@
 #include "igs/output/igsOutBuffer.h"
 
 #include <cstddef>
+#include <cstring>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -10,7 +12,8 @@ constexpr std::ptrdiff_t block_records = 800;
 
 igsOutBuffer::igsOutBuffer(std::ostream* destination)
     : igsOutBufferPurger(destination),
-      m_block(std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(block_records * line_length + overrun))),
+      m_block(std::make_unique_for_overwrite<char[]>(
+          static_cast<std::size_t>(block_records * line_length + scratch_length))),
       m_line(m_block.get()) {}
 
 igsOutBuffer::~igsOutBuffer() {
@@ -56,8 +59,16 @@ int igsOutBuffer::num_lines(igsFileSection section) {
   return m_formatter.num_lines(section);
 }
 
+/// The record's last columns, which are stamped after this, may become blank, too.
+void igsOutBuffer::blank_rest() {
+  constexpr std::string_view blanks = "                ";
+  for (int column = m_column; column < data_width(); column += static_cast<int>(blanks.size())) {
+    std::memcpy(m_line + column, blanks.data(), blanks.size());
+  }
+}
+
 void igsOutBuffer::prepare_for_next_line() {
-  std::memset(m_line + m_column, ' ', static_cast<std::size_t>(room()));
+  blank_rest();
   m_column = 0;
   if (!m_formatter.format(m_line)) {
     // A record without its stamp would damage the file, so it is not written.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
 #include <iosfwd>
 #include <memory>
@@ -21,6 +20,9 @@
 /// `reset` succeeds.
 class IGS_API igsOutBuffer : public igsOutBufferPurger {
  public:
+  /// Characters behind the write position that may be overwritten with anything.
+  static constexpr int scratch_length = 64;
+
   explicit igsOutBuffer(std::ostream* destination);
   /// Writes out a partly filled record. Never throws.
   ~igsOutBuffer() override;
@@ -48,22 +50,32 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
   void advance(int columns) {
     if (m_frozen) return;
     const int length = std::min(columns, room());
-    for (int i = 0; i < length; i += overrun) std::memcpy(m_line + m_column + i, "        ", overrun);
+    std::memset(position(), ' ', static_cast<std::size_t>(length));
     move_on(length);
   }
   /// Writes `text`, whose length may be that of several records, from the write position on.
   void write_split(std::string_view text) {
     while (!text.empty() && !m_frozen) {
       const std::size_t length = std::min(text.size(), static_cast<std::size_t>(room()));
-      copy(m_line + m_column, text.data(), length);
+      std::memcpy(position(), text.data(), length);
       text.remove_prefix(length);
       move_on(static_cast<int>(length));
     }
   }
   /// Writes `text` on the present record if `columns` (at least the text's length) are free there, else on the next.
   void write_on_one_line(std::string_view text, std::size_t columns) {
-    if (columns > static_cast<std::size_t>(room())) advance(room());
+    if (columns > static_cast<std::size_t>(room()) && !m_frozen) prepare_for_next_line();
     write_split(text);
+  }
+
+  /// The text to come can be printed here, to be kept or copied away.
+  char* position() { return m_line + m_column; }
+  /// Makes the `length` characters at position() part of the record if `columns`, at least as many, are free there, and
+  /// returns 1. Else, or when the buffer is frozen, changes nothing and returns 0.
+  int keep_printed(std::ptrdiff_t length, std::ptrdiff_t columns) {
+    if (columns > room() || m_frozen) return 0;
+    move_on(static_cast<int>(length));
+    return 1;
   }
 
   igsOutBufferFormatter& formatter() { return m_formatter; }
@@ -71,27 +83,11 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
   int write_out_block();
 
  private:
-  /// Columns behind the write position that may be overwritten with anything, in the block's last record, too.
-  static constexpr int overrun = 8;
-
-  /// As memcpy, which is called only for the few long texts.
-  static void copy(char* to, const char* from, std::size_t length) {
-    if (length >= 8 && length <= 16) {
-      std::uint64_t first, last;
-      std::memcpy(&first, from, sizeof first);
-      std::memcpy(&last, from + length - sizeof last, sizeof last);
-      std::memcpy(to, &first, sizeof first);
-      std::memcpy(to + length - sizeof last, &last, sizeof last);
-    } else if (length < 4) {
-      for (std::size_t i = 0; i < length; ++i) to[i] = from[i];
-    } else {
-      std::memcpy(to, from, length);
-    }
-  }
   void move_on(int columns) {
     m_column += columns;
     if (room() == 0) prepare_for_next_line();
   }
+  void blank_rest();
   void prepare_for_next_line();
   void write_out_partial_line();
 

@@ -1,30 +1,20 @@
 #include "igs/output/igsOutBufferFormatter.h"
 
-#include <algorithm>
-#include <charconv>
 #include <cstddef>
-#include <system_error>
+
+#include "igs/output/decimalDigits.h"
 
 namespace {
-
 bool is_section(igsFileSection section) { return section >= 0 && section < num_file_sections; }
 
-/// Prints `number` right-justified in sequence_columns columns; false when it does not fit.
-bool print_right_justified(char* columns, int number) {
-  char digits[sequence_columns];
-  const auto [end, error] = std::to_chars(digits, digits + sequence_columns, number);
-  if (error != std::errc()) return false;
-  std::copy_backward(digits, end, columns + sequence_columns);
-  std::fill_n(columns, sequence_columns - (end - digits), ' ');
-  return true;
-}
-
+/// A negative one of more digits would run out of its columns.
+constexpr int min_backpointer = -999999;
 }  // namespace
 
 void igsOutBufferFormatter::set_section(igsFileSection section) {
   m_section = is_section(section) ? section : igsNoSectionId;
   set_num_lines(section, 0);
-  if (section == igsParameterSectionId) m_backpointer = 1;
+  if (section == igsParameterSectionId) set_backpointer(1);
   m_data_width = section == igsParameterSectionId ? pd_data_columns : data_columns;
 }
 
@@ -41,21 +31,36 @@ void igsOutBufferFormatter::take_back(int count) {
   m_sequence_number = m_num_lines[static_cast<std::size_t>(m_section)] -= count;
 }
 
+void igsOutBufferFormatter::set_backpointer(int backpointer) {
+  m_backpointer = backpointer;
+  m_backpointer_text = right_justified(backpointer).value_or(eight_blanks);
+}
+
 int igsOutBufferFormatter::format(char* record) {
   if (m_section != igsNoSectionId) m_sequence_number = ++m_num_lines[static_cast<std::size_t>(m_section)];
   if (m_backpointer > max_sequence_number) return fail(igsIOBackPointerTooLarge);
   if (m_sequence_number > max_sequence_number) return fail(igsIOSequenceTooLarge);
   if (m_section == igsNoSectionId) return 1;
 
-  // A negative back-pointer of more than six digits is too large as well: it would run out of its columns.
   char* const letter = record + data_columns;
   if (m_section == igsParameterSectionId) {
-    letter[-sequence_columns - 1] = ' ';
-    if (!print_right_justified(letter - sequence_columns, m_backpointer)) return fail(igsIOBackPointerTooLarge);
+    if (m_backpointer < min_backpointer) return fail(igsIOBackPointerTooLarge);
+    print_characters(letter - sequence_columns - 1, m_backpointer_text);
   }
+  update_sequence_text();
+  print_characters(letter, m_sequence_text);
   *letter = section_letters[m_section];
-  print_right_justified(letter + 1, m_sequence_number);
   return 1;
+}
+
+void igsOutBufferFormatter::update_sequence_text() {
+  const auto last_digit = static_cast<char>(m_sequence_text >> 56);
+  if (m_sequence_number == m_printed_number + 1 && last_digit != '9') {
+    m_sequence_text += EightCharacters{1} << 56;
+  } else {
+    m_sequence_text = right_justified(m_sequence_number).value_or(eight_blanks);
+  }
+  m_printed_number = m_sequence_number;
 }
 
 int igsOutBufferFormatter::reset() {

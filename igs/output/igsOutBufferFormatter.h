@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 
 #include "igs/input/igsFileSection.h"
 #include "igs/input/igsIOError.h"
@@ -13,7 +14,7 @@ class IGS_API igsOutBufferFormatter {
  public:
   /// Begins a section: its count starts at 0 again; in Parameter Data the back-pointer starts at 1.
   void set_section(igsFileSection section);
-  void set_backpointer(int backpointer) { m_backpointer = backpointer; }
+  void set_backpointer(int backpointer);
 
   igsFileSection section() const { return m_section; }
   /// Of the record stamped last; 0 before the first.
@@ -38,12 +39,18 @@ class IGS_API igsOutBufferFormatter {
 
  private:
   int fail(igsIOErrorCode code);
+  void update_sequence_text();
 
   std::array<int, num_file_sections> m_num_lines{};
   igsFileSection m_section = igsNoSectionId;
   int m_data_width = record_length;
   int m_sequence_number = 0;
   int m_backpointer = 1;
+  /// The columns of the numbers, kept because they change little from one record to the next: in eight bytes, the first
+  /// column in the lowest. That of the sequence number is blank and leaves room for the letter.
+  std::uint64_t m_backpointer_text = 0;
+  std::uint64_t m_sequence_text = 0;
+  int m_printed_number = -1;  ///< what m_sequence_text says
   int m_fatal = 0;
   igsIOErrorcoDynArr m_errors;
 };

@@ -1,24 +1,40 @@
 #include "igs/output/igsOutEngine.h"
 
+#include <array>
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 #include "igs/output/igsEncoder.h"
 
 void igsOutEngine::encode() {
   if (m_encoder == nullptr) return;
-  if (m_delimited_section && m_delimiter_pending) write_split(m_parameter_delimiter);
+  write_pending_delimiter();
   const int last = m_encoder->num_pieces() - 1;
-  for (int i = 0; i <= last; ++i) {
-    const std::string_view piece = m_encoder->piece(i);
-    const std::size_t columns = piece.size() + (m_delimited_section && i == last ? 1 : 0);
-    if (columns <= static_cast<std::size_t>(data_width()) && !m_encoder->get_split_flag(i)) {
-      write_on_one_line(piece, columns);
-    } else {
-      write_split(piece);
-    }
+  for (int i = 0; i <= last; ++i) write_piece(m_encoder->piece(i), m_encoder->get_split_flag(i), i == last);
+  m_delimiter_pending = m_delimited_section;
+}
+
+/// Writes a piece that stands where the delimiter or the next record will.
+void igsOutEngine::encode_copy(std::string_view piece) {
+  std::array<char, scratch_length> copy;
+  std::memcpy(copy.data(), piece.data(), copy.size());  // the whole array: quicker than a length
+  write_pending_delimiter();
+  write_piece({copy.data(), piece.size()}, false, true);
+  m_delimiter_pending = m_delimited_section;
+}
+
+void igsOutEngine::write_pending_delimiter() {
+  if (m_delimiter_pending) write_split(m_parameter_delimiter);
+}
+
+void igsOutEngine::write_piece(std::string_view piece, bool may_split, bool is_last) {
+  const std::size_t columns = piece.size() + (m_delimited_section && is_last ? 1 : 0);
+  if (columns <= static_cast<std::size_t>(data_width()) && !may_split) {
+    write_on_one_line(piece, columns);
+  } else {
+    write_split(piece);
   }
-  if (m_delimited_section) m_delimiter_pending = true;
 }
 
 void igsOutEngine::fixed_encode(int width) {
@@ -39,7 +55,7 @@ void igsOutEngine::set_delimiters(const utString& parameter_delimiter, const utS
 void igsOutEngine::set_section(igsFileSection section) {
   if (formatter().section() == igsGlobalSectionId) write_split(m_record_delimiter);
   m_delimited_section = section == igsGlobalSectionId || section == igsParameterSectionId;
-  if (m_delimited_section) m_delimiter_pending = false;
+  m_delimiter_pending = false;
   igsOutBuffer::set_section(section);
 }
 
@@ -50,8 +66,7 @@ void igsOutEngine::set_backpointer(int backpointer) {
 }
 
 int igsOutEngine::reset() {
-  const bool record_open = m_delimited_section && m_delimiter_pending;
-  if (record_open && write_out_block()) return 1;
+  if (m_delimiter_pending && write_out_block()) return 1;
   return igsOutBuffer::reset();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <string_view>
 
 #include "igs/output/igsOutBuffer.h"
 #include "igs/support/export.h"
@@ -23,8 +24,25 @@ class IGS_API igsOutEngine : public igsOutBuffer {
 
   /// Writes a free-format field.
   void encode();
+  /// As encode(), for a field of one piece that is not split. `print` puts the piece, of at most scratch_length - 1
+  /// characters, where it is told and returns its end; as many may be overwritten.
+  template <class Print>
+  void encode_printed(Print print) {
+    char* const begin = position();
+    char* piece = begin;
+    if (m_delimiter_pending) *piece++ = m_parameter_delimiter[0];  // of an empty one, NUL: then nothing is kept
+    const char* const end = print(piece);
+    const bool complete = !m_delimiter_pending || m_parameter_delimiter.size() == 1;
+    if (complete && keep_printed(end - begin, end - begin + (m_delimited_section ? 1 : 0))) {
+      m_delimiter_pending = m_delimited_section;
+    } else {
+      encode_copy({piece, end});
+    }
+  }
   /// Writes a field right-justified in `width` columns; pieces are cut off after `width` characters.
   void fixed_encode(int width);
+  /// Writes the columns of several fields of fixed width.
+  void write_columns(std::string_view columns) { write_split(columns); }
 
   void set_delimiters(const utString& parameter_delimiter, const utString& record_delimiter);
 
@@ -41,9 +59,13 @@ class IGS_API igsOutEngine : public igsOutBuffer {
   void collect_errors(igsIOErrorcoDynArr& errors);
 
  private:
+  void write_pending_delimiter();
+  void write_piece(std::string_view piece, bool may_split, bool is_last);
+  void encode_copy(std::string_view piece);
+
   const igsEncoder* m_encoder = nullptr;
   utString m_parameter_delimiter = ",";
   utString m_record_delimiter = ";";
   bool m_delimited_section = false;
-  bool m_delimiter_pending = false;
+  bool m_delimiter_pending = false;  // only ever in a delimited section
 };

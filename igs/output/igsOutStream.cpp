@@ -6,6 +6,8 @@
 #include "igs/output/igsEncoder.h"
 #include "igs/output/igsOutEngine.h"
 
+static_assert(std::max(igsIntEncoder::max_length, igsDoubleEncoder::max_length) < igsOutEngine::scratch_length);
+
 struct igsOutStream::State {
   explicit State(std::ostream* destination) : engine(destination) { engine.set_encoder(&integer); }
 
@@ -30,8 +32,7 @@ igsOutStream::igsOutStream(std::ostream* destination) : m_state(std::make_unique
 igsOutStream::~igsOutStream() = default;
 
 void igsOutStream::write_integer(int value) {
-  m_state->select(m_state->integer).encode(value);
-  m_state->engine.encode();
+  m_state->engine.encode_printed([value](char* text) { return igsIntEncoder::print(text, value); });
 }
 
 void igsOutStream::write_integer(int width, int value) {
@@ -42,8 +43,8 @@ void igsOutStream::write_integer(int width, int value) {
 }
 
 void igsOutStream::write_double(double value) {
-  m_state->select(m_state->real).encode(value);
-  m_state->engine.encode();
+  State& state = *m_state;
+  state.engine.encode_printed([&state, value](char* text) { return state.real.print(text, value); });
 }
 
 void igsOutStream::write_holerith(const utString& value) {
@@ -55,6 +56,8 @@ void igsOutStream::write_string(int width, const utString& value) {
   m_state->select(m_state->string).encode(value);
   m_state->engine.fixed_encode(width);
 }
+
+void igsOutStream::write_columns(std::string_view columns) { m_state->engine.write_columns(columns); }
 
 void igsOutStream::push_double_format(int width, int precision) { m_state->real.push_format(width, precision); }
 

@@ -2,6 +2,7 @@
 
 #include <iosfwd>
 #include <memory>
+#include <string_view>
 
 #include "igs/input/igsFileSection.h"
 #include "igs/input/igsIOError.h"
@@ -43,6 +44,8 @@ class IGS_API igsOutStream {
   void write_holerith(const utString& value);
   /// A text right-justified in `width` columns, cut off after `width` characters.
   void write_string(int width, const utString& value);
+  /// Fields of fixed width that have been put together already (FixedColumns), as they stand.
+  void write_columns(std::string_view columns);
 
   /// Formats reals with up to `precision` significant digits (0 counts as 1) until the matching pop. `width` is the
   /// column width of the conversion; its padding is dropped again, so it changes nothing. The format in force at first

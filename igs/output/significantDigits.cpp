@@ -111,7 +111,7 @@ uint128 high_bits_of_product(std::uint64_t m, const Mantissa& power) {
 
 }  // namespace
 
-std::optional<SignificantDigits> significant_digits(double value, int count) {
+SignificantDigits significant_digits(double value, int count) {
   const auto [m, e] = decompose(value);
   // 2^63 <= m < 2^64: the value's exponent is this one or the next.
   int exponent = log10_of_power_of_2(e + 63);
@@ -137,17 +137,17 @@ std::optional<SignificantDigits> significant_digits(double value, int count) {
     up = (last > 5) | ((last == 5) & (fraction > 0));
     known = up | (last < 4) | ((last == 4) & (fraction + 2 <= one));
   }
-  if (!known) return std::nullopt;
+  if (!known) return {};
   digits += up ? 1 : 0;
   if (digits == limit) {
     digits /= 10;
     ++exponent;
   }
-  return SignificantDigits{digits, exponent};
+  return {digits, exponent};
 }
 
 #else
 
-std::optional<SignificantDigits> significant_digits(double, int) { return std::nullopt; }
+SignificantDigits significant_digits(double, int) { return {}; }
 
 #endif
