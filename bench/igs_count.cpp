@@ -1,0 +1,30 @@
+// Does one thing to a file, for a tool that counts the instructions of a run:
+//   igs_count none|read|check|write FILE
+// Everything includes what comes before it, so the differences are what each step takes. Prints the number of entities.
+#include <array>
+#include <cstdlib>
+#include <cstring>
+
+#include "bench.h"
+
+int main(int argc, char** argv) {
+  constexpr std::array<const char*, 4> steps = {"none", "read", "check", "write"};
+  std::size_t step = 0;
+  while (argc == 3 && step < steps.size() && std::strcmp(argv[1], steps[step]) != 0) ++step;
+  if (argc != 3 || step == steps.size()) {
+    std::cerr << "usage: igs_count none|read|check|write FILE\n";
+    return 2;
+  }
+  const std::string text = igs_bench::contents(argv[2]);
+  const std::unique_ptr<igsFile> file = step > 0 ? igs_bench::read(text, true) : std::make_unique<igsFile>();
+  if (file == nullptr) return 1;
+  if (step > 1) file->check();
+  if (step > 2) {
+    igs_bench::NullBuffer buffer;
+    std::ostream out(&buffer);
+    utOstream messages(std::cerr);
+    if (file->write(out, messages) == 0 || buffer.size() == 0) return 1;
+  }
+  std::cout << file->num_entities() << '\n' << std::flush;
+  std::_Exit(0);  // what the file costs to delete is not counted
+}
