@@ -1,18 +1,45 @@
 // Does one thing to a file, for a tool that counts the instructions of a run:
 //   igs_count none|read|check|write FILE
+//   igs_count compiler
 // Everything includes what comes before it, so the differences are what each step takes. Prints the number of entities.
+// The second form names the compiler, which decides the figures.
 #include <array>
 #include <cstdlib>
 #include <cstring>
 
 #include "bench.h"
 
+namespace {
+
+constexpr const char* architecture =
+#if defined(__x86_64__)
+    "x86_64";
+#elif defined(__aarch64__)
+    "aarch64";
+#else
+    "other";
+#endif
+
+// The first words of what the compiler says of itself: "g++ 12.2.0", "Clang 14.0.6".
+std::string compiler() {
+  std::istringstream words(__VERSION__);
+  std::string name, version;
+  words >> name >> version;
+  return (version.empty() ? "g++ " + name : name + ' ' + version) + ' ' + architecture;
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
+  if (argc == 2 && std::strcmp(argv[1], "compiler") == 0) {
+    std::cout << compiler() << '\n';
+    return 0;
+  }
   constexpr std::array<const char*, 4> steps = {"none", "read", "check", "write"};
   std::size_t step = 0;
   while (argc == 3 && step < steps.size() && std::strcmp(argv[1], steps[step]) != 0) ++step;
   if (argc != 3 || step == steps.size()) {
-    std::cerr << "usage: igs_count none|read|check|write FILE\n";
+    std::cerr << "usage: igs_count none|read|check|write FILE | compiler\n";
     return 2;
   }
   const std::string text = igs_bench::contents(argv[2]);

@@ -54,7 +54,7 @@ inline void time_floor(benchmark::State& state, const Input& input) {
           double value = 0;
           const std::from_chars_result result = std::from_chars(first, last, value);
           sum += value;
-          ++count;
+          count += result.ec == std::errc() ? 1 : 0;
           return result.ec == std::errc() ? result.ptr : first + 1;
         });
       });
@@ -74,10 +74,11 @@ inline void time_plain(benchmark::State& state, const Input& input) {
       TextBuffer buffer(text);
       std::istream in(&buffer);
       for (std::string line; std::getline(in, line);) {
-        convert_fields(parameter_data(line), [&](const char* first, const char*) {
+        line.resize(parameter_data(line).size());  // strtod would read the back-pointer behind blanks
+        convert_fields(line, [&](const char* first, const char*) {
           char* end = nullptr;
           sum += std::strtod(first, &end);
-          ++count;
+          count += end != first ? 1 : 0;
           return static_cast<const char*>(end);
         });
       }
