@@ -137,6 +137,6 @@ int main(int argc, char** argv) {
                          {"plain", igs_bench::time_plain},
                          {"read", time_read},
                          {"check", time_check},
-                         {"clean", time_clean},
+                         {"clean", time_clean, true},
                          {"write", time_write}});
 }

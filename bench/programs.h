@@ -20,7 +20,14 @@ namespace igs_bench {
 struct Step {
   const char* name;
   void (*time)(benchmark::State&, const Input&);
+  bool prepares = false;  ///< every iteration has to read the files first, which is not timed but takes time
 };
+
+/// As many as handle about 200 MB.
+inline std::int64_t iterations_for(const std::filesystem::path& path) {
+  const double size = std::filesystem::is_directory(path) ? 1e8 : static_cast<double>(std::filesystem::file_size(path));
+  return static_cast<std::int64_t>(std::clamp(2e8 / std::max(size, 1.), 1., 100.));
+}
 
 inline void set_rates(benchmark::State& state, const Input& input, const char* unit, double count) {
   state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(input.size()));
@@ -99,10 +106,10 @@ inline int run(int argc, char** argv, std::initializer_list<Step> steps) {
     const std::string path = argv[i];
     for (const Step& step : steps) {
       const std::string name = std::string(step.name) + '/' + std::filesystem::path(path).filename().string();
-      benchmark::RegisterBenchmark(name.c_str(),
-                                   [step, path](benchmark::State& state) { step.time(state, input_of(path)); })
-          ->Unit(benchmark::kMillisecond)
-          ->MinTime(.5);
+      auto* const made = benchmark::RegisterBenchmark(
+          name.c_str(), [step, path](benchmark::State& state) { step.time(state, input_of(path)); });
+      made->Unit(benchmark::kMillisecond);
+      if (step.prepares) made->Iterations(iterations_for(path));
     }
   }
   benchmark::RunSpecifiedBenchmarks();
