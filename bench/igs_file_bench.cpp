@@ -1,56 +1,21 @@
-// Times reading, checking and writing of whole files, and the floor that no reader can go below: finding the ends of
-// the lines and converting every number of the Parameter Data section, which is kept in no object.
+// Times reading, checking, cleaning and writing of whole files. Beside that, the floor that no reader can go below, and
+// the plain way (programs.h).
 //
-//   igs_file_bench [BENCHMARK-OPTION...] FILE...
+//   igs_file_bench [BENCHMARK-OPTION...] FILE-OR-FOLDER...
 //
-// Each figure is for one file, held in memory, so that no disk is timed. `bytes_per_second` counts the bytes of the
-// file read, also for check and write. `peak/file` is the most memory that a read has needed, over the file's size, the
-// file itself not counted.
+// Files are held in memory, so that no disk is timed. `bytes_per_second` counts the bytes of the file read, also for
+// check, clean and write. `peak` is the most memory that reading has needed, in bytes, the file itself and the program
+// not counted; of a folder, that of the file after file.
 
-#include <benchmark/benchmark.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <charconv>
-#include <cstdio>
-#include <cstring>
-#include <fstream>
-#include <iostream>
-#include <memory>
-#include <sstream>
-#include <streambuf>
-#include <string>
-#include <string_view>
-
-#include "igs/igs.h"
-#include "igs/input/record.h"
+#include "programs.h"
 
 namespace {
 
-/// Reads from a text without a copy.
-class TextBuffer : public std::streambuf {
- public:
-  explicit TextBuffer(const std::string& text) {
-    char* const begin = const_cast<char*>(text.data());  // never written to
-    setg(begin, begin, begin + text.size());
-  }
-};
-
-/// Counts what is written and keeps nothing.
-class NullBuffer : public std::streambuf {
- public:
-  std::size_t size() const { return m_size; }
-
- protected:
-  int overflow(int c) override { return ++m_size, traits_type::not_eof(c); }
-  std::streamsize xsputn(const char*, std::streamsize count) override {
-    m_size += static_cast<std::size_t>(count);
-    return count;
-  }
-
- private:
-  std::size_t m_size = 0;
-};
+using igs_bench::Input;
+using igs_bench::read;
 
 /// A figure of /proc/self/status in bytes; 0 where there is no such file.
 std::size_t memory(std::string_view label) {
@@ -61,147 +26,117 @@ std::size_t memory(std::string_view label) {
   return 0;
 }
 
-std::unique_ptr<igsFile> read(const std::string& text) {
-  TextBuffer buffer(text);
-  std::istream in(&buffer);
-  utOstream messages(std::cerr);
-  auto file = std::make_unique<igsFile>();
-  return file->read(in, messages) == 1 ? std::move(file) : nullptr;
-}
-
-void set_rates(benchmark::State& state, const std::string& text, int num_entities) {
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * std::ssize(text));
-  state.counters["entities/s"] =
-      benchmark::Counter(static_cast<double>(num_entities), benchmark::Counter::kIsIterationInvariantRate);
-}
-
-void time_read(benchmark::State& state, const std::string& text) {
-  int num_entities = 0;
-  for (auto _ : state) {
-    std::unique_ptr<igsFile> file = read(text);
-    num_entities = file->num_entities();
-    state.PauseTiming();  // what a file costs to delete is not asked
-    file.reset();
-    state.ResumeTiming();
+/// In a process of its own, whose memory has only the files in it that are held already.
+double peak_memory(const Input& input) {
+  int channel[2] = {};
+  if (pipe(channel) != 0) return 0;
+  double peak = 0;
+  if (const pid_t child = fork(); child == 0) {
+    std::ofstream("/proc/self/clear_refs") << "5";  // the peak starts anew
+    const std::size_t before = memory("VmRSS:");
+    for (const std::string& text : input.texts) read(text);
+    peak = static_cast<double>(memory("VmHWM:") - before);
+    _exit(write(channel[1], &peak, sizeof peak) == sizeof peak ? 0 : 1);
+  } else if (child > 0) {
+    if (::read(channel[0], &peak, sizeof peak) != sizeof peak) peak = 0;
+    waitpid(child, nullptr, 0);
   }
-  set_rates(state, text, num_entities);
+  close(channel[0]);
+  close(channel[1]);
+  return peak;
 }
 
-void time_check(benchmark::State& state, const std::string& text) {
-  const std::unique_ptr<igsFile> file = read(text);
-  for (auto _ : state) file->check();
-  set_rates(state, text, file->num_entities());
+using Files = std::vector<std::unique_ptr<igsFile>>;
+
+Files read_all(const Input& input) {
+  Files files;
+  for (const std::string& text : input.texts) files.push_back(read(text));
+  return files;
 }
 
-void time_write(benchmark::State& state, const std::string& text) {
-  const std::unique_ptr<igsFile> file = read(text);
-  utOstream messages(std::cerr);
-  for (auto _ : state) {
-    NullBuffer buffer;
-    std::ostream out(&buffer);
-    if (file->write(out, messages) == 0) state.SkipWithError("write failed");
-  }
-  set_rates(state, text, file->num_entities());
-}
-
-/// Converts every number of a Parameter Data record; returns their sum, so that nothing is optimised away.
-double sum_of_numbers(std::string_view data) {
+double num_entities(const Files& files) {
   double sum = 0;
-  const char* position = data.data();
-  const char* const end = position + data.size();
-  while (position < end) {
-    double value = 0;
-    const std::from_chars_result result = std::from_chars(position, end, value);
-    sum += value;
-    position = result.ec == std::errc() ? result.ptr : position + 1;
-    while (position < end && *position != ',' && *position != ';') ++position;
-    ++position;
-  }
+  for (const auto& file : files) sum += file->num_entities();
   return sum;
 }
 
-void time_floor(benchmark::State& state, const std::string& text) {
-  for (auto _ : state) {
-    double sum = 0;
-    for (std::size_t start = 0; start < text.size();) {
-      const std::size_t end = std::min(text.find('\n', start), text.size());
-      const std::string_view record(text.data() + start, end - start);
-      if (record.size() >= record_length && record[data_columns] == 'P') {
-        sum += sum_of_numbers(record.substr(0, pd_data_columns));
-      }
-      start = end + 1;
-    }
-    benchmark::DoNotOptimize(sum);
-  }
-  set_rates(state, text, 0);
-}
-
-/// What is timed has to be right: the file is read whole, and what is written of it reads back with as many entities.
-bool is_handled_rightly(const std::string& text) {
-  const std::unique_ptr<igsFile> file = read(text);
+/// What is timed has to be right: a file is read whole, and what is written of it reads back with as many entities. A
+/// folder may hold any files.
+bool is_handled_rightly(const Input& input) {
+  if (input.texts.size() != 1) return !input.texts.empty();
+  const std::unique_ptr<igsFile> file = read(input.texts[0], true);
   if (file == nullptr || file->num_entities() == 0) return false;
   std::ostringstream out;
   utOstream messages(std::cerr);
   if (file->write(out, messages) == 0) return false;
-  const std::unique_ptr<igsFile> copy = read(out.str());
+  const std::unique_ptr<igsFile> copy = read(out.str(), true);
   return copy != nullptr && copy->num_entities() == file->num_entities();
 }
 
-std::string contents(const char* name) {
-  std::ifstream in(name, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
+void time_read(benchmark::State& state, const Input& input) {
+  static std::string known;  // asked once a file, not once a repetition
+  static double peak = 0;
+  if (known != input.name) {
+    if (!is_handled_rightly(input)) return state.SkipWithError("cannot be read and written whole");
+    known = input.name;
+    peak = peak_memory(input);
+  }
+  double count = 0;
+  for (auto _ : state) {
+    Files files = read_all(input);
+    state.PauseTiming();  // what a file costs to delete is not asked
+    count = num_entities(files);
+    files.clear();
+    state.ResumeTiming();
+  }
+  set_rates(state, input, "entities", count);
+  state.counters["peak"] = peak;
 }
 
-/// In a process of its own, whose memory nothing has been through yet.
-void print_peak_memory(const char* name) {
-  std::fflush(nullptr);
-  const pid_t child = fork();
-  if (child == 0) {
-    const std::string text = contents(name);
-    std::ofstream("/proc/self/clear_refs") << "5";  // the peak starts anew
-    const std::size_t before = memory("VmRSS:");
-    const bool was_read = read(text) != nullptr;
-    const double peak = static_cast<double>(memory("VmHWM:") - before) / static_cast<double>(text.size());
-    std::printf("%s: %s, peak memory of reading %.2f times its size\n", name, was_read ? "read" : "not read", peak);
-    std::fflush(nullptr);
-    _exit(0);
+void time_check(benchmark::State& state, const Input& input) {
+  const Files files = read_all(input);
+  for (auto _ : state) {
+    for (const auto& file : files) file->check();
   }
-  waitpid(child, nullptr, 0);
+  set_rates(state, input, "entities", num_entities(files));
 }
 
-void register_file(const char* name, const std::string& text) {
-  const std::string file = std::string(name).substr(std::string(name).find_last_of('/') + 1);
-  struct Step {
-    const char* name;
-    void (*time)(benchmark::State&, const std::string&);
-  };
-  for (const Step& step :
-       {Step{"floor/", time_floor}, {"read/", time_read}, {"check/", time_check}, {"write/", time_write}}) {
-    benchmark::RegisterBenchmark((step.name + file).c_str(), step.time, text)
-        ->Unit(benchmark::kMillisecond)
-        ->MinTime(1);
+void time_clean(benchmark::State& state, const Input& input) {
+  double count = 0;
+  for (auto _ : state) {
+    state.PauseTiming();  // a file that is clean already would be another task
+    Files files = read_all(input);
+    count = num_entities(files);
+    state.ResumeTiming();
+    for (const auto& file : files) file->clean(0);
+    state.PauseTiming();
+    files.clear();
+    state.ResumeTiming();
   }
+  set_rates(state, input, "entities", count);
+}
+
+void time_write(benchmark::State& state, const Input& input) {
+  const Files files = read_all(input);
+  utOstream messages(std::cerr);
+  for (auto _ : state) {
+    for (const auto& file : files) {
+      igs_bench::NullBuffer buffer;
+      std::ostream out(&buffer);
+      if (file->write(out, messages) == 0) state.SkipWithError("write failed");
+    }
+  }
+  set_rates(state, input, "entities", num_entities(files));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (argc < 2) {
-    std::fprintf(stderr, "usage: igs_file_bench [BENCHMARK-OPTION...] FILE...\n");
-    return 2;
-  }
-  for (int i = 1; i < argc; ++i) print_peak_memory(argv[i]);
-  for (int i = 1; i < argc; ++i) {
-    const std::string text = contents(argv[i]);
-    if (!is_handled_rightly(text)) {
-      std::fprintf(stderr, "igs_file_bench: %s cannot be read and written whole\n", argv[i]);
-      return 1;
-    }
-    register_file(argv[i], text);
-  }
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
+  return igs_bench::run(argc, argv,
+                        {{"floor", igs_bench::time_floor},
+                         {"plain", igs_bench::time_plain},
+                         {"read", time_read},
+                         {"check", time_check},
+                         {"clean", time_clean, true},
+                         {"write", time_write}});
 }

@@ -1,0 +1,328 @@
+#pragma once
+
+#include <algorithm>
+#include <bit>
+#include <climits>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "igs/input/igsInStream.h"
+#include "input/records.h"
+
+namespace records {
+
+inline constexpr unsigned code(igsIOErrorCode c) { return 1U << static_cast<unsigned>(c); }
+/// The codes that a field raises by itself.
+inline constexpr unsigned field_codes = code(igsIOValuePresent) | code(igsIOBlankInValue) | code(igsIOExtraCharacters) |
+                                        code(igsIOSplitValue) | code(igsIONotANumber) | code(igsIONullCharacter);
+
+/// The delimiters, and what the records of a test have in common.
+struct FieldLayout {
+  char section = 'P';
+  int records_per_entity = 1;
+  char delimiter = ',';
+  char end = ';';
+
+  std::size_t width() const { return section == 'P' ? 64 : 72; }
+  int entity(std::size_t number) const {
+    return section == 'P' ? 1 + 2 * (static_cast<int>(number) / records_per_entity) : 1;
+  }
+  std::string line(std::size_t number, const std::string& data) const {
+    return record(section, static_cast<int>(number) + 1, data, entity(number));
+  }
+};
+
+/// What a reader knows after a field.
+struct FieldOutcome {
+  std::uint64_t number = 0;  ///< the bits of a real
+  std::string text;
+  unsigned codes = 0;
+  std::size_t line = 0, column = 0;
+  bool frozen = false;
+
+  bool operator==(const FieldOutcome&) const = default;
+};
+
+inline std::ostream& operator<<(std::ostream& out, const FieldOutcome& o) {
+  return out << o.number << " (" << std::bit_cast<double>(o.number) << ") \"" << o.text << "\" codes " << o.codes
+             << " at " << o.line << ":" << o.column << (o.frozen ? " frozen" : "");
+}
+
+inline std::uint64_t bits(double value) {
+  return std::isnan(value) ? std::bit_cast<std::uint64_t>(std::nan("")) : std::bit_cast<std::uint64_t>(value);
+}
+
+inline int nearest_int(long long value) { return static_cast<int>(std::clamp<long long>(value, INT_MIN, INT_MAX)); }
+
+/// Reads fields as igsInStream does, but takes every character by itself and leaves every conversion to the C library,
+/// whose locale has to be "C". The data of each record is as wide as the layout says and free of line ends.
+class FieldModel {
+ public:
+  FieldModel(const FieldLayout& layout, const std::vector<std::string>& data) : m_layout(layout), m_data(data) {
+    load();
+    m_null_code = 0;
+  }
+
+  /// i, r, h: a free integer, real or string; I, S: an integer or a text of `width` columns. Of the codes the model
+  /// knows field_codes alone.
+  FieldOutcome read(char kind, unsigned width) {
+    m_outcome = FieldOutcome();
+    m_outcome.codes = std::exchange(m_null_code, 0);
+    m_kind = kind;
+    m_text.clear();
+    if (kind == 'I' || kind == 'S') {
+      if (!read_fixed_fast(width)) read_fixed_slow(width);
+    } else {
+      while (at() == ' ' || at() == '\n') advance(1);
+      if (kind == 'h' || !read_fast()) read_slow();
+    }
+    m_outcome.codes |= std::exchange(m_null_code, 0);
+    m_outcome.line = m_line + 1;
+    m_outcome.column = m_column;
+    m_outcome.frozen = m_frozen;
+    return m_outcome;
+  }
+
+  const std::string& line() const { return m_record; }
+  bool frozen() const { return m_frozen; }
+  bool ended() const { return m_line >= m_data.size(); }
+  bool reset() {
+    while (m_frozen && !ended()) {
+      m_frozen = false;
+      m_null_code = 0;
+      if (m_column > 0)
+        next_record();
+      else
+        break;
+    }
+    return !ended();
+  }
+
+ private:
+  void load() {
+    if (ended()) return;
+    std::string data = m_data[m_line];
+    if (data.find('\0') != std::string::npos) m_null_code = code(igsIONullCharacter);
+    for (char& c : data) {
+      if (c == '\0' || c == '\t') c = ' ';
+    }
+    m_record = m_layout.line(m_line, data);
+    m_end = m_layout.width();
+    if (m_layout.section != 'D') m_record[m_end] = '\n';
+    if (m_layout.section == 'G') ++m_end;
+  }
+  void next_record() {
+    ++m_line;
+    m_column = 0;
+    load();
+    m_frozen = ended() || m_layout.entity(m_line) != m_layout.entity(m_line - 1);
+  }
+  char at() const { return m_frozen ? '\0' : m_record[m_column]; }
+  std::string rest() const { return m_frozen ? "" : m_record.substr(m_column); }
+  void advance(std::size_t count) {
+    if (m_frozen) return;
+    m_column += count;
+    if (m_column >= m_end) next_record();
+  }
+  bool is_delimiter(char c) const { return c == m_layout.delimiter || c == m_layout.end; }
+  void step_over_delimiter(std::size_t count) {
+    const bool ends_record = m_record[m_column + count - 1] == m_layout.end;
+    advance(count);
+    m_frozen = m_frozen || ends_record;
+  }
+  void raise(igsIOErrorCode c) { m_outcome.codes |= code(c); }
+  void set_real(double value) {
+    m_outcome.number = bits(value);
+    if (std::isnan(value)) raise(igsIONotANumber);
+  }
+  void set_int(long long value) { m_outcome.number = static_cast<std::uint64_t>(std::int64_t{nearest_int(value)}); }
+
+  // One conversion at the read position; the number of characters that belong to it.
+  std::size_t convert_at_once(const std::string& text) {
+    const char* const start = text.c_str();
+    char* end = nullptr;
+    if (m_kind == 'S') {
+      m_outcome.text = text;
+      end = const_cast<char*>(start) + text.size();
+    } else if (m_kind == 'r') {
+      set_real(real_with_d(start, end));
+    } else {
+      set_int(std::strtoll(start, &end, 10));
+    }
+    if (end > start) raise(igsIOValuePresent);
+    return static_cast<std::size_t>(end - start);
+  }
+  // A D behind a decimal number is an E to which an E before it is added; behind any other it multiplies the value.
+  static double real_with_d(const char* start, char*& end) {
+    const double value = std::strtod(start, &end);
+    if (*end != 'D' && *end != 'd') return value;
+    const std::string number(start, static_cast<const char*>(end));
+    const long long d = nearest_int(std::strtoll(end + 1, &end, 10));
+    if (number.empty()) return 0;
+    if (number.find_first_of("xXnNiI") != std::string::npos) return value * std::pow(10., static_cast<double>(d));
+    const std::size_t mantissa = std::min(number.find_first_of("eE"), number.size());
+    const long long e = mantissa == number.size() ? 0 : std::atoll(number.c_str() + mantissa + 1);
+    return std::strtod((number.substr(0, mantissa) + "E" + std::to_string(nearest_int(e) + d)).c_str(), nullptr);
+  }
+
+  bool read_fast() {
+    const std::string text = rest();
+    const std::size_t length = convert_at_once(text);
+    // A conversion that runs on into the columns behind the data has found nothing of the field's.
+    if (m_frozen || m_column + length >= m_end || !is_delimiter(text[length])) return false;
+    step_over_delimiter(length + 1);
+    return true;
+  }
+  void read_slow() {
+    begin_slowly();
+    while (at() != '\0') {
+      if ((m_kind != 'h' || m_stored >= m_declared) && is_delimiter(at())) {
+        step_over_delimiter(1);
+        break;
+      }
+      if (!accept(at())) break;
+      advance(1);
+    }
+    finish();
+  }
+  bool read_fixed_fast(std::size_t width) {
+    if (convert_at_once(rest().substr(0, width)) != width) return false;
+    advance(width);
+    return true;
+  }
+  void read_fixed_slow(std::size_t width) {
+    begin_slowly();
+    const std::string text = rest();
+    for (std::size_t i = 0; i + 1 < width && i < text.size(); ++i) accept(text[i]);
+    finish();
+    advance(std::min(width, text.size()));
+  }
+
+  void begin_slowly() {
+    m_state = State::start;
+    m_declared = m_stored = 0;
+    m_outcome.number = 0;
+    m_outcome.text.clear();
+  }
+  // False when no further character is wanted.
+  bool accept(char c) {
+    if (m_state == State::stop) return false;
+    if (m_state == State::string) return accept_in_string(c);
+    if (m_kind == 'S') return accept_text(c);
+    if (c == ' ') {
+      if (m_state == State::storing) m_state = State::blank;
+      if (m_state == State::split) m_state = State::blank_split;
+    } else if (c == '\n') {
+      if (m_state == State::storing) m_state = State::split;
+      if (m_state == State::blank) m_state = State::blank_split;
+    } else {
+      if (m_state == State::start) raise(igsIOValuePresent);
+      if (m_state == State::blank || m_state == State::blank_split) raise(igsIOBlankInValue);
+      if (m_state == State::split || m_state == State::blank_split) raise(igsIOSplitValue);
+      m_state = State::storing;
+      store(c);
+    }
+    return true;
+  }
+  void store(char c) {
+    if (m_kind == 'h' && (c == 'H' || c == 'h')) {
+      m_declared = nearest_int(std::strtoll(m_text.c_str(), nullptr, 10));
+      m_text.clear();
+      m_state = State::string;
+    } else {
+      m_text += m_kind == 'r' && (c == 'D' || c == 'd') ? 'E' : c;
+    }
+  }
+  bool accept_in_string(char c) {
+    if (c == '\n') return true;
+    if (m_declared > 0) {
+      m_text += c;
+      ++m_stored;
+    } else if (c != ' ') {
+      raise(igsIOExtraCharacters);
+      m_state = State::stop;
+    }
+    return m_state != State::stop;
+  }
+  bool accept_text(char c) {
+    if (c == '\n' || (m_state == State::start && c == ' ')) return true;
+    if (m_state == State::start) raise(igsIOValuePresent);
+    m_state = State::text;
+    m_text += c;
+    return true;
+  }
+  void finish() {
+    char* end = nullptr;
+    if (m_kind == 'h' && m_stored > m_declared) drop_excess();
+    if (m_kind == 'h' || m_kind == 'S') {
+      m_outcome.text = m_text;
+    } else if (m_kind == 'r') {
+      set_real(std::strtod(m_text.c_str(), &end));
+      if (*end != '\0') raise(igsIOValuePresent);
+    } else {
+      set_int(std::strtoll(m_text.c_str(), &end, 10));
+      if (*end != '\0') raise(igsIOExtraCharacters);
+    }
+  }
+  void drop_excess() {
+    const std::string stored = std::exchange(m_text, "");
+    long long excess = m_stored - m_declared;
+    for (std::size_t i = 0; i < stored.size(); ++i) {
+      if (excess > 0 && i > 0 && stored[i] == ' ' && stored[i - 1] == ' ')
+        --excess;
+      else
+        m_text += stored[i];
+    }
+    m_text.resize(std::min(m_text.size(), static_cast<std::size_t>(m_declared)));
+  }
+
+  enum class State { start, storing, blank, split, blank_split, string, text, stop };
+
+  FieldLayout m_layout;
+  std::vector<std::string> m_data;
+  std::string m_record;
+  std::size_t m_line = 0, m_column = 0, m_end = 0;
+  bool m_frozen = false;
+  unsigned m_null_code = 0;
+
+  char m_kind = 'i';
+  State m_state = State::start;
+  std::string m_text;
+  long long m_declared = 0, m_stored = 0;
+  FieldOutcome m_outcome;
+};
+
+/// The same field, with all its codes.
+inline FieldOutcome read_by_stream(igsInStream& in, char kind, unsigned width) {
+  FieldOutcome outcome;
+  int number = 0;
+  double real = 0;
+  if (kind == 'r') {
+    in.read_double(real);
+    outcome.number = bits(real);
+  } else if (kind == 'h') {
+    in.read_holerith(outcome.text);
+  } else if (kind == 'S') {
+    in.read_string(width, outcome.text);
+  } else {
+    kind == 'I' ? in.read_integer(width, number) : in.read_integer(number);
+    outcome.number = static_cast<std::uint64_t>(std::int64_t{number});
+  }
+  for (const igsIOError& error : in.errors()) outcome.codes |= code(error.error_type());
+  igsFileSection section = igsNoSectionId;
+  int line = 0;
+  int column = 0;
+  in.position(section, line, column);
+  outcome.line = static_cast<std::size_t>(line);
+  outcome.column = static_cast<std::size_t>(column);
+  outcome.frozen = in.frozen();
+  return outcome;
+}
+
+}  // namespace records
