@@ -3,6 +3,7 @@
 #include <cstdarg>
 #include <unordered_map>
 
+#include "igs/errors/igsErrorPool.h"
 #include "igs/errors/igsSectionLog.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsCompound.h"
@@ -19,6 +20,16 @@ std::unordered_map<const igsError*, kelabsOutput*>& streams_apart() {
   return streams;
 }
 }  // namespace
+
+void* igsError::operator new(std::size_t size) { return igsErrorPool::take(size); }
+
+void* igsError::operator new(std::size_t size, const std::nothrow_t& nothrow) noexcept {
+  return igsErrorPool::take(size, nothrow);
+}
+
+void igsError::operator delete(void* memory) noexcept { igsErrorPool::give_back(memory); }
+
+void igsError::operator delete(void* memory, const std::nothrow_t&) noexcept { igsErrorPool::give_back(memory); }
 
 igsError::~igsError() {
   if (m_stream_number == kept_apart) streams_apart().erase(this);
@@ -64,8 +75,8 @@ void igsError::message(const char* format, ...) const {
 }
 
 void igsIndexedError::set_key(int key) {
+  if (log() != nullptr) log()->key_changes(*this, key);
   m_key = key;
-  if (log() != nullptr) log()->key_changed(this);
 }
 
 // Errors are logged from the constructor of their kind, before the constructor of their class has stored any value.

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <new>
+
 #include "igs/support/export.h"
 #include "igs/support/igsTyped.h"
 #include "igs/support/kelabsOutput.h"
@@ -32,6 +35,18 @@ class IGS_API igsError {
 
   igsError(const igsError&) = delete;
   igsError& operator=(const igsError&) = delete;
+
+  // Errors made with `new` share blocks of memory; nothing is to be known of it where they are made.
+  static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
+  static void* operator new(std::size_t size, std::align_val_t alignment) { return ::operator new(size, alignment); }
+  static void* operator new(std::size_t /*size*/, void* place) noexcept { return place; }
+  static void operator delete(void* memory) noexcept;
+  static void operator delete(void* memory, const std::nothrow_t&) noexcept;
+  static void operator delete(void* memory, std::align_val_t alignment) noexcept {
+    ::operator delete(memory, alignment);
+  }
+  static void operator delete(void* /*memory*/, void* /*place*/) noexcept {}
 
   /// Repairs the condition. Returns 1 when it is repaired (or was a mere warning), 0 when it cannot be repaired and the
   /// model is as it was.

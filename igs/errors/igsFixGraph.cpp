@@ -19,11 +19,19 @@ igsFixGraph::igsFixGraph(const igsIndexedSectionLog& log) {
     auto* const error = static_cast<igsObjectError*>(errors());
     const int key = node(error->key());
     const int obj = node(error->obj());
-    m_nodes[static_cast<std::size_t>(key)].errors.push_back(error->log_position());
+    m_nodes[static_cast<std::size_t>(key)].add_error(error->log_position());
     if (key == obj) continue;
     std::vector<int>& dependencies = m_nodes[static_cast<std::size_t>(key)].dependencies;
     if (dependencies.empty() || dependencies.back() != obj) dependencies.push_back(obj);
     m_nodes[static_cast<std::size_t>(obj)].used = 1;
+  }
+}
+
+void igsFixGraph::Node::add_error(int slot) {
+  if (!errors.empty() && slot == errors.back().last + 1) {
+    errors.back().last = slot;
+  } else {
+    errors.push_back({slot, slot});
   }
 }
 

@@ -10,12 +10,18 @@ class igsIndexedSectionLog;
 /// the fixer. Nodes are indices into `nodes()`, in order of first mention.
 class igsFixGraph {
  public:
+  /// Slots in the object log, one after the other.
+  struct Run {
+    int first, last;
+  };
   struct Node {
     int used = 0;  ///< some other node depends on this one
     int distance =
         0;  ///< longest cycle-free path from a node that nothing depends on, which itself has 1; 0: unreachable
     std::vector<int> dependencies;
-    std::vector<int> errors;  ///< slots in the object log; the error is looked up again when its turn comes
+    std::vector<Run> errors;  ///< where they are; each is looked up again when its turn comes
+
+    void add_error(int slot);
   };
 
   explicit igsFixGraph(const igsIndexedSectionLog& log);

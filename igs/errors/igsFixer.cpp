@@ -16,6 +16,20 @@ void fix_in_log_order(igsErrorLog& log, igsLogID log_id, int keep_going) {
     }
   }
 }
+
+// False when the entity's other errors are to be left.
+bool fix_in_run(igsErrorLog& log, const igsFixGraph::Run& run, int keep_going) {
+  for (int slot = run.first; slot <= run.last; ++slot) {
+    igsError* const error = log.object_log().error_in_slot(slot);
+    if (error == nullptr) continue;  // a repair made before this one has removed it
+    if (error->fix() != 0) {
+      log.mark_as_fixed(error);
+    } else if (keep_going == 0) {
+      return false;
+    }
+  }
+  return true;
+}
 }  // namespace
 
 void igsFixer::fix(igsErrorLog& log, int keep_going) {
@@ -32,14 +46,8 @@ void igsFixer::fix_object_errors(igsErrorLog& log, int keep_going) {
   const igsRepairRun run;
   igsFixGraph graph(log.object_log());
   for (const int number : graph.schedule()) {
-    for (const int slot : graph.nodes()[static_cast<std::size_t>(number)].errors) {
-      igsError* const error = log.object_log().error_in_slot(slot);
-      if (error == nullptr) continue;  // a repair made before this one has removed it
-      if (error->fix() != 0) {
-        log.mark_as_fixed(error);
-      } else if (keep_going == 0) {
-        break;
-      }
+    for (const igsFixGraph::Run& run : graph.nodes()[static_cast<std::size_t>(number)].errors) {
+      if (!fix_in_run(log, run, keep_going)) break;
     }
   }
 }

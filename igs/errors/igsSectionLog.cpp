@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <new>
+#include <unordered_set>
+#include <utility>
 
 #include "igs/support/makeRoom.h"
 
@@ -51,34 +53,42 @@ unsigned igsSimpleSectionLog::number_of_stream(kelabsOutput* stream) {
   return number;
 }
 
-int igsSimpleSectionLog::take_slot(igsError* error) const {
-  int slot;
-  if (m_free_slots.empty()) {
-    slot = static_cast<int>(m_active.size());
-    m_active.push_back(error);
-  } else {
-    slot = m_free_slots.back();
-    m_free_slots.pop_back();
-    m_active[static_cast<std::size_t>(slot)] = error;
+int igsSimpleSectionLog::next_slot() const {
+  if (m_free_slot < 0) {
+    m_slots.push_back(free_after(-1));
+    m_free_slot = num_slots() - 1;
   }
-  error->set_log_position(slot);
-  return slot;
+  return m_free_slot;
 }
 
-void igsSimpleSectionLog::free_slot(int slot) {
-  m_free_slots.push_back(slot);
-  m_active[static_cast<std::size_t>(slot)] = nullptr;
+void igsSimpleSectionLog::take_slot(igsError* error) const {
+  std::uintptr_t& content = m_slots[static_cast<std::size_t>(m_free_slot)];
+  error->set_log_position(std::exchange(m_free_slot, freed_before(content)));
+  content = reinterpret_cast<std::uintptr_t>(error);
+}
+
+void igsSimpleSectionLog::free_slot(const igsError& error) {
+  const int slot = error.log_position();
+  m_slots[static_cast<std::size_t>(slot)] = free_after(std::exchange(m_free_slot, slot));
   --m_num_errors;
-  slot_freed(slot);
+  slot_freed(error);
+}
+
+void igsSimpleSectionLog::drop_free_slots() {
+  int slot = 0;
+  for (int next = m_free_slot; next == slot; ++slot) next = freed_before(m_slots[static_cast<std::size_t>(slot)]);
+  if (slot != num_slots()) return;
+  m_slots.clear();
+  m_free_slot = -1;
 }
 
 bool igsSimpleSectionLog::is_active(const igsError* error) const {
-  const auto position = static_cast<std::size_t>(error->log_position());
-  return error->log_position() >= 0 && position < m_active.size() && m_active[position] == error;
+  return error_in_slot(error->log_position()) == error;
 }
 
 int igsSimpleSectionLog::receive_error(igsError* error) {
   if (!accepts(error)) return 0;
+  next_slot();
   take_slot(error);
   ++m_num_errors;
   if (error->log() == nullptr) error->set_log(this);
@@ -90,7 +100,7 @@ int igsSimpleSectionLog::mark_as_fixed(igsError* error) {
   update_log();
   if (!is_active(error)) return 1;
   make_room(m_fixed);
-  free_slot(error->log_position());
+  free_slot(*error);
   error->set_log_position(static_cast<int>(m_fixed.size()));
   m_fixed.push_back(error);
   return 1;
@@ -100,7 +110,7 @@ void igsSimpleSectionLog::delete_error(igsError* error) {
   if (error == nullptr || error->log() != this) return;
   update_log();
   if (is_active(error)) {
-    free_slot(error->log_position());
+    free_slot(*error);
   } else {
     std::erase(m_fixed, error);
     for (std::size_t i = 0; i < m_fixed.size(); ++i) m_fixed[i]->set_log_position(static_cast<int>(i));
@@ -109,10 +119,10 @@ void igsSimpleSectionLog::delete_error(igsError* error) {
 }
 
 void igsSimpleSectionLog::clear() {
-  for (const igsError* error : m_active) delete error;
+  for (int slot = 0; slot < num_slots(); ++slot) delete in_slot(slot);
   for (const igsError* error : m_fixed) delete error;
-  m_active.clear();
-  m_free_slots = std::vector<int>();
+  m_slots.clear();
+  m_free_slot = -1;
   m_fixed = std::vector<igsError*>();
   m_streams.clear();
   m_num_errors = 0;
@@ -133,7 +143,6 @@ void igsIndexedSectionLog::clear() {
   for (const igsError* error : m_received) delete error;
   m_received.clear();
   igsSimpleSectionLog::clear();
-  m_links.clear();
   m_index = std::unordered_map<int, Bucket>();
 }
 
@@ -141,41 +150,69 @@ void igsIndexedSectionLog::clear() {
 void igsIndexedSectionLog::update_log() const {
   while (!m_received.empty()) {
     igsError* const error = m_received.front();
-    const int key = static_cast<const igsIndexedError*>(error)->key();
-    m_index.try_emplace(key);
-    if (m_links.size() <= num_slots()) m_links.emplace_back();
-    link(take_slot(error), key);
+    add(static_cast<const igsIndexedError*>(error)->key(), next_slot());
+    take_slot(error);
     m_received.pop_front();
   }
 }
 
-void igsIndexedSectionLog::link(int slot, int key) const {
-  Bucket& bucket = m_index[key];
-  m_links[static_cast<std::size_t>(slot)] = {key, -1, bucket.first};
-  if (bucket.first >= 0) m_links[static_cast<std::size_t>(bucket.first)].previous = slot;
-  bucket.first = slot;
-  ++bucket.size;
-}
-
-void igsIndexedSectionLog::slot_freed(int slot) const {
-  const Link& freed = m_links[static_cast<std::size_t>(slot)];
-  const auto bucket = m_index.find(freed.key);
-  if (freed.previous >= 0) {
-    m_links[static_cast<std::size_t>(freed.previous)].next = freed.next;
-  } else {
-    bucket->second.first = freed.next;
+void igsIndexedSectionLog::Bucket::add(int slot) {
+  const bool has_runs = latest.first <= latest.last;
+  if (has_runs && slot != latest.last + 1) {
+    if (earlier == nullptr) earlier = std::make_unique<std::vector<Run>>();
+    earlier->push_back(latest);
   }
-  if (freed.next >= 0) m_links[static_cast<std::size_t>(freed.next)].previous = freed.previous;
-  if (--bucket->second.size == 0) m_index.erase(bucket);
+  if (!has_runs || slot != latest.last + 1) latest.first = slot;
+  latest.last = slot;
+  ++size;
 }
 
-void igsIndexedSectionLog::key_changed(igsIndexedError* error) {
-  if (!is_active(error)) return;  // received but not indexed yet, or fixed
-  const int former = m_links[static_cast<std::size_t>(error->log_position())].key;
-  if (error->key() == former) return;
-  m_index.try_emplace(error->key());  // what takes memory comes first
-  slot_freed(error->log_position());
-  link(error->log_position(), error->key());
+void igsIndexedSectionLog::add(int key, int slot) const {
+  constexpr std::size_t few = 16;
+  Bucket& bucket = m_index[key];
+  if (bucket.earlier != nullptr && bucket.earlier->size() > few + 2 * static_cast<std::size_t>(bucket.size)) {
+    drop_stale_runs(bucket, key);
+  }
+  bucket.add(slot);
+}
+
+void igsIndexedSectionLog::leave(int key) const {
+  const auto bucket = m_index.find(key);
+  if (bucket != m_index.end() && --bucket->second.size == 0) m_index.erase(bucket);
+}
+
+// A slot that the same key has had before is visited again.
+template <class Visit>
+void igsIndexedSectionLog::visit_latest_first(const Bucket& bucket, int key, Visit visit) const {
+  const auto visit_run = [&](const Run& run) {
+    for (int slot = run.last; slot >= run.first; --slot) {
+      const auto* const error = static_cast<const igsIndexedError*>(error_in_slot(slot));
+      if (error != nullptr && error->key() == key) visit(slot);
+    }
+  };
+  visit_run(bucket.latest);
+  if (bucket.earlier != nullptr) std::for_each(bucket.earlier->rbegin(), bucket.earlier->rend(), visit_run);
+}
+
+void igsIndexedSectionLog::drop_stale_runs(Bucket& bucket, int key) const {
+  std::vector<int> slots;
+  std::unordered_set<int> seen;
+  visit_latest_first(bucket, key, [&](int slot) {
+    if (seen.insert(slot).second) slots.push_back(slot);
+  });
+  Bucket kept;
+  std::for_each(slots.rbegin(), slots.rend(), [&kept](int slot) { kept.add(slot); });
+  bucket = std::move(kept);
+}
+
+void igsIndexedSectionLog::slot_freed(const igsError& error) const {
+  leave(static_cast<const igsIndexedError&>(error).key());
+}
+
+void igsIndexedSectionLog::key_changes(const igsIndexedError& error, int new_key) {
+  if (!is_active(&error) || new_key == error.key()) return;  // not active: received but not indexed yet, or fixed
+  add(new_key, error.log_position());
+  leave(error.key());
 }
 
 int igsIndexedSectionLog::num_errors(int key) const {
@@ -186,18 +223,19 @@ int igsIndexedSectionLog::num_errors(int key) const {
 
 void igsIndexedSectionLog::clear(int key) {
   update_log();
-  while (true) {
-    const auto bucket = m_index.find(key);
-    if (bucket == m_index.end() || bucket->second.size == 0) return;
-    delete_error(error_in_slot(bucket->second.first));
-  }
+  const auto found = m_index.find(key);
+  if (found == m_index.end()) return;
+  const Bucket bucket = std::move(found->second);
+  m_index.erase(found);
+  visit_latest_first(bucket, key, [this](int slot) { delete_error(error_in_slot(slot)); });
+  if (bucket.size > num_slots() / 2) drop_free_slots();  // in time that follows what has been deleted
 }
 
 igsSimpleSectionLogIT::igsSimpleSectionLogIT(const igsSimpleSectionLog* log) : m_log(log) {}
 
 int igsSimpleSectionLogIT::operator++() {
   m_log->update_log();
-  const int end = static_cast<int>(m_log->m_active.size());
+  const int end = m_log->num_slots();
   for (++m_position; m_position < end; ++m_position) {
     if (m_log->error_in_slot(m_position) != nullptr) return 1;
   }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -30,9 +32,7 @@ class IGS_API igsSimpleSectionLog {
   virtual void print() const {}
 
   /// The active error in slot `slot` (its log_position, 0-based); null for a slot that is free or does not exist.
-  igsError* error_in_slot(int slot) const {
-    return slot >= 0 && slot < static_cast<int>(m_active.size()) ? m_active[static_cast<std::size_t>(slot)] : nullptr;
-  }
+  igsError* error_in_slot(int slot) const { return slot >= 0 && slot < num_slots() ? in_slot(slot) : nullptr; }
   /// Number of active errors.
   int num_errors() const { return m_num_errors; }
   /// The fixed errors in fixing order.
@@ -42,15 +42,20 @@ class IGS_API igsSimpleSectionLog {
   bool accepts(const igsError* error) const { return error != nullptr && error->typeof(m_accepted); }
   /// Brings whatever is kept lazily up to date.
   virtual void update_log() const {}
-  virtual void key_changed(igsIndexedError* /*error*/) {}
-  /// The error has left its slot.
-  virtual void slot_freed(int /*slot*/) const {}
+  /// The error, of this log, is about to get another key.
+  virtual void key_changes(const igsIndexedError& /*error*/, int /*new_key*/) {}
+  /// The error leaves its slot.
+  virtual void slot_freed(const igsError& /*error*/) const {}
 
-  int take_slot(igsError* error) const;
-  void free_slot(int slot);
+  /// The slot that the next error gets; it stays free until take_slot, which takes no memory.
+  int next_slot() const;
+  void take_slot(igsError* error) const;
+  void free_slot(const igsError& error);
   bool is_active(const igsError* error) const;
   /// Number of slots, free ones included.
-  std::size_t num_slots() const { return m_active.size(); }
+  int num_slots() const { return static_cast<int>(m_slots.size()); }
+  /// Gives the memory of the slots back where all are free and would be taken in their order.
+  void drop_free_slots();
 
   mutable int m_num_errors = 0;
 
@@ -69,11 +74,19 @@ class IGS_API igsSimpleSectionLog {
   unsigned number_of_stream(kelabsOutput* stream);
   kelabsOutput* stream(unsigned number) const { return m_streams[number - 1]; }
 
+  // A slot holds an active error or, where it is free, 2n + 3 for the slot n that was freed before it (1: none).
+  static constexpr std::uintptr_t free_after(int slot) { return 2 * static_cast<std::uintptr_t>(slot + 1) + 1; }
+  static constexpr int freed_before(std::uintptr_t content) { return static_cast<int>(content / 2) - 1; }
+  igsError* in_slot(int slot) const {
+    const std::uintptr_t content = m_slots[static_cast<std::size_t>(slot)];
+    return content % 2 == 0 ? reinterpret_cast<igsError*>(content) : nullptr;
+  }
+
   const kluTypeInfo& m_accepted;
   unsigned m_number;
+  mutable int m_free_slot = -1;  ///< the one freed last; -1 when none is free
   std::vector<kelabsOutput*> m_streams;
-  mutable std::deque<igsError*> m_active;  // a deque grows without copies and without room to spare
-  mutable std::vector<int> m_free_slots;
+  mutable std::deque<std::uintptr_t> m_slots;  // a deque grows without copies and without room to spare
   std::vector<igsError*> m_fixed;
 };
 
@@ -95,22 +108,30 @@ class IGS_API igsIndexedSectionLog : public igsSimpleSectionLog {
 
  protected:
   void update_log() const override;
-  void key_changed(igsIndexedError* error) override;
-  void slot_freed(int slot) const override;
+  void key_changes(const igsIndexedError& error, int new_key) override;
+  void slot_freed(const igsError& error) const override;
 
  private:
-  // The slots of one key form a doubly linked list, so that any error leaves it at once.
-  struct Link {
-    int key, previous, next;
+  /// Slots that were given to errors of one key one after the other.
+  struct Run {
+    int first, last;
   };
+  /// Where the errors of one key are: slots among these runs. What has left its slot stays in them, so that an error
+  /// leaves at once and takes no memory while it is here.
   struct Bucket {
-    int first = -1;
-    int size = 0;
+    int size = 0;  ///< number of errors
+    Run latest{0, -1};
+    std::unique_ptr<std::vector<Run>> earlier;
+
+    void add(int slot);
   };
-  void link(int slot, int key) const;
+  void add(int key, int slot) const;
+  void leave(int key) const;
+  template <class Visit>
+  void visit_latest_first(const Bucket& bucket, int key, Visit visit) const;
+  void drop_stale_runs(Bucket& bucket, int key) const;
 
   mutable std::deque<igsError*> m_received;
-  mutable std::deque<Link> m_links;
   mutable std::unordered_map<int, Bucket> m_index;
 };
 

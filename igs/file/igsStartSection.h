@@ -1,6 +1,9 @@
 #pragma once
 
-#include <vector>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <string_view>
 
 #include "igs/support/export.h"
 #include "igs/support/utString.h"
@@ -47,6 +50,20 @@ class IGS_API igsStartSection {
  private:
   void set_owner(igsFile* owner) { m_owner = owner; }
 
-  std::vector<utString> m_lines{utString()};
+  // Files may have millions of short lines: their texts stand in one pool, without the blanks at their end.
+  struct Line {
+    std::uint64_t at : 48 = 0;  ///< of the text in the pool
+    std::uint64_t length : 8 = 0;
+    std::uint64_t blanks : 8 = 0;
+  };
+
+  utString text_of(const Line& line) const;
+  Line pooled(std::string_view text);
+  void replace(std::size_t index, std::string_view text);
+  void drop_unused_text();
+
+  std::deque<char> m_text;  // deques grow without copies and without room to spare
+  std::deque<Line> m_lines{Line()};
+  std::size_t m_unused = 0;  ///< characters of the pool that belong to no line any more
   igsFile* m_owner = nullptr;
 };

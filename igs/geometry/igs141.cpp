@@ -38,27 +38,32 @@ int igs141::read_model_space_curves(igsInStream& in) {
   const int count = igsFieldReader(in, *this).count(nullptr, 0);
   bool usable = true;
   const auto read = [this, &in, &usable, i = 0](igsModelSpaceCurve& curve) mutable {
-    if (in.frozen()) return false;
-    usable = read_model_space_curve_data(in, i++, curve) != 0;
-    return usable;
+    if (in.frozen()) return igsSupply::ended;
+    const igsSupply supply = read_model_space_curve_data(in, i++, curve);
+    usable = supply != igsSupply::ended;
+    return supply;
   };
   const int believed = igs_read_bounded(in, count, m_model_space_curves, read);
   if (usable && believed == 0) tag<igs141BadNumModelSpaceCurves>(count);
   return usable ? believed : 0;
 }
 
-int igs141::read_model_space_curve_data(igsInStream& in, int i, igsModelSpaceCurve& curve) const {
+// `ended`: the count of its parameter curves cannot be used.
+igsSupply igs141::read_model_space_curve_data(igsInStream& in, int i, igsModelSpaceCurve& curve) const {
   igsFieldReader reader(in, *this);
   igsModelSpaceCurve::leading_fields(curve, reader);
   const int count = reader.count(nullptr, 0);
-  const auto read = [&in, &reader](igsObjectPtr& parameter_curve) {
-    if (in.frozen()) return false;
-    reader(nullptr, parameter_curve);
-    return true;
+  const auto read = [this, &in](igsObjectPtr& parameter_curve) {
+    if (in.frozen()) return igsSupply::ended;
+    igsFieldReader pointer(in, *this);
+    pointer(nullptr, parameter_curve);
+    return pointer.given() ? igsSupply::given : igsSupply::empty;
   };
-  if (igs_read_bounded(in, count, curve.m_parameter_curves, read) != 0) return 1;
+  if (igs_read_bounded(in, count, curve.m_parameter_curves, read) != 0) {
+    return reader.given() ? igsSupply::given : igsSupply::empty;
+  }
   tag<igs141BadNumAssocParamCurves>(i, count);
-  return 0;
+  return igsSupply::ended;
 }
 
 void igs141::write_pd_data(igsOutStream& out) const {

@@ -6,6 +6,7 @@
 #include "igs/objects/igsObject.h"
 
 class igs141BadNumModelSpaceCurves;
+enum class igsSupply;
 
 /// Boundary (IGES 5.3, type 141): the curves that bound a region of a surface, each in model space and, where
 /// bounded_surface_representation() is 1, in the parameter space of the surface. Positions are 0-based.
@@ -53,7 +54,7 @@ class IGS_API igs141 : public igsTyped<igs141, "igs141", igsObject> {
   }
 
   int read_model_space_curves(igsInStream& in);
-  int read_model_space_curve_data(igsInStream& in, int i, igsModelSpaceCurve& curve) const;
+  igsSupply read_model_space_curve_data(igsInStream& in, int i, igsModelSpaceCurve& curve) const;
   void check_model_space_curve(int i, const igsModelSpaceCurve& curve) const;
   void check_parameter_curves(int i, const igsModelSpaceCurve& curve) const;
 

@@ -1,6 +1,7 @@
 #include "igs/geometry/igsSplineData.h"
 
 #include <algorithm>
+#include <array>
 
 #include "igs/input/igsInStream.h"
 #include "igs/objects/igsBoundedList.h"
@@ -24,9 +25,11 @@ double igs_read_supplied(igsInStream& in) {
 int igs_read_reals(igsInStream& in, std::int64_t count, std::vector<double>& reals, std::size_t read_before) {
   if (!in.frozen()) reserve_in_proportion(reals, count, read_before);
   const auto read = [&in](double& real) {
-    if (in.frozen()) return false;
-    real = igs_read_supplied(in);
-    return true;
+    if (in.frozen()) return igsSupply::ended;
+    in.read_double(real);
+    if (in.take_value_present() != 0) return igsSupply::given;
+    real = undefined_real;
+    return igsSupply::empty;
   };
   if (igs_read_bounded(in, count, reals, read, undefined_real) == 0) return 0;
   reals.shrink_to_fit();
@@ -36,13 +39,15 @@ int igs_read_reals(igsInStream& in, std::int64_t count, std::vector<double>& rea
 int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& points, std::size_t read_before) {
   if (!in.frozen()) reserve_in_proportion(points, count, read_before);
   const auto read = [&in](giPoint3& point) {
-    if (in.frozen()) return false;
-    double x = 0, y = 0, z = 0;
-    in.read_double(x);
-    in.read_double(y);
-    in.read_double(z);
-    point = giPoint3(x, y, z);
-    return true;
+    if (in.frozen()) return igsSupply::ended;
+    std::array<double, 3> xyz{};
+    bool given = false;
+    for (double& coordinate : xyz) {
+      in.read_double(coordinate);
+      given = given || in.value_present() != 0;
+    }
+    point = giPoint3(xyz[0], xyz[1], xyz[2]);
+    return given ? igsSupply::given : igsSupply::empty;
   };
   if (igs_read_bounded(in, count, points, read) == 0) return 0;
   points.shrink_to_fit();

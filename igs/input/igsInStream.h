@@ -49,6 +49,8 @@ class IGS_API igsInStream : public igsInEngine {
   /// 1 when the field just read holds a value. Forgets code 0 and no other code, so that one may ask after every field
   /// and ask for the other codes after the last one.
   int take_value_present();
+  /// As take_value_present, but forgets nothing.
+  int value_present() const { return m_value_present; }
   /// Asks whether a list may have `count` elements (0 or more) that the records do not supply. All lists of a file
   /// together may have always_granted, and one more for each bytes_per_granted bytes read: a file of a moderate size
   /// cannot claim a large model. Returns 1 and takes them off what is left; 0 when there are not as many left.

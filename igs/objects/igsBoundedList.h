@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -18,22 +19,39 @@ inline constexpr std::int64_t always_believed_count = 256;
 /// a whole is granted the elements that are missing (igsInStream::grant_missing).
 inline constexpr std::int64_t believed_per_supplied = 4;
 
-/// Makes `list` hold `count` elements. `read(element)` reads the next element from `in` into its argument, or returns
-/// false where the record has ended; the elements that are then missing stay `unset`. Returns 1; returns 0, the list
-/// empty, for a count that is negative or cannot be believed. Memory follows what the record supplies, not the count.
+/// What a record has for an element of a list.
+enum class igsSupply {
+  ended,  ///< nothing: the record has ended
+  empty,  ///< fields of which none holds a value
+  given
+};
+
+/// Where an element costs little more than its fields have taken in the file, empty ones are not paid for.
+template <class Element>
+inline constexpr bool igs_is_cheap_element =
+    std::is_arithmetic_v<Element> || std::is_constructible_v<Element, double, double> ||
+    std::is_constructible_v<Element, double, double, double>;
+
+/// Makes `list` hold `count` elements. `read(element)` reads the next element from `in` into its argument; where the
+/// record has ended, the elements that are then missing stay `unset`. Returns 1; returns 0, the list empty, for a count
+/// that is negative or cannot be believed. Elements whose fields are all empty are not supplied. Memory follows what
+/// the record has, not the count.
 template <class Element, class Read>
 int igs_read_bounded(igsInStream& in, std::int64_t count, std::vector<Element>& list, Read read,
                      const Element& unset = Element()) {
   list.clear();
   if (count > 0) list.reserve(static_cast<std::size_t>(std::min(count, always_believed_count)));
-  for (std::int64_t supplied = 0; supplied < count; ++supplied) {
+  std::int64_t supplied = 0;
+  for (std::int64_t i = 0; i < count; ++i) {
     Element element = unset;
-    if (!read(element)) break;
+    const igsSupply supply = read(element);
+    if (supply == igsSupply::ended) break;
+    if (supply == igsSupply::given) ++supplied;
     list.push_back(std::move(element));
   }
-  const auto supplied = static_cast<std::int64_t>(list.size());
   const std::int64_t believed = std::max(always_believed_count, believed_per_supplied * supplied);
-  if (count < 0 || count > believed || in.grant_missing(count - supplied) == 0) {
+  const std::int64_t paid = igs_is_cheap_element<Element> ? static_cast<std::int64_t>(list.size()) : supplied;
+  if (count < 0 || count > believed || in.grant_missing(count - paid) == 0) {
     list = std::vector<Element>();  // `= {}` would keep the memory
     return 0;
   }

@@ -54,12 +54,15 @@ class igsFieldReader {
  public:
   igsFieldReader(igsInStream& in, const igsObject& entity) : m_in(in), m_entity(entity) {}
 
-  void operator()(const char*, int& value) { m_in.read_integer(value); }
-  void operator()(const char*, double& value) { m_in.read_double(value); }
-  void operator()(const char*, utString& value) { m_in.read_holerith(value); }
+  void operator()(const char*, int& value) { read_integer(value); }
+  void operator()(const char*, double& value) { read_double(value); }
+  void operator()(const char*, utString& value) {
+    m_in.read_holerith(value);
+    note_value();
+  }
   void operator()(const char*, igsObjectPtr& value) {
     int de = 0;
-    m_in.read_integer(de);
+    read_integer(de);
     value = igsObjectPtr(de);
   }
   template <class Number>
@@ -73,7 +76,7 @@ class igsFieldReader {
       Value::fields(value, *this);
     } else if constexpr (igsNumberOrPointer<Value>) {
       int field = 0;
-      m_in.read_integer(field);
+      read_integer(field);
       value = Value(field);
     } else if constexpr (std::is_constructible_v<Value, double, double, double>) {
       const std::array<double, 3> xyz = read_doubles<3>();
@@ -85,32 +88,37 @@ class igsFieldReader {
   }
 
   void index(const char*, int& value) {
-    m_in.read_integer(value);
+    read_integer(value);
     if (value > INT_MIN) --value;
   }
   int count(const char*, std::size_t) {
     int value = 0;
-    m_in.read_integer(value);
+    read_integer(value);
     return value;
   }
   template <class Element, class Error>
   void list(const char*, std::int64_t count, std::vector<Element>& elements, igsBadCount<Error>) {
     if (!m_usable) return;
     const int position = m_position;
+    const bool given_before = m_given;
+    bool any_given = false;
     int next = 0;
     const auto read = [&](Element& element) {
-      if (!m_usable || m_in.frozen()) return false;
+      if (!m_usable || m_in.frozen()) return igsSupply::ended;
       if constexpr (igsRecord<Element>) m_position = next++;
+      m_given = false;
       (*this)(nullptr, element);
       if constexpr (std::is_same_v<Element, double>) {
         if (m_in.take_value_present() == 0) element = undefined_real;
       }
-      return true;
+      any_given = any_given || m_given;
+      return m_given ? igsSupply::given : igsSupply::empty;
     };
     Element unset{};
     if constexpr (std::is_same_v<Element, double>) unset = undefined_real;
     const int believed = igs_read_bounded(m_in, count, elements, read, unset);
     m_position = position;
+    m_given = given_before || any_given;
     if (!m_usable || believed != 0) return;
     m_usable = false;
     tag<Error>(static_cast<int>(std::clamp<std::int64_t>(count, INT_MIN, INT_MAX)));
@@ -118,8 +126,19 @@ class igsFieldReader {
 
   /// False once a list had a count that cannot be used: what follows in the record has no meaning then.
   bool usable() const { return m_usable; }
+  /// True once a field held a value.
+  bool given() const { return m_given; }
 
  private:
+  void note_value() { m_given = m_given || m_in.value_present() != 0; }
+  void read_integer(int& value) {
+    m_in.read_integer(value);
+    note_value();
+  }
+  void read_double(double& value) {
+    m_in.read_double(value);
+    note_value();
+  }
   template <class Error>
   void tag(int count) {
     if constexpr (std::is_constructible_v<Error, int, int>) {
@@ -133,13 +152,14 @@ class igsFieldReader {
   template <std::size_t N>
   std::array<double, N> read_doubles() {
     std::array<double, N> values{};
-    for (double& value : values) m_in.read_double(value);
+    for (double& value : values) read_double(value);
     return values;
   }
 
   igsInStream& m_in;
   const igsObject& m_entity;
   bool m_usable = true;
+  bool m_given = false;
   int m_position = 0;  ///< of the record that is being read in its list
 };
 

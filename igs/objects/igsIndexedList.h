@@ -84,11 +84,7 @@ class igsIndexedList {
     const Element* const own = element_of(original);
     if (m_purged && (own == nullptr || keep(*own))) return;
     close_gaps();
-    make_index();
-    for (std::size_t i = 0; i < m_elements.size(); ++i) {
-      if (!keep(std::as_const(m_elements[i]))) m_gaps.push_back(static_cast<int>(i));
-    }
-    close_gaps();
+    close_up([this, &keep](std::size_t place) { return keep(std::as_const(m_elements[place])); });
     m_purged = true;
   }
 
@@ -115,19 +111,33 @@ class igsIndexedList {
   }
   void close_gaps() const {
     if (m_gaps.empty()) return;
-    std::vector<int> moved_to(m_elements.size(), 0);
-    for (const int gap : m_gaps) moved_to[position(gap)] = -1;
-    m_gaps.clear();
-    int size = 0;
-    for (std::size_t i = 0; i < moved_to.size(); ++i) {
-      if (moved_to[i] < 0) continue;
-      moved_to[i] = size;
-      if (position(size) != i) m_elements[position(size)] = std::move(m_elements[i]);
-      ++size;
+    std::vector<bool> is_gap(m_elements.size(), false);
+    for (const int gap : m_gaps) is_gap[position(gap)] = true;
+    close_up([&is_gap](std::size_t place) { return !is_gap[place]; });
+    m_gaps = std::vector<int>();
+  }
+  // Takes out the elements whose places `keep` refuses. A list that loses most of them gives their memory back.
+  // Whatever takes memory comes first.
+  template <class Keep>
+  void close_up(Keep keep) const {
+    std::vector<int> new_place(m_elements.size());
+    std::size_t size = 0;
+    for (std::size_t i = 0; i < new_place.size(); ++i) new_place[i] = keep(i) ? static_cast<int>(size++) : -1;
+    std::vector<Element> kept;
+    const bool is_copied = size < m_elements.size() / 2;
+    if (is_copied) kept.resize(size);
+    std::vector<Element>& target = is_copied ? kept : m_elements;
+    for (std::size_t i = 0; i < new_place.size(); ++i) {
+      if (new_place[i] < 0 || (!is_copied && position(new_place[i]) == i)) continue;
+      target[position(new_place[i])] = std::move(m_elements[i]);
     }
-    m_elements.resize(position(size));
+    is_copied ? m_elements.swap(kept) : m_elements.resize(size);
+    if (m_index.empty()) {
+      m_index.swap(new_place);
+      return;
+    }
     for (int& place : m_index) {
-      if (is_position(place, moved_to)) place = moved_to[position(place)];
+      if (is_position(place, new_place)) place = new_place[position(place)];
     }
   }
 

@@ -2,7 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
+#include <cstdint>
+#include <map>
+#include <new>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -99,6 +104,34 @@ TEST(ErrorLog, DiesWithItsErrors) {
   }
   EXPECT_EQ(ObjectFault::alive, 0);
   EXPECT_EQ(StartFault::alive, 0);
+}
+
+struct alignas(64) AlignedFault : public ObjectFault {
+  using ObjectFault::ObjectFault;
+};
+struct LargeFault : public ObjectFault {
+  using ObjectFault::ObjectFault;
+  char more[1000] = {};
+};
+
+// A log deletes what its host has made.
+TEST(ErrorLog, TakesErrorsFromWhereverTheyAre) {
+  {
+    igsFile file;
+    for (int i = 0; i < 3; ++i) {
+      const auto* const aligned = new AlignedFault(i);
+      EXPECT_EQ(reinterpret_cast<std::uintptr_t>(aligned) % alignof(AlignedFault), 0U);
+      new (std::nothrow) ObjectFault(i);
+      new LargeFault(i);
+      ::new ObjectFault(i);
+    }
+    EXPECT_EQ(ObjectFault::alive, 12);
+  }
+  EXPECT_EQ(ObjectFault::alive, 0);
+  alignas(StrayFault) unsigned char place[sizeof(StrayFault)];
+  const StrayFault* const stray = new (place) StrayFault(1);
+  EXPECT_EQ(static_cast<const void*>(stray), place);
+  stray->~StrayFault();
 }
 
 template <class Fault>
@@ -240,6 +273,67 @@ TEST(IndexedLog, ManyErrorsOfOneKeyAreNoBurden) {
   EXPECT_EQ(log.num_errors(1), chain_length - chain_length / 2);
   log.clear(1);
   EXPECT_EQ(log.num_errors(), 0);
+}
+
+/// What an indexed log does, told simply: the slot freed last is taken first, and the errors of a key leave in the
+/// order of the latest.
+struct SimpleLog {
+  std::vector<const igsError*> slots;
+  std::vector<int> free_slots;
+  std::map<int, std::vector<ObjectFault*>> errors;
+
+  void add(ObjectFault* error, int key) {
+    if (free_slots.empty()) {
+      slots.push_back(error);
+    } else {
+      slots[static_cast<std::size_t>(free_slots.back())] = error;
+      free_slots.pop_back();
+    }
+    errors[key].push_back(error);
+  }
+  void remove(const ObjectFault* error, int key) {
+    const auto slot = std::find(slots.begin(), slots.end(), error);
+    free_slots.push_back(static_cast<int>(slot - slots.begin()));
+    *slot = nullptr;
+    std::erase(errors[key], error);
+  }
+  void clear(int key) {
+    while (!errors[key].empty()) remove(errors[key].back(), key);
+  }
+};
+
+TEST(IndexedLog, SlotsAndKeysComeAndGo) {
+  constexpr int keys = 3, steps = 20000;
+  igsFile file;
+  igsIndexedSectionLog& log = file.error_log().object_log();
+  SimpleLog expected;
+  std::mt19937 random(1);
+  const auto below = [&random](std::size_t end) { return static_cast<int>(random() % end); };
+  for (int step = 0; step < steps; ++step) {
+    const int key = below(keys), other = below(keys), action = below(100);
+    std::vector<ObjectFault*>& errors = expected.errors[key];
+    if (action == 0) {
+      log.clear(key);
+      expected.clear(key);
+    } else if (action < 40 || errors.empty()) {
+      expected.add(ObjectFault::create(key, step), key);
+    } else {
+      ObjectFault* const error = errors[static_cast<std::size_t>(below(errors.size()))];
+      if (action < 60) {
+        if (key != other) std::erase(errors, error), expected.errors[other].push_back(error);
+        error->set_key(other);
+      } else {
+        expected.remove(error, key);
+        action < 80 ? log.delete_error(error) : static_cast<void>(log.mark_as_fixed(error));
+      }
+    }
+    for (int each = 0; each < keys; ++each) {
+      ASSERT_EQ(log.num_errors(each), static_cast<int>(expected.errors[each].size())) << step;
+    }
+    for (std::size_t slot = 0; slot < expected.slots.size(); ++slot) {
+      ASSERT_EQ(log.error_in_slot(static_cast<int>(slot)), expected.slots[slot]) << step;
+    }
+  }
 }
 
 TEST(CompoundError, FixDropsNullMembers) {

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <random>
+
 #include "file/section_reading.h"
 
 namespace {
@@ -51,6 +53,27 @@ TEST(StartSection, SetLineGrowsOrRefuses) {
   Section section;
   section.set_line(3, "d");
   EXPECT_THAT(section.lines(), ElementsAre("", "", "", "d"));
+}
+
+TEST(StartSection, LinesChangeInAnyOrder) {
+  constexpr std::size_t count = 40;
+  Section section;
+  std::vector<utString> expected(count);
+  std::mt19937 random(1);
+  section.set_line(count - 1, "last");
+  expected[count - 1] = "last";
+  for (int step = 0; step < 3000; ++step) {
+    const std::size_t i = random() % count;
+    utString text(1 + random() % 72, static_cast<char>('a' + random() % 26));
+    for (std::size_t blanks = random() % 80, j = text.size(); blanks > 0 && j > 0; --blanks) text[--j] = ' ';
+    ASSERT_EQ(section.set_line(static_cast<int>(i), text), 1);
+    expected[i] = text;
+    ASSERT_EQ(section.lines(), expected) << step;
+  }
+  Section copy;
+  copy.become(section);
+  section.set_line(0, "changed");
+  EXPECT_EQ(copy.lines(), expected);
 }
 
 TEST(StartSection, ReadsUntilTheGlobalSection) {

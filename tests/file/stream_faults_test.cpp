@@ -13,6 +13,7 @@
 
 #include "iges_builder.h"
 #include "igs/file/igsFile.h"
+#include "ordinary_user.h"
 #include "sanitizers.h"
 
 namespace igs_test {
@@ -127,16 +128,21 @@ TEST_F(StreamFaults, FoldersThatTakeNoTemporaryFile) {
 }
 
 TEST_F(StreamFaults, FolderThatIsReadOnly) {
-  if (geteuid() == 0) GTEST_SKIP() << "root may write everywhere";
   igsFile file;
   ASSERT_EQ(read_text(file, families().text()), 1);
-  fs::permissions(m_folder, fs::perms::owner_read | fs::perms::owner_exec);
-  file.set_write_dir(m_folder.string());
-  std::string text;
-  EXPECT_EQ(write_text(file, text), 0);
-  EXPECT_TRUE(fs::is_empty(m_folder));
-  fs::permissions(m_folder, fs::perms::owner_all);
-  EXPECT_EQ(write_text(file, text), 1);
+  const fs::path folder = m_folder / "folder";
+  const auto result_of_writing = [&file, &folder] {
+    file.set_write_dir(folder.string());
+    std::string text;
+    return write_text(file, text);
+  };
+  fs::permissions(m_folder, fs::perms::owner_all | fs::perms::others_exec);  // root's temporary folders are its own
+  fs::create_directory(folder);
+  for (const bool may_write : {true, false}) {
+    fs::permissions(folder, may_write ? fs::perms::all : fs::perms(0555));
+    EXPECT_EQ(as_ordinary_user(result_of_writing), may_write ? 1 : 0);
+    EXPECT_TRUE(fs::is_empty(folder));
+  }
 }
 
 /// No file of this process grows beyond `size` bytes, as on a full disk.

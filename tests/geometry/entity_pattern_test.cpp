@@ -154,6 +154,25 @@ TEST(EntityPattern, TheFirstUnusableCountEndsTheRead) {
   }
 }
 
+// Of 300 elements, 75 are enough for the count to be believed.
+TEST(EntityPattern, EmptyFieldsSupplyNothing) {
+  constexpr int count = 300, enough = 75;
+  const struct {
+    const char *head, *given, *empty;
+  } cases[] = {{"300,0,1.,2.", ",7.", ","}, {"0,300,1.,2.", ",,0", ",,"}, {"0,300,1.,2.", ",1HA,", ",,"}};
+  for (const auto& c : cases) {
+    for (const int given : {0, enough - 1, enough, count}) {
+      igsFile file;
+      std::string data = c.head;
+      for (int i = 0; i < count; ++i) data += i >= count - given ? c.given : c.empty;
+      auto* const entity = new TestEntity;
+      EXPECT_EQ(read_fields(*entity, data), given >= enough ? 1 : 0) << c.head << ' ' << given;
+      EXPECT_EQ(object_errors(file).size(), given >= enough ? 0U : 1U);
+      EXPECT_EQ(entity->reals.size() + entity->records.size(), given >= enough ? 300U : 0U);
+    }
+  }
+}
+
 TEST(EntityPattern, PositionsCountFromOneInTheFile) {
   igsFile file;
   auto* const entity = new TestPositions;

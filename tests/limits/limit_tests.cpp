@@ -113,7 +113,7 @@ Hostile faults_only(const char* name, int type, int form, const char* head, cons
           [=](int count) {
             return one_list(type, form, std::to_string(type) + head + std::to_string(count) + tail, piece, count);
           },
-          1000000, ratio};
+          2000000, ratio};
 }
 
 std::string many_lines(const char* line, int count) { return repeated(line, count); }
@@ -152,9 +152,10 @@ std::vector<Hostile> hostile_files() {
       {"blank lines", [](int count) { return many_lines("\n", count); }, 10000000},
       {"NUL characters", [](int count) { return std::string(static_cast<std::size_t>(count), '\0'); }, 10000000},
       {"short lines", [](int count) { return many_lines("S      1\n", count); }, 1000000},
-      faults_only("null members", 402, 7, ",", ",", "0,", 40),
-      faults_only("empty members", 102, 0, ",", ",", ",", 80),
-      faults_only("null vertices", 508, 1, ",", ",", "0,0,0,0,0,", 14),
+      {"shortest lines of the Start section", [](int count) { return many_lines("S1\n", count); }, 1000000},
+      faults_only("null members", 402, 7, ",", ",", "0,", 12),
+      faults_only("empty members", 102, 0, ",", ",", ",", 12),
+      faults_only("null vertices", 508, 1, ",", ",", "0,0,0,0,0,", 12),
   };
 }
 
@@ -186,6 +187,8 @@ const Chain chains[] = {
     {"composite", [](HostileText& file, int next) { file.add(102, "102,1," + target(file, next) + ";"); }},
     {"group", [](HostileText& file, int next) { file.add(402, "402,1," + target(file, next) + ";", 7); }},
     {"offset surface", [](HostileText& file, int next) { file.add(140, "140,0,0,1,1," + target(file, next) + ";"); }},
+    {"superseded font",
+     [](HostileText& file, int next) { file.add(310, "310,1,1Hx,-" + target(file, next) + ",1,1,65,8,0,0;"); }},
     {"subfigure",
      [](HostileText& file, int next) {
        const std::string after = target(file, next, 2);
@@ -261,6 +264,30 @@ TEST(Limits, TimeFollowsTheFile) {
     const double large = seconds_for(chain_text(chain, count, true));
     EXPECT_LT(large, quadratic * std::max(small, least)) << chain.name << ": " << small << " s, then " << large;
   }
+}
+
+TEST(Limits, ErrorsGiveTheirMemoryBack) {
+  constexpr int count = 100000, keys = 7;
+  constexpr std::size_t little = 65536;
+  igsFile file;
+  igsIndexedSectionLog& log = file.error_log().object_log();
+  const auto make = [&log](int key_begin) {
+    for (int i = 0; i < count; ++i) {
+      const int key = i % keys;
+      if (key >= key_begin) (new igsCompoundEntityError(i))->set_key(key);
+    }
+    return log.num_errors(0);
+  };
+  const std::size_t before = in_use;
+  EXPECT_EQ(make(0), count / keys + 1);
+  const std::size_t full = in_use;
+  EXPECT_LE(full - before, count * std::size_t{64});
+  for (int key = 1; key < keys; ++key) log.clear(key);
+  EXPECT_EQ(log.num_errors(), log.num_errors(0));
+  make(1);
+  EXPECT_LE(in_use, full + little) << "new errors take the place of deleted ones";
+  log.clear();
+  EXPECT_LE(in_use, before + little);
 }
 
 // Copies of one point set for as many members are made while there is room for them; then members share one.

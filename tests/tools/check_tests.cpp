@@ -1,8 +1,15 @@
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
-#include <fstream>
+#include <algorithm>
+#include <cstdlib>
 
 #include "iges_builder.h"
+#include "ordinary_user.h"
+#include "sanitizers.h"
 #include "tools/program.h"
 
 namespace igs_test {
@@ -206,11 +213,79 @@ TEST_F(Check, NamesAreTakenAsTheyAre) {
   for (std::size_t i = 0; i < names.size(); ++i) EXPECT_EQ(objects[i].at("file"), names[i]);
 }
 
+struct Cost {
+  int status;
+  double megabytes, seconds;
+};
+
+/// Runs the program in `folder`, its output going to the file `out` there.
+Cost cost_of(const fs::path& folder, Arguments arguments) {
+  const pid_t child = fork();
+  if (child == 0) {
+    const std::string program = IGS_PROGRAM;
+    std::vector<char*> words{const_cast<char*>(program.c_str())};
+    for (std::string& argument : arguments) words.push_back(argument.data());
+    words.push_back(nullptr);
+    constexpr int permissions = 0600;
+    if (chdir(folder.c_str()) != 0) _exit(127);
+    if (dup2(open("out", O_WRONLY | O_CREAT | O_TRUNC, permissions), STDOUT_FILENO) < 0) _exit(127);
+    execv(program.c_str(), words.data());
+    _exit(127);
+  }
+  int status = -1;
+  rusage usage{};
+  EXPECT_EQ(wait4(child, &status, 0, &usage), child);
+  constexpr double thousand = 1e3, million = 1e6;
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, static_cast<double>(usage.ru_maxrss) / thousand,
+          static_cast<double>(usage.ru_utime.tv_sec) + static_cast<double>(usage.ru_utime.tv_usec) / million};
+}
+
+// What is reported is written as it goes.
+TEST_F(Check, ReportsOfManyErrorsTakeNoMemoryAndLinearTime) {
+  constexpr int errors = is_sanitized ? 20000 : 160000;
+  constexpr int factor = 4;
+  const auto file_of = [this](const std::string& name, int count) {
+    IgesBuilder builder;
+    builder.line();
+    std::string members = std::to_string(count);
+    for (int i = 0; i < count; ++i) members += ",0";
+    builder.entity(402, 7, members);
+    return file(name, builder.text());
+  };
+  file_of("few.igs", errors / factor);
+  file_of("many.igs", errors);
+  const Cost few = cost_of(folder(), {"check", "--format", "json", "few.igs"});
+  const Cost none = cost_of(folder(), {"check", "--format", "json", "--max-errors", "0", "many.igs"});
+  const Cost many = cost_of(folder(), {"check", "--format", "json", "many.igs"});
+  EXPECT_EQ(many.status, 1);
+  const auto size = static_cast<double>(fs::file_size(folder() / "out"));
+  EXPECT_EQ(only_object(read_file(folder() / "out")).at("errors").size(), static_cast<std::size_t>(errors));
+  constexpr double megabyte = 1e6, tolerated = 4;
+  EXPECT_GT(size, 80.0 * errors);
+  if (!is_sanitized) {
+    EXPECT_LT(many.megabytes, none.megabytes + tolerated) << size / megabyte << " MB were written";
+  }
+  constexpr double quadratic = factor * factor, least = 0.02;
+  EXPECT_LT(many.seconds, quadratic / 2 * std::max(few.seconds, least));
+}
+
 TEST_F(Check, UnreadableFile) {
   const std::string name = file("locked.igs", zero_length_lines(1));
-  fs::permissions(folder() / name, fs::perms::none);
-  if (std::ifstream(folder() / name)) GTEST_SKIP() << "this user may read everything";
-  EXPECT_EQ(igs({"check", name}).status, 2);
+  const int program = open(IGS_PROGRAM, O_RDONLY);  // which may stand where only root gets
+  ASSERT_GE(program, 0);
+  ASSERT_EQ(setenv("ASAN_OPTIONS", "exitcode=99", 1), 0);
+  const auto check = [&] {
+    if (chdir(folder().c_str()) != 0 || dup2(open("/dev/null", O_WRONLY), STDERR_FILENO) < 0) return 255;
+    std::string words[] = {"igs", "check", name};
+    char* const arguments[] = {words[0].data(), words[1].data(), words[2].data(), nullptr};
+    return fexecve(program, arguments, environ);
+  };
+  fs::permissions(folder(), fs::perms(0755));
+  for (const bool may_read : {true, false}) {
+    fs::permissions(folder() / name, may_read ? fs::perms(0444) : fs::perms::none);
+    EXPECT_EQ(as_ordinary_user(check), may_read ? 1 : 2);
+  }
+  close(program);
 }
 
 }  // namespace

@@ -80,6 +80,24 @@ TEST_F(Repair, MessagesStandAsTheyWere) {
                                          "Defaulting the data for field 18 (file creation date)\n"}));
 }
 
+// More than are kept in memory.
+TEST_F(Repair, ManyMessagesStandInTheirOrder) {
+  constexpr int count = 30000;
+  IgesBuilder builder;
+  std::string members = std::to_string(2 * count);
+  for (int i = 0; i < count; ++i) members += ",1,3";
+  for (int i = 0; i < 2; ++i) builder.entity(100, 0, arc(0));
+  builder.entity(102, 0, members);
+  file("faulty.igs", builder.text());
+  const Json object = only_object(igs({"repair", "--format", "json", "-o", "out.igs", "faulty.igs"}).out);
+  const Json& messages = object.at("messages");
+  ASSERT_EQ(messages.size(), 2U * count);
+  const std::string end = " has been removed from composite curve DE 5\n";
+  for (std::size_t i = 0; i < messages.size(); ++i) {
+    ASSERT_EQ(messages[i], "Warning : sub curve DE " + std::to_string(i % 2 == 0 ? 1 : 3) + end) << i;
+  }
+}
+
 TEST_F(Repair, MaxErrorsLimitsTheFixedOnes) {
   IgesBuilder builder;
   for (int i = 0; i < 5; ++i) builder.line(0);
@@ -132,7 +150,7 @@ TEST_F(Repair, FailureLeavesTheTargetAsItWasAndNothingBesideIt) {
   // The limit holds for standard error, too, unless that is a pipe.
   const std::string limited = "text=$(trap '' XFSZ; ";
   const std::string shown = " 2>&1); status=$?; echo \"$text\" >&2; exit $status";
-  const std::vector<std::string> commands{
+  std::vector<std::string> commands{
       "\"$IGS\" repair -o old.igs missing.igs",
       "\"$IGS\" repair -o old.igs folder",
       "\"$IGS\" repair -o old.igs cut.igs",
@@ -145,6 +163,10 @@ TEST_F(Repair, FailureLeavesTheTargetAsItWasAndNothingBesideIt) {
       limited + "ulimit -f 1; \"$IGS\" repair -o old.igs faulty.igs" + shown,  // temporary data, no whole file
       "TMPDIR=/nowhere \"$IGS\" repair -o /nowhere/out.igs faulty.igs",
   };
+  for (const std::string call : {"fsync", "close"}) {  // sanitizers want to be loaded first
+    const std::string failing = "IGS_FAILING_CALL=" + call + " LD_PRELOAD=" + quoted(FAILING_DISK) + ' ';
+    if (!is_sanitized) commands.push_back(failing + "\"$IGS\" repair -o old.igs faulty.igs");
+  }
   for (const std::string& command : commands) {
     const Outcome outcome = shell(command);
     EXPECT_EQ(outcome.status, 2) << command << outcome.err;

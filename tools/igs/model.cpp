@@ -1,10 +1,12 @@
 #include "model.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <iostream>
 #include <limits>
 #include <new>
+#include <stdexcept>
 
 namespace {
 
@@ -14,7 +16,50 @@ std::size_t slot_of(int de_number) { return static_cast<std::size_t>(de_number -
 
 }  // namespace
 
-void MessageList::write(const char* /*tag*/, const char* text) { m_messages.emplace_back(text); }
+void MessageList::write(const char* /*tag*/, const char* text) {
+  constexpr std::size_t kept_in_memory = 1048576;
+  m_texts.append(text).push_back('\0');
+  if (m_texts.size() >= kept_in_memory && !m_is_file_full) put_aside();
+}
+
+void MessageList::put_aside() {
+  if (m_file == nullptr) m_file.reset(std::tmpfile());
+  const bool is_written = m_file != nullptr && std::fseek(m_file.get(), 0, SEEK_END) == 0 &&
+                          std::fwrite(m_texts.data(), 1, m_texts.size(), m_file.get()) == m_texts.size() &&
+                          std::fflush(m_file.get()) == 0;
+  m_is_file_full = !is_written;
+  if (!is_written) return;
+  m_in_file += m_texts.size();
+  m_texts.clear();
+}
+
+namespace {
+/// Visits the texts that end in `block` and takes them out of it.
+void visit_texts(std::string& block, const std::function<void(const std::string&)>& visit) {
+  std::size_t begin = 0;
+  for (std::size_t end = 0; (end = block.find('\0', begin)) != std::string::npos; begin = end + 1) {
+    visit(block.substr(begin, end - begin));
+  }
+  block.erase(0, begin);
+}
+}  // namespace
+
+void MessageList::for_each(const std::function<void(const std::string&)>& visit) const {
+  constexpr std::size_t block_size = 65536;
+  std::string block;
+  if (m_file != nullptr) std::rewind(m_file.get());
+  for (std::size_t left = m_in_file; left > 0;) {
+    const std::size_t before = block.size(), wanted = std::min(left, block_size);
+    block.resize(before + wanted);
+    const std::size_t got = std::fread(block.data() + before, 1, wanted, m_file.get());
+    if (got == 0) throw std::runtime_error("a temporary file cannot be read back");
+    block.resize(before + got);
+    left -= got;
+    visit_texts(block, visit);
+  }
+  block += m_texts;
+  visit_texts(block, visit);
+}
 
 EntityTypes::EntityTypes(const igsFile& file) {
   igsFileIT entities(&file);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdio>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -11,16 +14,26 @@
 #include "input_file.h"
 #include "progress.h"
 
-/// Keeps the texts that the library sends to its message sink, in order.
+/// Keeps the texts that the library sends to its message sink, in order. A file can provoke one for each of millions of
+/// fields: most of a long list is kept in a temporary file, as long as there is room for it.
 class MessageList : public kelabsOutput {
  public:
-  const std::vector<std::string>& messages() const { return m_messages; }
+  /// Calls `visit` for each text. Not to be called while texts are added.
+  void for_each(const std::function<void(const std::string&)>& visit) const;
 
  protected:
   void write(const char* tag, const char* text) override;
 
  private:
-  std::vector<std::string> m_messages;
+  struct Close {
+    void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
+  };
+  void put_aside();
+
+  std::string m_texts;  ///< each ends with a NUL
+  std::unique_ptr<std::FILE, Close> m_file;
+  std::size_t m_in_file = 0;  ///< bytes of texts that stand in the file, before m_texts
+  bool m_is_file_full = false;
 };
 
 /// The entity types of a file by DE number, as they are at one moment.
@@ -63,7 +76,7 @@ class Model {
   igsFile& file() { return m_file; }
   const igsFile& file() const { return m_file; }
   const Progress& progress() const { return m_progress; }
-  const std::vector<std::string>& messages() const { return m_messages.messages(); }
+  const MessageList& messages() const { return m_messages; }
 
  private:
   std::string m_name;

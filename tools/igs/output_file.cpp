@@ -10,6 +10,7 @@
 #include <cstring>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace {
 
@@ -103,8 +104,10 @@ bool OutputFile::commit() {
   m_stream.close();
   if (!m_stream) return fail(errno);
   if (m_temporary.empty()) return true;
-  // Without it a power cut soon after the rename could leave an empty file.
+  // Without it a power cut soon after the rename could leave an empty file. Disks that are full, or out of reach, may
+  // say so no sooner than here or when the last descriptor is closed.
   if (fsync(m_descriptor) != 0) return fail(errno);
+  if (close(std::exchange(m_descriptor, -1)) != 0) return fail(errno);
   if (std::rename(m_temporary.c_str(), m_target.c_str()) != 0) return fail(errno);
   guard_temporary(nullptr);
   m_temporary.clear();

@@ -23,10 +23,10 @@ void complain(const std::string& file, const std::string& reason) {
 }
 
 void complain_of_messages(const Model& model) {
-  for (const std::string& message : model.messages()) {
+  model.messages().for_each([&model](const std::string& message) {
     const std::size_t end = message.find_last_not_of('\n');
     complain(model.name(), printable(message.substr(0, end == std::string::npos ? 0 : end + 1)));
-  }
+  });
 }
 
 bool flush_output() {

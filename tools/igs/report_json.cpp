@@ -42,7 +42,7 @@ class JsonReport : public Report {
  private:
   void write_errors(JsonWriter& json, const Findings& findings);
   void write_repairs(JsonWriter& json, const Findings& findings);
-  void write_messages(JsonWriter& json, const std::vector<std::string>& messages);
+  void write_messages(JsonWriter& json, const MessageList& messages);
   /// Writes an error of a list as long as the list may be.
   auto listed(JsonWriter& json, const EntityTypes& types) const {
     return [&json, &types, count = std::size_t{0}, limit = m_max_errors](igsLogID log, const igsError& error) mutable {
@@ -91,10 +91,10 @@ void JsonReport::write_repairs(JsonWriter& json, const Findings& findings) {
   json.end_array();
 }
 
-void JsonReport::write_messages(JsonWriter& json, const std::vector<std::string>& messages) {
+void JsonReport::write_messages(JsonWriter& json, const MessageList& messages) {
   json.key("messages");
   json.begin_array();
-  for (const std::string& message : messages) json.value(message);
+  messages.for_each([&json](const std::string& message) { json.value(message); });
   json.end_array();
 }
 
