@@ -595,14 +595,14 @@ double size_as_written(igsFile& file) {
   return static_cast<double>(buffer.size());
 }
 
-// Samples, a small one and a larger one, tell how many units make up the size.
+// Samples, a small one and a larger one, tell how many entities make up the size.
 void fill(igsFile& file, const std::string& mix, double size) {
   Maker maker;
   const double empty = size_as_written(file);
-  double wanted = 20;
-  for (int made = 0; const double target : {std::min(size, 2e6) / 2, size, 0.}) {
-    for (; made < wanted; ++made) maker.make(mix);
-    if (target > 0) wanted = (target - empty) / (size_as_written(file) - empty) * made;
+  double wanted = 100;
+  for (const double target : {std::min(size, 2e6) / 2, size, 0.}) {
+    while (file.num_entities() < wanted) maker.make(mix);
+    if (target > 0) wanted = (target - empty) / (size_as_written(file) - empty) * file.num_entities();
   }
 }
 
