@@ -61,6 +61,14 @@ inline bool igsInStream::read_plain_integer(unsigned width, int& value, bool& pr
 }
 
 void igsInStream::read_integers(unsigned width, std::initializer_list<int*> values) {
+  // The widths of directory entries, so that the shifts are known when this is compiled.
+  if (width == 8) return read_columns<8>(values);
+  if (width == 2) return read_columns<2>(values);
+  for (int* const value : values) read_integer(width, *value);
+}
+
+template <unsigned width>
+void igsInStream::read_columns(std::initializer_list<int*> values) {
   m_collected = 0;
   configure_for_decode(&m_int_decoder);
   bool any_present = false;
