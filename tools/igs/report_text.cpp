@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr const char* two_spaces = "  ";
 
 const char* section_title(igsLogID log) {
   if (log == igsGlobalLog) return "Global section";
