@@ -25,7 +25,9 @@ class IGS_API igsObjectSystem {
   igsObjectSystem& operator=(const igsObjectSystem&) = delete;
 
   /// Brings the system up, if it is not. Every use does so.
-  static void initialize_system();
+  static void initialize_system() {
+    if (m_system_on_line == 0) start_system();
+  }
 
   /// The current file.
   static igsFile& file();
@@ -57,6 +59,7 @@ class IGS_API igsObjectSystem {
 
   static void file_created(igsFile* file);
   static void file_deleted(igsFile* file);
+  static void start_system();
   static void object_created(igsObject* object);
   static void ptr_created(igsObjectPtr* pointer, int slot);
   static void error_created(igsError* error);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <istream>
@@ -37,12 +39,21 @@ class IGS_API igsInStream : public igsInEngine {
   void read_holerith(utString& value);
   /// A text of `width` columns.
   void read_string(unsigned width, utString& value);
+  /// Passes over `width` columns.
+  void skip_columns(unsigned width) {
+    m_collected = 0;
+    *this += static_cast<unsigned>(std::min<std::ptrdiff_t>(width, record_end() - cursor()));
+  }
 
   /// 1 when the fields read since the last field, or since the last question before it, have met any condition; asking
   /// collects the conditions, and a later collection forgets them. Fatal conditions stay for ever.
   int error();
   /// As error(), for one code.
-  int error_type(igsIOErrorCode code);
+  int error_type(igsIOErrorCode code) {
+    if (m_collected == 0) collect_errors();
+    if (fatal_error() != 0) m_collected_errors.merge(take_errors());  // whenever they were met
+    return m_collected_errors.holds(code) ? 1 : 0;
+  }
   /// The conditions of error(), each once, with the place where reading stood when they were collected.
   const igsIOErrorcoDynArr& errors();
   using igsInEngine::collect_errors;
@@ -71,8 +82,11 @@ class IGS_API igsInStream : public igsInEngine {
   void collect_errors();
 
  private:
+  bool read_plain_double(double& value);
   bool read_plain_integer(int& value);
-  bool read_plain_integer(unsigned width, int& value);
+  bool read_plain_integer(unsigned width, int& value, bool& present);
+  template <unsigned width>
+  void read_columns(std::initializer_list<int*> values);
   template <class Decoder>
   void read_field(Decoder& decoder);
   template <class Decoder>
