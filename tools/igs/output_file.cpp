@@ -1,6 +1,5 @@
 #include "output_file.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,8 +13,29 @@
 
 namespace {
 
+#if defined(_WIN32)
+constexpr std::array ending_signals{SIGINT, SIGTERM};
+
+int fsync(int descriptor) { return _commit(descriptor); }
+
+void set_permissions(int /*descriptor*/, const std::string& /*target*/) {}  // a new file has those of its folder
+#else
 constexpr std::array ending_signals{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXFSZ};
 constexpr mode_t permission_bits = 0777;
+
+/// As the target has them, or as a new file would get them. Where the owner cannot be kept the writer becomes it.
+void set_permissions(int descriptor, const std::string& target) {
+  struct stat status {};
+  if (stat(target.c_str(), &status) == 0) {
+    if (fchown(descriptor, status.st_uid, status.st_gid) != 0) errno = 0;
+    if (fchmod(descriptor, status.st_mode & permission_bits) != 0) errno = 0;
+    return;
+  }
+  const mode_t mask = umask(0);
+  umask(mask);
+  if (fchmod(descriptor, 0666 & ~mask) != 0) errno = 0;
+}
+#endif
 
 // What a signal handler may touch: the name of the one temporary that exists, in memory that stays where it is.
 std::array<char, 4096> temporary_name{};       // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
@@ -81,22 +101,9 @@ void OutputFile::open_temporary() {
   }
   m_temporary = name;
   guard_temporary(m_temporary.c_str());
-  set_permissions();
+  set_permissions(m_descriptor, m_target);
   m_stream.open(m_temporary, std::ios::binary);
   if (!m_stream) fail(errno);
-}
-
-/// As the target has them, or as a new file would get them. Where the owner cannot be kept the writer becomes it.
-void OutputFile::set_permissions() const {
-  struct stat status {};
-  if (stat(m_target.c_str(), &status) == 0) {
-    if (fchown(m_descriptor, status.st_uid, status.st_gid) != 0) errno = 0;
-    if (fchmod(m_descriptor, status.st_mode & permission_bits) != 0) errno = 0;
-    return;
-  }
-  const mode_t mask = umask(0);
-  umask(mask);
-  if (fchmod(m_descriptor, 0666 & ~mask) != 0) errno = 0;
 }
 
 bool OutputFile::commit() {
@@ -108,7 +115,9 @@ bool OutputFile::commit() {
   // say so no sooner than here or when the last descriptor is closed.
   if (fsync(m_descriptor) != 0) return fail(errno);
   if (close(std::exchange(m_descriptor, -1)) != 0) return fail(errno);
-  if (std::rename(m_temporary.c_str(), m_target.c_str()) != 0) return fail(errno);
+  std::error_code error;
+  std::filesystem::rename(m_temporary, m_target, error);  // replaces the target everywhere, which std::rename does not
+  if (error) return fail(error.default_error_condition().value());
   guard_temporary(nullptr);
   m_temporary.clear();
   discard();
