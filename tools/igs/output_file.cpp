@@ -2,6 +2,10 @@
 
 #include <sys/stat.h>
 #include <unistd.h>
+#if defined(_WIN32)
+#include <fcntl.h>
+#include <share.h>
+#endif
 
 #include <array>
 #include <cerrno>
@@ -18,9 +22,18 @@ constexpr std::array ending_signals{SIGINT, SIGTERM};
 
 int fsync(int descriptor) { return _commit(descriptor); }
 
+/// The stream may open the file a second time, which mkstemp would not allow here.
+int make_temporary(char* name) {
+  if (_mktemp(name) == nullptr) return -1;
+  return _sopen(name, _O_CREAT | _O_EXCL | _O_RDWR | _O_BINARY, _SH_DENYNO, _S_IREAD | _S_IWRITE);
+}
+
 void set_permissions(int /*descriptor*/, const std::string& /*target*/) {}  // a new file has those of its folder
 #else
 constexpr std::array ending_signals{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXFSZ};
+
+int make_temporary(char* name) { return mkstemp(name); }
+
 constexpr mode_t permission_bits = 0777;
 
 /// As the target has them, or as a new file would get them. Where the owner cannot be kept the writer becomes it.
@@ -94,7 +107,7 @@ void OutputFile::open_direct() {
 void OutputFile::open_temporary() {
   const std::filesystem::path folder = std::filesystem::path(m_target).parent_path();
   std::string name = (folder / ".igs-XXXXXX").string();
-  m_descriptor = mkstemp(name.data());
+  m_descriptor = make_temporary(name.data());
   if (m_descriptor < 0) {
     fail(errno);
     return;
