@@ -17,16 +17,16 @@ union igsEntityPool::Place {
 };
 
 namespace {
-constexpr std::size_t first_block_places = 8;
-constexpr std::size_t largest_block_places = 512;
+constexpr std::size_t fewest_places = 8;
+constexpr std::size_t most_places = 512;
 }  // namespace
 
-igsEntityPool::igsEntityPool() : m_block_size(first_block_places / 2) {}
+igsEntityPool::igsEntityPool() : m_block_size(fewest_places / 2) {}
 
 igsEntityPool::~igsEntityPool() = default;
 
 void igsEntityPool::grow() {
-  const std::size_t size = std::min(2 * m_block_size, largest_block_places);
+  const std::size_t size = std::min(2 * m_block_size, most_places);
   m_blocks.push_back(std::make_unique_for_overwrite<Place[]>(size));
   m_block_size = size;
   m_used = 0;
