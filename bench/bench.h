@@ -52,10 +52,10 @@ inline std::string contents(const std::filesystem::path& path) {
 
 /// A file, or all files of a folder, held in memory, so that no disk is timed.
 struct Input {
-  std::string name;
+  std::string path;
   std::vector<std::string> texts;
 
-  explicit Input(const std::filesystem::path& path) : name(path.filename().string()) {
+  explicit Input(const std::filesystem::path& path) : path(path.string()) {
     if (!std::filesystem::is_directory(path)) {
       texts.push_back(contents(path));
       return;

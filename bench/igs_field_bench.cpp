@@ -7,11 +7,11 @@
 namespace {
 
 // Every field takes a column at least, or the reader stands still at a boundary, which reset() steps over.
-double decode_all(const std::string& text, double& sum) {
+std::int64_t decode_all(const std::string& text, double& sum) {
   igs_bench::TextBuffer buffer(text);
   std::istream in(&buffer);
   igsInStream fields(in);
-  double count = 0;
+  std::int64_t count = 0;
   for (; fields.fatal_error() == 0; fields.reset()) {
     if (fields.in_section(igsParameterSectionId) == 0) fields.skip_line();
     for (; fields.in_section(igsParameterSectionId) != 0; ++count) {
@@ -24,7 +24,7 @@ double decode_all(const std::string& text, double& sum) {
 }
 
 void time_fields(benchmark::State& state, const igs_bench::Input& input) {
-  double count = 0;
+  std::int64_t count = 0;
   for (auto _ : state) {
     double sum = 0;
     count = 0;

@@ -269,6 +269,9 @@ class Maker {
     return made;
   }
 
+  static std::size_t index(const Sheet& sheet, int i, int j) {
+    return static_cast<std::size_t>(j) * static_cast<std::size_t>(sheet.u.count) + static_cast<std::size_t>(i);
+  }
   static igs128* surface(const Sheet& sheet) {
     auto* made = new igs128;
     made->set_order_size(sheet.u.degree + 1, sheet.v.degree + 1, sheet.u.count, sheet.v.count);
@@ -276,7 +279,7 @@ class Maker {
     for (int i = 0; i < made->number_of_knots_v(); ++i) made->set_knot_v(i, sheet.v.knots[static_cast<std::size_t>(i)]);
     for (int j = 0; j < sheet.v.count; ++j) {
       for (int i = 0; i < sheet.u.count; ++i) {
-        const auto at = static_cast<std::size_t>(j * sheet.u.count + i);
+        const std::size_t at = index(sheet, i, j);
         made->set_control_point(i, j, sheet.points[at]);
         made->set_weight(i, j, sheet.weights.empty() ? 1 : sheet.weights[at]);
       }
@@ -319,8 +322,7 @@ class Maker {
       double sum[3] = {};
       for (int m = 0; m < across.count; ++m) {
         const double share = values[static_cast<std::size_t>(m)];
-        const giPoint3& p =
-            sheet.points[static_cast<std::size_t>(along_u ? m * sheet.u.count + k : k * sheet.u.count + m)];
+        const giPoint3& p = sheet.points[along_u ? index(sheet, k, m) : index(sheet, m, k)];
         sum[0] += share * p.x(), sum[1] += share * p.y(), sum[2] += share * p.z();
       }
       points.emplace_back(sum[0], sum[1], sum[2]);
@@ -593,14 +595,14 @@ double size_as_written(igsFile& file) {
   return static_cast<double>(buffer.size());
 }
 
-// Samples, a small one and a larger one, tell how many units make up the size.
+// Samples, a small one and a larger one, tell how many entities make up the size.
 void fill(igsFile& file, const std::string& mix, double size) {
   Maker maker;
   const double empty = size_as_written(file);
-  double wanted = 20;
-  for (int made = 0; const double target : {std::min(size, 2e6) / 2, size, 0.}) {
-    for (; made < wanted; ++made) maker.make(mix);
-    if (target > 0) wanted = (target - empty) / (size_as_written(file) - empty) * made;
+  double wanted = 100;
+  for (const double target : {std::min(size, 2e6) / 2, size, 0.}) {
+    while (file.num_entities() < wanted) maker.make(mix);
+    if (target > 0) wanted = (target - empty) / (size_as_written(file) - empty) * file.num_entities();
   }
 }
 
@@ -608,7 +610,7 @@ void fill(igsFile& file, const std::string& mix, double size) {
 
 int main(int argc, char** argv) {
   const std::string mix = argc == 4 ? argv[1] : "";
-  const double size = argc == 4 ? std::atof(argv[2]) * 1e6 : 0;
+  const double size = argc == 4 ? std::strtod(argv[2], nullptr) * 1e6 : 0;
   constexpr std::array mixes = {"wire", "nurbs", "trimmed", "brep", "mixed"};
   if (std::find(mixes.begin(), mixes.end(), mix) == mixes.end() || !(size > 0)) {
     std::fprintf(stderr, "usage: igs_make_file wire|nurbs|trimmed|brep|mixed MEGABYTES FILE\n");

@@ -6,7 +6,7 @@
 namespace {
 
 void time_records(benchmark::State& state, const igs_bench::Input& input) {
-  double count = 0;
+  std::int64_t count = 0;
   for (auto _ : state) {
     count = 0;
     for (const std::string& text : input.texts) {
@@ -20,7 +20,7 @@ void time_records(benchmark::State& state, const igs_bench::Input& input) {
 }
 
 void time_lines(benchmark::State& state, const igs_bench::Input& input) {
-  double count = 0;
+  std::int64_t count = 0;
   for (auto _ : state) {
     count = 0;
     for (const std::string& text : input.texts) {

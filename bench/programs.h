@@ -29,11 +29,12 @@ inline std::int64_t iterations_for(const std::filesystem::path& path) {
   return static_cast<std::int64_t>(std::clamp(2e8 / std::max(size, 1.), 1., 100.));
 }
 
-inline void set_rates(benchmark::State& state, const Input& input, const char* unit, double count) {
+inline void set_rates(benchmark::State& state, const Input& input, const char* unit, std::int64_t count) {
   state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(input.size()));
   state.counters["bytes"] = static_cast<double>(input.size());
-  state.counters[unit] = count;
-  state.counters[std::string(unit) + "/s"] = benchmark::Counter(count, benchmark::Counter::kIsIterationInvariantRate);
+  const auto number = static_cast<double>(count);
+  state.counters[unit] = number;
+  state.counters[std::string(unit) + "/s"] = benchmark::Counter(number, benchmark::Counter::kIsIterationInvariantRate);
 }
 
 /// Hands every number of a Parameter Data record to `convert(first, last)`, which tells where it ends.
@@ -51,7 +52,7 @@ void convert_fields(std::string_view data, const Convert& convert) {
 /// No reader can go below: the ends of the lines are found and every number of the Parameter Data section is converted
 /// and kept in no object.
 inline void time_floor(benchmark::State& state, const Input& input) {
-  double count = 0;
+  std::int64_t count = 0;
   for (auto _ : state) {
     double sum = 0;
     count = 0;
@@ -73,7 +74,7 @@ inline void time_floor(benchmark::State& state, const Input& input) {
 
 /// What one would write first: std::getline and strtod.
 inline void time_plain(benchmark::State& state, const Input& input) {
-  double count = 0;
+  std::int64_t count = 0;
   for (auto _ : state) {
     double sum = 0;
     count = 0;

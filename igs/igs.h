@@ -61,6 +61,7 @@
 #include "igs/objects/igsCompound.h"
 #include "igs/objects/igsConvert.h"
 #include "igs/objects/igsFactory.h"
+#include "igs/objects/igsFieldVisitor.h"
 #include "igs/objects/igsInfoDB.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/objects/igsPlaceholders.h"

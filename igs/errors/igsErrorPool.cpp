@@ -146,7 +146,7 @@ class Pool {
   template <class Allocator>
   bool grow() {
     const std::size_t capacity = 2 * m_capacity;
-    auto* const blocks = static_cast<Block**>(Allocator::allocate(capacity * sizeof(Block*)));
+    auto* const blocks = static_cast<Block**>(Allocator::allocate(capacity * sizeof(void*)));
     if (blocks == nullptr) return false;
     std::copy_n(m_blocks, m_count, blocks);
     free_list();

@@ -79,6 +79,7 @@ class IGS_API igsSimpleSectionLog {
   static constexpr int freed_before(std::uintptr_t content) { return static_cast<int>(content / 2) - 1; }
   igsError* in_slot(int slot) const {
     const std::uintptr_t content = m_slots[static_cast<std::size_t>(slot)];
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): it was a pointer
     return content % 2 == 0 ? reinterpret_cast<igsError*>(content) : nullptr;
   }
 

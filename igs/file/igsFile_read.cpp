@@ -111,7 +111,8 @@ struct DirectoryFields {
     // The stream has come to the next entry's record before the last field is taken, so each record is asked in its
     // turn.
     has_nul = in.nul_in_record();
-    in.read_integers(field_width, {&type, &parameter_data, &structure, &line_font, &level, &view, &matrix, &label_display});
+    in.read_integers(field_width,
+                     {&type, &parameter_data, &structure, &line_font, &level, &view, &matrix, &label_display});
     in.read_integers(status_width, {&blank_status, &subordinate_status, &entity_use, &hierarchy});
     has_nul = has_nul || in.nul_in_record();
     in.read_integers(field_width, {&second_type, &line_weight, &colour, &parameter_lines, &form});

@@ -35,8 +35,7 @@ igsObjectSystem::~igsObjectSystem() {
   m_num_files = m_current_file = m_system_on_line = m_recurse_depth = m_num_systems = 0;
 }
 
-void igsObjectSystem::initialize_system() {
-  if (m_system_on_line != 0) return;
+void igsObjectSystem::start_system() {
   m_system_on_line = 1;
   try {
     new igsFile;

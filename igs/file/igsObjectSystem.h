@@ -24,7 +24,9 @@ class IGS_API igsObjectSystem {
   igsObjectSystem(const igsObjectSystem&) = delete;
   igsObjectSystem& operator=(const igsObjectSystem&) = delete;
 
-  static void initialize_system();
+  static void initialize_system() {
+    if (m_system_on_line == 0) start_system();
+  }
 
   /// The current file.
   static igsFile& file();
@@ -55,6 +57,7 @@ class IGS_API igsObjectSystem {
 
   static void file_created(igsFile* file);
   static void file_deleted(igsFile* file);
+  static void start_system();
   static void object_created(igsObject* object);
   static void ptr_created(igsObjectPtr* pointer, int slot);
   static void error_created(igsError* error);

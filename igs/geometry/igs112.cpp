@@ -90,11 +90,25 @@ int igs112::read_segments(igsInStream& in, int count) {
              : 0;
 }
 
+template <class V>
+void igs112::written_fields(V& visit) const {
+  visit("SplineType", m_spline_type);
+  visit("Continuity", m_continuity);
+  visit("Dimension", m_dimension);
+  visit("NumberOfSegments", number_of_segments());
+  visit.list("BreakPoints", 0, m_break_points, bad_count);
+  visit("Segments", Segments{*this});
+  visit("EndValues", end_values());
+}
+
 void igs112::write_pd_data(igsOutStream& out) const {
-  for (const int field : {m_spline_type, m_continuity, m_dimension, number_of_segments()}) out.write_integer(field);
-  igs_write_reals(out, m_break_points);
-  igs_write_reals(out, m_coefficients);
-  for (const double value : m_end_values) out.write_double(value);
+  igsFieldWriter writer(out);
+  written_fields(writer);
+}
+
+void igs112::visit_fields(igsFieldVisitor& visitor) const {
+  igsFieldShower shower(visitor);
+  written_fields(shower);
 }
 
 void igs112::print_pd_data(utOstream& os) const {

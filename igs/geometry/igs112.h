@@ -53,9 +53,14 @@ class IGS_API igs112 : public igsTyped<igs112, "igs112", igsCurve> {
   int read_pd_data(igsInStream& in) override;
   void write_pd_data(igsOutStream& out) const override;
   void print_pd_data(utOstream& os) const override;
+  void visit_fields(igsFieldVisitor& visitor) const override;
   void check_pd() const override;
 
  private:
+  /// What is written, stated once for the writer and for field visitors.
+  template <class V>
+  void written_fields(V& visit) const;
+
   int read_segments(igsInStream& in, int count);
   void check_segments() const;
   bool leaves_plane(std::size_t segment, double tolerance) const;

@@ -140,11 +140,25 @@ void igs114::default_patches_without_meaning() {
   for (int j = 0; j <= m_count_v; ++j) default_patch(m_count_u, j);
 }
 
+template <class V>
+void igs114::written_fields(V& visit) const {
+  visit("SplineType", m_spline_type);
+  visit("PatchType", m_patch_type);
+  visit("NumberOfPatchesU", m_count_u);
+  visit("NumberOfPatchesV", m_count_v);
+  visit.list("BreakPointsU", 0, m_break_points_u, igsBadCount<igs114BadNumUPatches>());
+  visit.list("BreakPointsV", 0, m_break_points_v, igsBadCount<igs114BadNumVPatches>());
+  visit("Patches", Patches{*this});
+}
+
 void igs114::write_pd_data(igsOutStream& out) const {
-  for (const int field : {m_spline_type, m_patch_type, m_count_u, m_count_v}) out.write_integer(field);
-  for (const std::vector<double>* const reals : {&m_break_points_u, &m_break_points_v, &m_coefficients}) {
-    igs_write_reals(out, *reals);
-  }
+  igsFieldWriter writer(out);
+  written_fields(writer);
+}
+
+void igs114::visit_fields(igsFieldVisitor& visitor) const {
+  igsFieldShower shower(visitor);
+  written_fields(shower);
 }
 
 void igs114::print_pd_data(utOstream& os) const {

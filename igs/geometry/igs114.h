@@ -55,9 +55,14 @@ class IGS_API igs114 : public igsTyped<igs114, "igs114", igsParameterizedSurface
   int read_pd_data(igsInStream& in) override;
   void write_pd_data(igsOutStream& out) const override;
   void print_pd_data(utOstream& os) const override;
+  void visit_fields(igsFieldVisitor& visitor) const override;
   void check_pd() const override;
 
  private:
+  /// What is written, stated once for the writer and for field visitors.
+  template <class V>
+  void written_fields(V& visit) const;
+
   std::size_t position(int i, int j) const;
   int read_break_points(igsInStream& in);
   int read_patches(igsInStream& in);

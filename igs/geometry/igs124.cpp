@@ -68,11 +68,25 @@ int igs124::read_pd_data(igsInStream& in) {
   return 1;
 }
 
+template <class V>
+void igs124::written_fields(V& visit) const {
+  constexpr const char* labels[rows_in_file][4] = {
+      {"R11", "R12", "R13", "T1"}, {"R21", "R22", "R23", "T2"}, {"R31", "R32", "R33", "T3"}};
+  visit.parametric([&] {
+    for (int i = 0; i < rows_in_file; ++i) {
+      for (int j = 0; j < 4; ++j) visit(labels[i][j], m_transform.element(i, j));
+    }
+  });
+}
+
 void igs124::write_pd_data(igsOutStream& out) const {
-  const igsParametricFormat format(out);
-  for (int i = 0; i < rows_in_file; ++i) {
-    for (int j = 0; j < 4; ++j) out.write_double(m_transform.element(i, j));
-  }
+  igsFieldWriter writer(out);
+  written_fields(writer);
+}
+
+void igs124::visit_fields(igsFieldVisitor& visitor) const {
+  igsFieldShower shower(visitor);
+  written_fields(shower);
 }
 
 void igs124::print_pd_data(utOstream& os) const {

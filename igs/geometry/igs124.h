@@ -24,10 +24,15 @@ class IGS_API igs124 : public igsTyped<igs124, "igs124", igsObject> {
   int read_pd_data(igsInStream& in) override;
   void write_pd_data(igsOutStream& out) const override;
   void print_pd_data(utOstream& os) const override;
+  void visit_fields(igsFieldVisitor& visitor) const override;
   void check_pd() const override;
   /// Examines the matrix of the entity's own, the status flags and the subscript, nothing else.
   void check_de() const override;
 
  private:
+  /// What is written, stated once for the writer and for field visitors.
+  template <class V>
+  void written_fields(V& visit) const;
+
   giXform3 m_transform;
 };

@@ -17,6 +17,8 @@ struct KnotErrors {
   using NoParamRange = igs126NoParamRange;
   using KnotsTooClose = igs126KnotsTooClose;
 };
+
+constexpr igsBadCount<igs126BadSumIndex> bad_count;
 }  // namespace
 
 igs126::igs126() { set_directory_entry_type(igsEntity126, 0); }
@@ -118,21 +120,32 @@ int igs126::refuse_size(int sum_index) {
   return 0;
 }
 
+template <class V>
+void igs126::written_fields(V& visit) const {
+  visit("SumIndex", number_of_control_points() - 1);
+  visit("Degree", order() - 1);
+  visit("Planar", m_planar_flag);
+  visit("Closed", m_closed_flag);
+  visit("Rational", m_rational_flag);
+  visit("Periodic", m_periodic_flag);
+  visit.parametric([&] { visit.list("Knots", 0, m_direction.knots(), bad_count); });
+  visit.list("Weights", 0, m_weights, bad_count);
+  visit.list("ControlPoints", 0, m_control_points, bad_count);
+  visit.parametric([&] {
+    visit("StartParameter", m_direction.start());
+    visit("EndParameter", m_direction.end());
+  });
+  visit("UnitNormal", m_unit_normal);
+}
+
 void igs126::write_pd_data(igsOutStream& out) const {
-  out.write_integer(number_of_control_points() - 1);
-  out.write_integer(order() - 1);
-  for (const int flag : {m_planar_flag, m_closed_flag, m_rational_flag, m_periodic_flag}) out.write_integer(flag);
-  {
-    const igsParametricFormat format(out);
-    m_direction.write_knots(out);
-  }
-  igs_write_reals(out, m_weights);
-  igs_write_points(out, m_control_points);
-  {
-    const igsParametricFormat format(out);
-    m_direction.write_limits(out);
-  }
-  for (const double component : {m_unit_normal.x(), m_unit_normal.y(), m_unit_normal.z()}) out.write_double(component);
+  igsFieldWriter writer(out);
+  written_fields(writer);
+}
+
+void igs126::visit_fields(igsFieldVisitor& visitor) const {
+  igsFieldShower shower(visitor);
+  written_fields(shower);
 }
 
 void igs126::print_pd_data(utOstream& os) const {

@@ -60,9 +60,14 @@ class IGS_API igs126 : public igsTyped<igs126, "igs126", igsCurve> {
   int read_pd_data(igsInStream& in) override;
   void write_pd_data(igsOutStream& out) const override;
   void print_pd_data(utOstream& os) const override;
+  void visit_fields(igsFieldVisitor& visitor) const override;
   void check_pd() const override;
 
  private:
+  /// What is written, stated once for the writer and for field visitors.
+  template <class V>
+  void written_fields(V& visit) const;
+
   int read_curve_size(igsInStream& in, int& order, int& count);
   int read_flags(igsInStream& in);
   int read_knots(igsInStream& in, int order, int count);

@@ -29,6 +29,9 @@ struct KnotErrorsV {
 bool can_be_counted(std::int64_t order_u, std::int64_t order_v, std::int64_t count_u, std::int64_t count_v) {
   return order_u + count_u <= INT_MAX && order_v + count_v <= INT_MAX && count_u * count_v <= INT_MAX;
 }
+
+constexpr igsBadCount<igs128BadUSumIndex> bad_u_count;
+constexpr igsBadCount<igs128BadVSumIndex> bad_v_count;
 }  // namespace
 
 struct igs128::Size {
@@ -173,21 +176,39 @@ int igs128::refuse_sizes(const Size& size) {
   return 0;
 }
 
+template <class V>
+void igs128::written_fields(V& visit) const {
+  visit("SumIndexU", m_count_u - 1);
+  visit("SumIndexV", m_count_v - 1);
+  visit("DegreeU", order_u() - 1);
+  visit("DegreeV", order_v() - 1);
+  visit("ClosedU", m_closed_flag_u);
+  visit("ClosedV", m_closed_flag_v);
+  visit("Rational", m_rational_flag);
+  visit("PeriodicU", m_periodic_flag_u);
+  visit("PeriodicV", m_periodic_flag_v);
+  visit.parametric([&] {
+    visit.list("KnotsU", 0, m_u.knots(), bad_u_count);
+    visit.list("KnotsV", 0, m_v.knots(), bad_v_count);
+  });
+  visit.list("Weights", 0, m_weights, bad_u_count);
+  visit.list("ControlPoints", 0, m_control_points, bad_u_count);
+  visit.parametric([&] {
+    visit("StartParameterU", m_u.start());
+    visit("EndParameterU", m_u.end());
+    visit("StartParameterV", m_v.start());
+    visit("EndParameterV", m_v.end());
+  });
+}
+
 void igs128::write_pd_data(igsOutStream& out) const {
-  for (const int number : {m_count_u - 1, m_count_v - 1, order_u() - 1, order_v() - 1, m_closed_flag_u, m_closed_flag_v,
-                           m_rational_flag, m_periodic_flag_u, m_periodic_flag_v}) {
-    out.write_integer(number);
-  }
-  {
-    const igsParametricFormat format(out);
-    m_u.write_knots(out);
-    m_v.write_knots(out);
-  }
-  igs_write_reals(out, m_weights);
-  igs_write_points(out, m_control_points);
-  const igsParametricFormat format(out);
-  m_u.write_limits(out);
-  m_v.write_limits(out);
+  igsFieldWriter writer(out);
+  written_fields(writer);
+}
+
+void igs128::visit_fields(igsFieldVisitor& visitor) const {
+  igsFieldShower shower(visitor);
+  written_fields(shower);
 }
 
 void igs128::print_pd_data(utOstream& os) const {

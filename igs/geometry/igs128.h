@@ -66,9 +66,14 @@ class IGS_API igs128 : public igsTyped<igs128, "igs128", igsParameterizedSurface
   int read_pd_data(igsInStream& in) override;
   void write_pd_data(igsOutStream& out) const override;
   void print_pd_data(utOstream& os) const override;
+  void visit_fields(igsFieldVisitor& visitor) const override;
   void check_pd() const override;
 
  private:
+  /// What is written, stated once for the writer and for field visitors.
+  template <class V>
+  void written_fields(V& visit) const;
+
   struct Size;
 
   int read_surface_size(igsInStream& in, Size& size);

@@ -83,6 +83,12 @@ void igs141::print_model_space_curves(utOstream& os) const {
   curve_fields(*this, printer);
 }
 
+void igs141::visit_fields(igsFieldVisitor& visitor) const {
+  igsFieldShower shower(visitor);
+  leading_fields(*this, shower);
+  curve_fields(*this, shower);
+}
+
 void igs141::visit_pointers(igsPointerVisitor& visitor) {
   igsFieldPointers pointers(visitor);
   leading_fields(*this, pointers);

@@ -36,6 +36,7 @@ class IGS_API igs141 : public igsTyped<igs141, "igs141", igsObject> {
   int read_pd_data(igsInStream& in) override;
   void write_pd_data(igsOutStream& out) const override;
   void print_pd_data(utOstream& os) const override;
+  void visit_fields(igsFieldVisitor& visitor) const override;
   void print_model_space_curves(utOstream& os) const;
   void check_pd() const override;
   void visit_pointers(igsPointerVisitor& visitor) override;

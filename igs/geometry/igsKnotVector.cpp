@@ -5,7 +5,6 @@
 
 #include "igs/geometry/igsSplineData.h"
 #include "igs/objects/igsListAccess.h"
-#include "igs/output/igsOutStream.h"
 #include "igs/support/utOstream.h"
 
 int igsKnotVector::knot(int i, double& value) const { return igs_get_element(m_knots, i, value); }
@@ -75,13 +74,6 @@ int igsKnotVector::read_knots(igsInStream& in, int order, int count) {
 void igsKnotVector::read_limits(igsInStream& in) {
   m_start = igs_read_supplied(in);
   m_end = igs_read_supplied(in);
-}
-
-void igsKnotVector::write_knots(igsOutStream& out) const { igs_write_reals(out, m_knots); }
-
-void igsKnotVector::write_limits(igsOutStream& out) const {
-  out.write_double(m_start);
-  out.write_double(m_end);
 }
 
 void igsKnotVector::print_knots(utOstream& os, const char* label) const {

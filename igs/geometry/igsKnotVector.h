@@ -6,7 +6,6 @@
 #include "igs/support/undefined.h"
 
 class igsInStream;
-class igsOutStream;
 class utOstream;
 
 /// One parametric direction of a rational B-spline (IGES 5.3, types 126 and 128): its order, its knots and the limits
@@ -55,8 +54,6 @@ class IGS_API igsKnotVector {
   /// Reads that many knots; 0 when the record cannot hold them.
   int read_knots(igsInStream& in, int order, int count);
   void read_limits(igsInStream& in);
-  void write_knots(igsOutStream& out) const;
-  void write_limits(igsOutStream& out) const;
   void print_knots(utOstream& os, const char* label) const;
   void clear() { *this = igsKnotVector(); }
 

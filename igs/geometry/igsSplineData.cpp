@@ -5,7 +5,6 @@
 
 #include "igs/input/igsInStream.h"
 #include "igs/objects/igsBoundedList.h"
-#include "igs/output/igsOutStream.h"
 #include "igs/support/utOstream.h"
 
 namespace {
@@ -52,18 +51,6 @@ int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& 
   if (igs_read_bounded(in, count, points, read) == 0) return 0;
   points.shrink_to_fit();
   return 1;
-}
-
-void igs_write_reals(igsOutStream& out, const std::vector<double>& reals) {
-  for (const double real : reals) out.write_double(real);
-}
-
-void igs_write_points(igsOutStream& out, const std::vector<giPoint3>& points) {
-  for (const giPoint3& point : points) {
-    out.write_double(point.x());
-    out.write_double(point.y());
-    out.write_double(point.z());
-  }
 }
 
 void igs_print_flag(utOstream& os, const char* label, int value, int true_value) {

@@ -21,8 +21,6 @@ double igs_read_supplied(igsInStream& in);
 int igs_read_reals(igsInStream& in, std::int64_t count, std::vector<double>& reals, std::size_t read_before = 0);
 /// As above for points: an empty field is 0, and the points behind the record's end are undefined.
 int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& points, std::size_t read_before);
-void igs_write_reals(igsOutStream& out, const std::vector<double>& reals);
-void igs_write_points(igsOutStream& out, const std::vector<giPoint3>& points);
 /// Prints "label = 1(True)"; `true_value` is the value that means so, 0 or 1.
 void igs_print_flag(utOstream& os, const char* label, int value, int true_value = 1);
 /// What PROP3 holds for a rational spline: 0, and 1 for a polynomial one.

@@ -18,6 +18,8 @@ class IGS_API igsDoubleDecoder final : public igsDecoder {
     return consumed;
   }
   double decoded_value() const { return m_value; }
+  /// Takes note of a value that was decoded elsewhere.
+  void note_value() { set_error(igsIOValuePresent); }
 
  protected:
   void store(char c) override;

@@ -29,18 +29,17 @@ bool igsInStream::read_plain_integer(int& value) {
   const unsigned count = igs_eight::leading_digits(igs_eight::load(cursor()), digits);
   if (count == 0 || count == 8 || !step_over_field(count)) return false;
   value = static_cast<int>(igs_eight::number(digits << (64 - 8 * count)));
-  m_int_decoder.take(value);
+  m_int_decoder.note_value();
   return true;
 }
 
 void igsInStream::read_integer(int& value) {
   m_collected = 0;
   configure_for_decode(&m_int_decoder);
-  if (!read_plain_integer(value)) {
-    decode_with(m_int_decoder);
-    value = m_int_decoder.decoded_value();
-  }
-  m_value_present = m_int_decoder.value_present();
+  m_value_present = 1;
+  if (read_plain_integer(value)) return;
+  read_field(m_int_decoder);
+  value = m_int_decoder.decoded_value();
 }
 
 void igsInStream::read_integer(unsigned width, int& value) {
@@ -49,33 +48,62 @@ void igsInStream::read_integer(unsigned width, int& value) {
 }
 
 // Blanks, or a number right-aligned behind blanks, are almost all there is in fields of fixed width; nothing else is
-// touched.
-inline bool igsInStream::read_plain_integer(unsigned width, int& value) {
+// touched. `present` tells the two apart.
+inline bool igsInStream::read_plain_integer(unsigned width, int& value, bool& present) {
   if (width > 8 || record_end() - cursor() < 8) return false;
   const std::uint64_t columns = igs_eight::right_aligned(igs_eight::load(cursor()), width);
   std::uint64_t number = 0;
-  if (columns == igs_eight::single_zero || igs_eight::right_aligned_number(columns, number)) {
-    m_int_decoder.take(static_cast<int>(number));
-  } else if (columns == igs_eight::blanks) {
-    m_int_decoder.reset_fast_decode();
-  } else {
-    return false;
-  }
+  present = columns == igs_eight::single_zero || igs_eight::right_aligned_number(columns, number);
+  if (!present && columns != igs_eight::blanks) return false;
   value = static_cast<int>(number);
   *this += width;
   return true;
 }
 
 void igsInStream::read_integers(unsigned width, std::initializer_list<int*> values) {
+  // The widths of directory entries, so that the shifts are known when this is compiled.
+  if (width == 8) return read_columns<8>(values);
+  if (width == 2) return read_columns<2>(values);
+  for (int* const value : values) read_integer(width, *value);
+}
+
+template <unsigned width>
+void igsInStream::read_columns(std::initializer_list<int*> values) {
   m_collected = 0;
   configure_for_decode(&m_int_decoder);
+  bool any_present = false;
+  m_value_present = 0;
   for (int* const value : values) {
-    if (!read_plain_integer(width, *value)) read_integer(width, *value);
+    bool present = false;
+    if (read_plain_integer(width, *value, present)) {
+      m_value_present = present ? 1 : 0;
+      any_present |= present;
+    } else {
+      read_integer(width, *value);
+    }
   }
-  m_value_present = m_int_decoder.value_present();
+  if (any_present) m_int_decoder.note_value();
+}
+
+// Knots, weights and components of directions are mostly a digit, a point and perhaps a zero; nothing else is touched.
+bool igsInStream::read_plain_double(double& value) {
+  const char* const text = cursor();
+  if (!igs_number::is_digit(text[0]) || text[1] != '.') return false;
+  const double digit = text[0] - '0';
+  const std::size_t length = text[2] == '0' ? 3 : 2;
+  // A digit or the mark of an exponent goes on with the number, even where it is a delimiter.
+  if (text[length] >= '0' && text[length] != ';') return false;
+  if (!step_over_field(length)) return false;
+  value = digit;
+  m_double_decoder.note_value();
+  return true;
 }
 
 void igsInStream::read_double(double& value) {
+  m_collected = 0;
+  configure_for_decode(&m_double_decoder);
+  m_value_present = 1;
+  if (read_plain_double(value)) return;
   read_field(m_double_decoder);
   value = m_double_decoder.decoded_value();
 }
@@ -89,7 +117,7 @@ void igsInStream::read_string(unsigned width, utString& value) {
   if (width == 8 && record_end() - cursor() >= 8 && !igs_eight::holds_nul(igs_eight::load(cursor()))) {
     m_collected = 0;
     configure_for_decode(&m_str_decoder);
-    m_str_decoder.take();
+    m_str_decoder.note_value();
     m_value_present = 1;
     value.assign(cursor(), width);
     *this += width;

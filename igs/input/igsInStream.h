@@ -69,8 +69,11 @@ class IGS_API igsInStream : public igsInEngine {
   void collect_errors();
 
  private:
+  bool read_plain_double(double& value);
   bool read_plain_integer(int& value);
-  bool read_plain_integer(unsigned width, int& value);
+  bool read_plain_integer(unsigned width, int& value, bool& present);
+  template <unsigned width>
+  void read_columns(std::initializer_list<int*> values);
   template <class Decoder>
   void read_field(Decoder& decoder);
   template <class Decoder>

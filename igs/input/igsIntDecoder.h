@@ -14,11 +14,8 @@ class IGS_API igsIntDecoder final : public igsDecoder {
     return consumed;
   }
   int decoded_value() const { return m_value; }
-  /// Takes a value that was decoded elsewhere.
-  void take(int value) {
-    m_value = value;
-    set_error(igsIOValuePresent);
-  }
+  /// Takes note of a value that was decoded elsewhere.
+  void note_value() { set_error(igsIOValuePresent); }
 
  protected:
   void convert() override;

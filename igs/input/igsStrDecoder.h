@@ -11,7 +11,7 @@ class IGS_API igsStrDecoder final : public igsDecoder {
   std::size_t decode_fast(const char* text, const char* readable_end) override;
   const utString& decoded_value() const { return m_value; }
   /// Takes note of a text that was read elsewhere.
-  void take() { set_error(igsIOValuePresent); }
+  void note_value() { set_error(igsIOValuePresent); }
 
  protected:
   void receive(char c) override;

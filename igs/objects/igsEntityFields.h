@@ -12,6 +12,7 @@
 #include "igs/input/igsInStream.h"
 #include "igs/objects/igsBoundedList.h"
 #include "igs/objects/igsEntity.h"
+#include "igs/objects/igsFieldVisitor.h"
 #include "igs/output/igsOutStream.h"
 #include "igs/support/export.h"
 #include "igs/support/giPoint.h"
@@ -163,6 +164,24 @@ class igsFieldReader {
   int m_position = 0;  ///< of the record that is being read in its list
 };
 
+/// Reals are written with the precision of parameter-space values as long as this object lives.
+class IGS_API igsParametricFormat {
+ public:
+  explicit igsParametricFormat(igsOutStream& out);
+  ~igsParametricFormat() { m_out.pop_double_format(); }
+  igsParametricFormat(const igsParametricFormat&) = delete;
+  igsParametricFormat& operator=(const igsParametricFormat&) = delete;
+
+ private:
+  igsOutStream& m_out;
+};
+
+/// The coefficients of a polynomial, a group of reals without labels.
+template <class Value>
+concept igsCoefficients = requires(const Value& value) {
+  value.coefficients();
+};
+
 /// Writes fields. A null pointer is written as 0.
 class igsFieldWriter {
  public:
@@ -182,6 +201,8 @@ class igsFieldWriter {
       Value::fields(value, *this);
     } else if constexpr (igsNumberOrPointer<Value>) {
       m_out.write_integer(value.field());
+    } else if constexpr (igsCoefficients<Value>) {
+      for (const double coefficient : value.coefficients()) m_out.write_double(coefficient);
     } else {
       m_out.write_double(value.x());
       m_out.write_double(value.y());
@@ -197,6 +218,13 @@ class igsFieldWriter {
   template <class Element, class Error>
   void list(const char*, std::int64_t, const std::vector<Element>& elements, igsBadCount<Error>) {
     for (const Element& element : elements) (*this)(nullptr, element);
+  }
+  /// For classes that write some of their reals with the precision of parameter-space values: those that `fields`
+  /// shows.
+  template <class Fields>
+  void parametric(Fields fields) {
+    const igsParametricFormat format(m_out);
+    fields();
   }
 
  private:
@@ -288,16 +316,62 @@ class igsFieldPointers {
   igsPointerVisitor& m_visitor;
 };
 
-/// Reals are written with the precision of parameter-space values as long as this object lives.
-class IGS_API igsParametricFormat {
+/// Shows the fields to a visitor, as they are written.
+class igsFieldShower {
  public:
-  explicit igsParametricFormat(igsOutStream& out);
-  ~igsParametricFormat() { m_out.pop_double_format(); }
-  igsParametricFormat(const igsParametricFormat&) = delete;
-  igsParametricFormat& operator=(const igsParametricFormat&) = delete;
+  explicit igsFieldShower(igsFieldVisitor& visitor) : m_visitor(visitor) {}
+
+  void operator()(const char* label, int value) { m_visitor.integer(label, value); }
+  void operator()(const char* label, double value) { m_visitor.real(label, value); }
+  void operator()(const char* label, const utString& value) { m_visitor.text(label, value); }
+  void operator()(const char* label, const igsObjectPtr& value) { m_visitor.reference(label, value.object()); }
+  template <class Number>
+  void operator()(const char* label, const Number& value, const Number&) {
+    (*this)(label, value);
+  }
+  template <class Value>
+  void operator()(const char* label, const Value& value) {
+    if constexpr (igsNumberOrPointer<Value>) {
+      const igsObject* const target = value.definition().object();
+      target != nullptr ? m_visitor.reference(label, target) : m_visitor.integer(label, value.field());
+    } else {
+      m_visitor.begin_group(label);
+      show_parts(value);
+      m_visitor.end_group();
+    }
+  }
+
+  void index(const char* label, int value) { (*this)(label, value < INT_MAX ? value + 1 : value); }
+  int count(const char* label, std::size_t size) {
+    (*this)(label, static_cast<int>(size));
+    return static_cast<int>(size);
+  }
+  template <class Element, class Error>
+  void list(const char* label, std::int64_t, const std::vector<Element>& elements, igsBadCount<Error>) {
+    m_visitor.begin_group(label);
+    for (const Element& element : elements) (*this)(nullptr, element);
+    m_visitor.end_group();
+  }
+  template <class Fields>
+  void parametric(Fields fields) {
+    fields();
+  }
 
  private:
-  igsOutStream& m_out;
+  template <class Value>
+  void show_parts(const Value& value) {
+    if constexpr (igsRecord<Value>) {
+      Value::fields(value, *this);
+    } else if constexpr (igsCoefficients<Value>) {
+      for (const double coefficient : value.coefficients()) (*this)(nullptr, coefficient);
+    } else {
+      (*this)("x", value.x());
+      (*this)("y", value.y());
+      if constexpr (requires { value.z(); }) (*this)("z", value.z());
+    }
+  }
+
+  igsFieldVisitor& m_visitor;
 };
 
 template <class Self, igsName Name, class Parent>
@@ -328,4 +402,10 @@ template <class Self, igsName Name, class Parent>
 void igsEntity<Self, Name, Parent>::visit_pointers(igsPointerVisitor& visitor) {
   igsFieldPointers pointers(visitor);
   Self::fields(static_cast<Self&>(*this), pointers);
+}
+
+template <class Self, igsName Name, class Parent>
+void igsEntity<Self, Name, Parent>::visit_fields(igsFieldVisitor& visitor) const {
+  igsFieldShower shower(visitor);
+  Self::fields(static_cast<const Self&>(*this), shower);
 }

@@ -10,12 +10,15 @@
 #include "igs/file/igsObjectSystem.h"
 #include "igs/input/igsInStream.h"
 #include "igs/objects/igsFactory.h"
+#include "igs/objects/igsFieldVisitor.h"
 #include "igs/objects/igsInfoDB.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/output/igsOutStream.h"
 #include "igs/support/utOstream.h"
 
 igsPointerVisitor::~igsPointerVisitor() = default;
+
+igsFieldVisitor::~igsFieldVisitor() = default;
 
 igsObject* igsObject::create(igsEntityType type, int form) { return igsFactory::make_one(type, form); }
 
@@ -92,6 +95,8 @@ void igsObject::unreference_children() {
 }
 
 void igsObject::visit_pointers(igsPointerVisitor& /*visitor*/) {}
+
+void igsObject::visit_fields(igsFieldVisitor& /*visitor*/) const {}
 
 int igsObject::de_number() const { return m_manager != nullptr ? 2 * m_manager->system_location() + 1 : 0; }
 

@@ -11,6 +11,7 @@
 #include "igs/support/utString.h"
 
 class igsDirectoryEntry;
+class igsFieldVisitor;
 class igsFile;
 class igsInStream;
 class igsObjectError;
@@ -60,6 +61,8 @@ class IGS_API igsObject {
   virtual bool isa(const kluTypeInfo& t) const { return id == t; }
   /// Shows every pointer of the parameter data, in field order.
   virtual void visit_pointers(igsPointerVisitor& visitor);
+  /// Shows the parameter fields that write_pd_data writes.
+  virtual void visit_fields(igsFieldVisitor& visitor) const;
 
   /// 1, 3, 5, ...; may change when the file is written.
   int de_number() const;

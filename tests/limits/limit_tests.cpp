@@ -148,6 +148,11 @@ std::vector<Hostile> hostile_files() {
          return one_list(102, 0, "102," + std::to_string(count) + ",", "1,", count, "106,2,2,0,0,0,1,0,0;");
        },
        200000},
+      {"one faulty curve as all curves",
+       [](int count) {
+         return one_list(102, 0, "102," + std::to_string(count) + ",", "1,", count, "100,0.,0.,0.,0.,0.,0.,0.;");
+       },
+       2000000, 25},
       {"one line", [](int count) { return many_lines("x", count); }, 10000000},
       {"blank lines", [](int count) { return many_lines("\n", count); }, 10000000},
       {"NUL characters", [](int count) { return std::string(static_cast<std::size_t>(count), '\0'); }, 10000000},

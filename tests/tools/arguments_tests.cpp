@@ -69,6 +69,11 @@ TEST_F(CommandLine, WrongCallsEndWithStatus2AndSayWhatIsWrong) {
       {{"info", "missing.igs"}, "missing.igs: No such file or directory"},
       {{"print"}, "print: FILE is missing"},
       {{"print", "a.igs", "c.igs"}, "unexpected c.igs"},
+      {{"diff"}, "diff: FILE is missing"},
+      {{"diff", "a.igs"}, "diff: too few names; there have to be OLD NEW"},
+      {{"diff", "a.igs", "b.igs", "c.igs"}, "diff: unexpected c.igs"},
+      {{"diff", "-", "-"}, "only one of the files can be standard input"},
+      {{"diff", "--tolerance", "-1", "a.igs", "b.igs"}, "\"-1\" is no tolerance"},
       {{"explain", "--format", "json"}, "unknown option --format"},
   };
   for (const auto& [call, complaint] : calls) {
@@ -86,6 +91,7 @@ TEST_F(CommandLine, HelpAndVersionEndWithStatus0) {
                                                       {"info", "--help"},
                                                       {"check", "--help"},
                                                       {"repair", "--help"},
+                                                      {"diff", "--help"},
                                                       {"print", "--help"},
                                                       {"explain", "--help"}}) {
     const Outcome outcome = igs(call);

@@ -36,6 +36,7 @@ void Corpus::check_file(const std::string& name) {
   const Json object = only_object(check.out);
   EXPECT_EQ(object.at("error_count"), object.at("errors").size());
   EXPECT_EQ(check.status, !object.at("read") ? 2 : object.at("error_count") == 0 ? 0 : 1);
+  EXPECT_EQ(igs({"diff", name, name}).status, object.at("read") ? 0 : 2);
   repair_twice(name, object);
 }
 

@@ -30,7 +30,7 @@ class Documentation : public ProgramTest {
 TEST_F(Documentation, ManPageHasEveryCommandOptionAndKey) {
   const std::string page = std::regex_replace(read_file(IGS_ROOT "/docs/man/igs.1"), std::regex("\n(?!\\.)"), " ");
   const auto count = [](const std::string& text, const std::string& pattern) { return matches(text, pattern).size(); };
-  EXPECT_THAT(commands(), IsSupersetOf({"info", "check", "repair", "print", "explain"}));
+  EXPECT_THAT(commands(), IsSupersetOf({"info", "check", "repair", "diff", "print", "explain"}));
   for (const std::string& command : commands()) {
     EXPECT_EQ(count(page, "^(\\.It Cm " + command + ") "), 1U) << command;
     const std::size_t begin = page.find(".Nm\n.Cm " + command + "\n");

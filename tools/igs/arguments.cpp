@@ -88,6 +88,8 @@ void expect_names(CLI::App& command, const std::vector<std::string>& names) {
     option->allow_extra_args(false);
     const auto most = static_cast<std::size_t>(option->get_items_expected_max());
     if (names.size() > most) refuse("unexpected " + printable(names[most]));
+    if (most > 1 && !names.empty() && names.size() < most)
+      refuse("too few names; there have to be " + option->get_option_text());
   }
 }
 

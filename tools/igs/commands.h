@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,8 +31,16 @@ struct RepairOptions {
   ColorMode color = ColorMode::automatic;
   std::size_t max_errors = 0;
   bool delete_faulty = false;
+  bool summary = false;  ///< say what differs between what was read and what was written
   std::string file;
   std::string target;
+};
+
+struct DiffOptions {
+  Format format = Format::text;
+  std::size_t max_changes = 0;
+  std::optional<double> tolerance;  ///< nothing: reals must be equal
+  std::vector<std::string> files;   ///< the old one and the new one
 };
 
 struct ExplainOptions {
@@ -42,6 +51,7 @@ struct ExplainOptions {
 int run_info(const InfoOptions& options);
 int run_check(const CheckOptions& options);
 int run_repair(const RepairOptions& options);
+int run_diff(const DiffOptions& options);
 int run_print(const std::string& file);
 /// Explains the error classes, or keys of --set, of these names; all error classes without a name.
 int run_explain(const ExplainOptions& options);

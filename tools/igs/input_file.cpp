@@ -1,9 +1,11 @@
 #include "input_file.h"
 
+#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <iostream>
 #include <system_error>
+#include <utility>
 
 InputFile::InputFile(const std::string& name) : m_stream(&m_file) {
   if (name == "-") {
@@ -23,6 +25,19 @@ InputFile::InputFile(const std::string& name) : m_stream(&m_file) {
     m_size = std::filesystem::file_size(name, none);
     if (none) m_size = 0;
   }
+}
+
+InputFile::InputFile(InMemory input) : m_memory(std::move(input.bytes)), m_stream(&m_memory) {}
+
+void InputFile::keep_bytes() {
+  std::string bytes;
+  std::array<char, 1U << 16U> block{};
+  while (m_stream->read(block.data(), std::ssize(block)) || m_stream->gcount() > 0) {
+    bytes.append(block.data(), static_cast<std::size_t>(m_stream->gcount()));
+  }
+  if (m_stream->bad()) return;  // which error() tells
+  m_memory.str(std::move(bytes));
+  m_stream = &m_memory;
 }
 
 std::string InputFile::error() const {

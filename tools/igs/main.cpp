@@ -1,5 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 #include <csignal>
 #include <exception>
 #include <iostream>
@@ -25,6 +27,10 @@ constexpr std::size_t no_limit = std::numeric_limits<std::size_t>::max();
 constexpr const char* exit_status_help =
     "Exit status: 0 no error is left, 1 errors are left, 2 a file could not be\n"
     "opened, read to its end or written, or the call is wrong. The highest wins.";
+
+constexpr const char* diff_exit_status_help =
+    "Exit status: 0 the files hold the same, 1 they differ, 2 a file could not be\n"
+    "opened or read to its end, or the call is wrong.";
 
 /// The keys of --set.
 std::string keys_help() {
@@ -62,6 +68,15 @@ std::string complaint_of(const CLI::ParseError& error) {
   return text;
 }
 
+/// As is_count, for a distance.
+std::string is_tolerance(const std::string& text) {
+  double value = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, value);
+  const bool is_distance = error == std::errc() && stop == end && value >= 0 && value < HUGE_VAL;
+  return is_distance ? "" : '"' + printable(text) + "\" is no tolerance";
+}
+
 class CommandLine {
  public:
   CommandLine();
@@ -79,6 +94,7 @@ class CommandLine {
   void add_info();
   void add_check();
   void add_repair();
+  void add_diff();
   void add_print();
   void add_explain();
   Format format() const;
@@ -91,12 +107,14 @@ class CommandLine {
   InfoOptions m_info;
   CheckOptions m_check;
   RepairOptions m_repair;
+  DiffOptions m_diff;
   std::string m_format = "text";
   std::string m_color = "auto";
   std::string m_print_file;
   ExplainOptions m_explain;
   std::vector<std::string> m_settings;
-  std::optional<std::size_t> m_max_errors, m_jobs;
+  std::optional<std::size_t> m_max_errors;  ///< or changes
+  std::optional<std::size_t> m_jobs;
   int m_status = exit_clean;
 };
 
@@ -109,6 +127,7 @@ CommandLine::CommandLine() {
   add_info();
   add_check();
   add_repair();
+  add_diff();
   add_print();
   add_explain();
 }
@@ -246,6 +265,8 @@ void CommandLine::add_repair() {
   command->add_flag("--delete-faulty", m_repair.delete_faulty,
                     "delete the entities that still have errors after the repairs. Sound entities whose only fault "
                     "cannot be repaired (a wrong line count, say) go, too");
+  command->add_flag("--summary", m_repair.summary,
+                    "after the report, list what differs between what was read and what was written");
   command
       ->add_option("-o,--output", m_repair.target,
                    "the file to write, whole or not at all; - is standard output; may be FILE")
@@ -258,6 +279,30 @@ void CommandLine::add_repair() {
     m_repair.max_errors = max_errors();
     apply_settings();
     m_status = run_repair(m_repair);
+  });
+}
+
+void CommandLine::add_diff() {
+  CLI::App* command = add_command("diff", "Say what differs between two files, entity by entity, whatever their order");
+  add_format(command);
+  command->add_option("--tolerance", m_diff.tolerance, "reals at most T apart count as the same; equal ones without it")
+      ->check(is_tolerance)
+      ->option_text("T");
+  command->add_option("--max-changes", m_max_errors, "list at most N changes; 1000 in text, all in json")
+      ->check(is_count)
+      ->option_text("N");
+  command->add_option("FILE", m_diff.files, "the old file and the new one; one of them may be -, standard input")
+      ->required()
+      ->expected(2)
+      ->option_text("OLD NEW");
+  command->footer(diff_exit_status_help);
+  command->callback([this] {
+    if (m_diff.files == std::vector<std::string>{"-", "-"}) {
+      throw CLI::ValidationError("FILE", "only one of the files can be standard input");
+    }
+    m_diff.format = format();
+    m_diff.max_changes = max_errors();
+    m_status = run_diff(m_diff);
   });
 }
 

@@ -91,9 +91,21 @@ Model::Model(const std::string& name) : m_name(name), m_input(name), m_progress(
   m_file.set_message_stream(&m_messages);
 }
 
-void Model::read() {
-  utOstream complaints(std::cerr);
-  m_was_read = m_file.read(m_input.stream(), complaints) != 0;
+Model::Model(const std::string& name, InMemory input)
+    : m_name(name), m_input(std::move(input)), m_progress(name, m_input.size()), m_file(name) {
+  m_file.set_message_stream(&m_messages);
+}
+
+void Model::read() { read(std::cerr); }
+
+void Model::read_silently() {
+  std::ostream nowhere(nullptr);
+  read(nowhere);
+}
+
+void Model::read(std::ostream& complaints) {
+  utOstream indented(complaints);
+  m_was_read = m_file.read(m_input.stream(), indented) != 0;
   expect_memory();
 }
 

@@ -58,10 +58,17 @@ class EntityTypes {
 class Model {
  public:
   explicit Model(const std::string& name);
+  /// A file in memory, under a name for reports.
+  Model(const std::string& name, InMemory input);
 
   /// Why the file cannot be opened, empty when it can.
   std::string open_error() const { return m_input.error(); }
   void read();
+  /// As read(), for what others have complained of already.
+  void read_silently();
+  /// Before reading: what is read is kept until take_input().
+  void keep_input() { m_input.keep_bytes(); }
+  std::string take_input() { return m_input.take_bytes(); }
   /// Throws std::bad_alloc when the library's last piece of work ended because memory ran out.
   void expect_memory() const;
 
@@ -79,6 +86,8 @@ class Model {
   const MessageList& messages() const { return m_messages; }
 
  private:
+  void read(std::ostream& complaints);
+
   std::string m_name;
   InputFile m_input;
   Progress m_progress;

@@ -13,6 +13,7 @@
 #include "paint.h"
 #include "tally.h"
 
+class Comparison;
 class JsonWriter;
 
 /// What `check` or `repair` found out about one file, apart from what the model itself tells.
@@ -20,12 +21,14 @@ struct Findings {
   explicit Findings(const Model& model_) : model(model_) {}
 
   const Model& model;
-  int num_entities = 0;                ///< after the read; for `repair` after the repairs
-  EntityTypes types;                   ///< at the same moment; DE numbers as in the file that was read
-  bool is_repair = false;              ///< the members below matter to `repair` alone
-  bool delete_faulty = false;          ///< faulty entities were to be deleted
-  std::vector<int> deleted;            ///< DE numbers of the entities deleted on request
-  std::optional<std::string> written;  ///< the name written
+  int num_entities = 0;                 ///< after the read; for `repair` after the repairs
+  EntityTypes types;                    ///< at the same moment; DE numbers as in the file that was read
+  bool is_repair = false;               ///< the members below matter to `repair` alone
+  bool delete_faulty = false;           ///< faulty entities were to be deleted
+  std::vector<int> deleted;             ///< DE numbers of the entities deleted on request
+  std::optional<std::string> written;   ///< the name written
+  bool has_summary = false;             ///< a comparison was asked for
+  const Comparison* summary = nullptr;  ///< of what was read with what was written; null when nothing was
 };
 
 /// Number of active errors that have not gone with their entity.

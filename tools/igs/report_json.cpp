@@ -1,5 +1,6 @@
 #include <ostream>
 
+#include "diff_report.h"
 #include "jobs.h"
 #include "json_writer.h"
 #include "report.h"
@@ -37,6 +38,7 @@ class JsonReport : public Report {
   void write_errors(JsonWriter& json, const Findings& findings);
   void write_repairs(JsonWriter& json, const Findings& findings);
   void write_messages(JsonWriter& json, const MessageList& messages);
+  void write_summary(JsonWriter& json, const Comparison* summary) const;
   /// Writes an error of a list as long as the list may be.
   auto listed(JsonWriter& json, const EntityTypes& types) const {
     return [&json, &types, count = std::size_t{0}, limit = m_max_errors](igsLogID log, const igsError& error) mutable {
@@ -60,6 +62,7 @@ void JsonReport::outcome(const Findings& findings) {
     json.key("written");
     findings.written ? json.value(*findings.written) : json.null();
   }
+  if (findings.has_summary) write_summary(json, findings.summary);
   json.end_object();
   m_out << '\n';
 }
@@ -90,6 +93,14 @@ void JsonReport::write_messages(JsonWriter& json, const MessageList& messages) {
   json.begin_array();
   messages.for_each([&json](const std::string& message) { json.value(message); });
   json.end_array();
+}
+
+void JsonReport::write_summary(JsonWriter& json, const Comparison* summary) const {
+  json.key("summary");
+  if (summary == nullptr) return json.null();
+  json.begin_object();
+  write_json_differences(json, *summary, m_max_errors);
+  json.end_object();
 }
 
 }  // namespace

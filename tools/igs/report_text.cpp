@@ -1,5 +1,6 @@
 #include <ostream>
 
+#include "diff_report.h"
 #include "explain_table.h"
 #include "jobs.h"
 #include "report.h"
@@ -59,6 +60,9 @@ void TextReport::outcome(const Findings& findings) {
   write_deleted(findings);
   write_text_dropped(m_out, file);
   write_summary(findings, num_active, num_fixed);
+  if (findings.summary == nullptr) return;
+  write_text_differences(m_out, *findings.summary, m_max_errors,
+                         findings.model.name() + " as read, " + *findings.written + " as written");
 }
 
 void TextReport::write_lists(const Findings& findings, long long num_active, long long num_fixed) {

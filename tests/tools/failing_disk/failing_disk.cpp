@@ -12,7 +12,7 @@
 namespace {
 
 bool is_to_fail(std::string_view call, int descriptor) {
-  const char* const failing = std::getenv("IGS_FAILING_CALL");
+  const char* const failing = std::getenv("IGS_FAILING_CALL");  // NOLINT(concurrency-mt-unsafe): there is one thread
   if (failing == nullptr || failing != call) return false;
   std::array<char, 4096> name{};
   const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
@@ -30,5 +30,7 @@ int result_of(long call, std::string_view name, int descriptor) {
 
 }  // namespace
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the system's own names are reserved
 extern "C" int fsync(int descriptor) { return result_of(SYS_fsync, "fsync", descriptor); }
 extern "C" int close(int descriptor) { return result_of(SYS_close, "close", descriptor); }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
