@@ -66,6 +66,7 @@ class IGS_API igsInStream : public igsInEngine {
   /// together may have always_granted, and one more for each bytes_per_granted bytes read: a file of a moderate size
   /// cannot claim a large model. Returns 1 and takes them off what is left; 0 when there are not as many left.
   int grant_missing(std::int64_t count);
+  /// For all lists of a file, and for its size, as grant_missing says.
   static constexpr std::int64_t always_granted = 65536;
   static constexpr std::int64_t bytes_per_granted = 64;
 
@@ -77,6 +78,7 @@ class IGS_API igsInStream : public igsInEngine {
   int reset();
 
  protected:
+  /// Collects what the fields read since the last time have met.
   void collect_errors();
 
  private:

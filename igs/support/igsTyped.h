@@ -11,6 +11,7 @@ template <std::size_t N>
 struct igsName {
   // NOLINTNEXTLINE(google-explicit-constructor): a literal is to be written where a name is wanted
   constexpr igsName(const char (&literal)[N]) { std::copy_n(literal, N, text); }
+  /// With a zero at its end.
   char text[N] = {};
 };
 
@@ -31,11 +32,16 @@ class IGS_API_TEMPLATE igsTypedRoot {
 template <class Self, igsName Name, class Parent>
 class IGS_API_TEMPLATE igsTyped : public Parent {
  public:
+  /// The type record of the class.
   static constexpr kluTypeInfo id{Name.text, &Parent::id};
 
+  /// As `id`.
   static const kluTypeInfo& type() { return id; }
+  /// True when the object is of the class `t` or of one derived from it.
   bool typeof(const kluTypeInfo& t) const override { return id.childof(t); }
+  /// The type record of the object's class.
   const kluTypeInfo& objtype() const override { return id; }
+  /// True when the object is of exactly the class `t`.
   bool isa(const kluTypeInfo& t) const override { return id == t; }
 
  protected:
