@@ -20,7 +20,9 @@ struct igsName {
 template <igsName Name>
 class IGS_API_TEMPLATE igsTypedRoot {
  public:
+  /// The type record of the class.
   static constexpr kluTypeInfo id{Name.text};
+  /// As `id`.
   static const kluTypeInfo& type() { return id; }
 };
 
