@@ -29,13 +29,8 @@ class IGS_API igsErrorValueVisitor {
 /// A deviation from the standard, found while reading or checking. Its class is its identity: errors carry values,
 /// never texts. Constructing an error of one of the five kinds below hands it to the error log of the current file,
 /// which owns it from then on: create errors with `new` and do not delete them.
-class IGS_API igsError {
+class IGS_API igsError : public igsTypedRoot<"igsError"> {
  public:
-  /// The type record of the class.
-  static constexpr kluTypeInfo id{"igsError"};
-  /// As `id`.
-  static const kluTypeInfo& type() { return id; }
-
   igsError(const igsError&) = delete;
   igsError& operator=(const igsError&) = delete;
 

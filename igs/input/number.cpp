@@ -153,9 +153,7 @@ constexpr std::array<double, 23> exact_powers = {1e0,  1e1,  1e2,  1e3,  1e4,  1
 
 // Both the mantissa and the power of ten are doubles without error: one rounding gives the nearest double.
 bool convert_exactly(const DecimalMantissa& mantissa, std::int64_t exponent, double& value) {
-#if defined(FLT_EVAL_METHOD) && FLT_EVAL_METHOD != 0
-  return false;
-#else
+  if (FLT_EVAL_METHOD != 0) return false;  // longer registers round twice
   constexpr std::uint64_t largest = std::uint64_t{1} << DBL_MANT_DIG;
   constexpr auto largest_power = static_cast<std::int64_t>(exact_powers.size()) - 1;
   if (mantissa.digits > max_digits || mantissa.value > largest) return false;
@@ -164,7 +162,6 @@ bool convert_exactly(const DecimalMantissa& mantissa, std::int64_t exponent, dou
   value = exponent < 0 ? whole / exact_powers[static_cast<std::size_t>(-exponent)]
                        : whole * exact_powers[static_cast<std::size_t>(exponent)];
   return true;
-#endif
 }
 
 #ifdef __SIZEOF_INT128__

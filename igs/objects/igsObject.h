@@ -30,12 +30,8 @@ class IGS_API igsPointerVisitor {
 
 /// An IGES entity. Constructing one registers it with the current file (igsObjectSystem::set_current_file), which gives
 /// it a DE number and owns it from then on: create entities with `new`. Deleting one makes every pointer to it null.
-class IGS_API igsObject {
+class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
  public:
-  /// The type record of the class.
-  static constexpr kluTypeInfo id{"igsObject"};
-  /// As `id`.
-  static const kluTypeInfo& type() { return id; }
   /// A new entity of the class that stands for the type and form; an igsUnknown where none does.
   static igsObject* create(igsEntityType type, int form);
 

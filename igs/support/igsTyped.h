@@ -15,8 +15,20 @@ struct igsName {
   char text[N] = {};
 };
 
+/// Holds the record of the root of a hierarchy. It is no member of the root class itself, which hosts on Windows
+/// import: the address of something imported is not constant, and the records of the classes below need it.
+template <igsName Name>
+class IGS_API_TEMPLATE igsTypedRoot {
+ public:
+  /// The type record of the class.
+  static constexpr kluTypeInfo id{Name.text};
+  /// As `id`.
+  static const kluTypeInfo& type() { return id; }
+};
+
 /// The type protocol of one class, written once: a class `igsX` under `igsParent` derives from
-/// `igsTyped<igsX, "igsX", igsParent>`. The root of a hierarchy declares `id` and the three operations itself.
+/// `igsTyped<igsX, "igsX", igsParent>`. The root of a hierarchy has igsTypedRoot and declares the three operations
+/// itself.
 ///
 /// `isa` asks for the exact class; `typeof` asks for the class or one of its descendants.
 template <class Self, igsName Name, class Parent>

@@ -1,8 +1,11 @@
+#include <unistd.h>
+
 #include <iostream>
 #include <map>
 
 #include "commands.h"
 #include "each_file.h"
+#include "jobs.h"
 #include "json_writer.h"
 #include "sections.h"
 #include "text.h"
@@ -103,17 +106,18 @@ void write_json(const Model& model) {
   std::cout << '\n';
 }
 
-void write_text(const Model& model) {
+void write_text(const Model& model, const Paint& paint) {
   const igsFile& file = model.file();
-  std::cout << printable(model.name()) << ":\nStart section:\n";
+  const auto heading = [&paint](const std::string& text) { return paint(Ink::heading, text + ':') + '\n'; };
+  std::cout << heading(printable(model.name())) << heading("Start section");
   for (const std::string& line : start_lines(file.start_section())) {
     std::cout << "  " << printable(line.substr(0, line.find_last_not_of(' ') + 1)) << '\n';
   }
-  std::cout << "Global section:\n";
+  std::cout << heading("Global section");
   for_each_parameter(file.global_section(), TextParameters());
-  std::cout << "Terminate section:\n";
+  std::cout << heading("Terminate section");
   for_each_count(file.terminate_section(), TextParameters());
-  std::cout << counted(file.num_entities(), "entity", "entities") << ":\n";
+  std::cout << heading(counted(file.num_entities(), "entity", "entities"));
   for (const auto& [kind, count] : entity_counts(file)) {
     std::cout << "  " << kind.first << " form " << kind.second << ' ' << kind_name(kind.first, kind.second) << ": "
               << count << '\n';
@@ -121,22 +125,30 @@ void write_text(const Model& model) {
   write_text_dropped(std::cout, file);
 }
 
-int inform(Model& model, Format format) {
+Tally inform(Model& model, Format format, const Paint& paint) {
   model.read();
   model.progress().end();
   if (format == Format::text) complain_of_messages(model);
-  format == Format::json ? write_json(model) : write_text(model);
-  if (model.read_error().empty()) return exit_clean;
-  complain(model.name(), model.read_error());
-  return exit_failed;
+  format == Format::json ? write_json(model) : write_text(model, paint);
+  Tally tally;
+  tally.failure = model.read_error();
+  if (tally.failure.empty()) return tally;
+  tally.status = exit_failed;
+  complain(model.name(), tally.failure);
+  return tally;
 }
 
 }  // namespace
 
 int run_info(const InfoOptions& options) {
-  return for_each_file(
-      options.files, [&](Model& model) { return inform(model, options.format); },
-      [&](const std::string& name, const std::string& reason) {
-        if (options.format == Format::json) write_json_failure(std::cout, name, reason);
-      });
+  const Paint paint(options.color, STDOUT_FILENO);
+  const auto failure = [&](const std::string& name, const std::string& reason) {
+    if (options.format == Format::json) write_json_failure(std::cout, name, reason);
+  };
+  const auto handle = [&](const std::string& name) {
+    return handle_file(
+        name, [&](Model& model) { return inform(model, options.format, paint); }, failure);
+  };
+  const FileWork work{handle, failure, [](std::FILE* printed) { copy_all(printed, std::cout); }};
+  return status_of(work_on_files(options.files, options.jobs, work));
 }

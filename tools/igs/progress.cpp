@@ -19,9 +19,19 @@ constexpr const char* erase_line = "\r\x1b[K";
 // The callback takes no argument.
 Progress* shown = nullptr;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
 
+/// The name, or its end, on so few columns that the line takes no second row, which could not be removed.
+std::string short_name(const std::string& name) {
+  constexpr std::size_t most_characters = 50;
+  std::string text = printable(name);
+  if (text.size() <= most_characters) return text;
+  std::size_t begin = text.size() - most_characters;
+  while (begin < text.size() && utf8_length(std::string_view(text).substr(begin)) == 0) ++begin;
+  return "..." + text.substr(begin);
+}
+
 }  // namespace
 
-Progress::Progress(const std::string& name, std::uintmax_t size) : m_name(printable(name)), m_size(size) {
+Progress::Progress(const std::string& name, std::uintmax_t size) : m_name(short_name(name)), m_size(size) {
   if (size < smallest_size || shown != nullptr || isatty(STDERR_FILENO) == 0) return;
   shown = this;
   igsInStream::set_line_read_callback(record_read);
@@ -34,6 +44,10 @@ void Progress::end() const {
   shown = nullptr;
 }
 
+void Progress::interrupt() {
+  if (shown != nullptr) std::cerr << erase_line;
+}
+
 void Progress::stage(const char* activity) const { show(activity); }
 
 void Progress::record_read() {
@@ -44,4 +58,14 @@ void Progress::record_read() {
 
 void Progress::show(const std::string& state) const {
   if (shown == this) std::cerr << erase_line << m_name << ": " << state << std::flush;
+}
+
+FilesProgress::FilesProgress(std::size_t total) : m_total(total), m_is_on(isatty(STDERR_FILENO) != 0) {}
+
+void FilesProgress::show(std::size_t done) const {
+  if (m_is_on) std::cerr << erase_line << done << " of " << m_total << " files done" << std::flush;
+}
+
+void FilesProgress::hide() const {
+  if (m_is_on) std::cerr << erase_line << std::flush;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -17,6 +18,8 @@ class Progress {
   void stage(const char* activity) const;
   /// Removes the line.
   void end() const;
+  /// Removes the line, if one is shown, until there is something new to say: other text is about to be written.
+  static void interrupt();
 
  private:
   static void record_read();
@@ -25,4 +28,21 @@ class Progress {
   std::string m_name;
   std::uintmax_t m_size;
   std::uintmax_t m_records = 0;
+};
+
+/// The line while several files are worked on at the same time: "3 of 12 files done".
+class FilesProgress {
+ public:
+  explicit FilesProgress(std::size_t total);
+  ~FilesProgress() { hide(); }
+  FilesProgress(const FilesProgress&) = delete;
+  FilesProgress& operator=(const FilesProgress&) = delete;
+
+  void show(std::size_t done) const;
+  /// Removes the line: other text is about to be written.
+  void hide() const;
+
+ private:
+  std::size_t m_total;
+  bool m_is_on;
 };

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <algorithm>
 #include <iostream>
 #include <new>
@@ -128,8 +130,10 @@ int repair_file(Model& model, const RepairOptions& options, Report& report) {
 }  // namespace
 
 int run_repair(const RepairOptions& options) {
-  std::ostream& out = options.target == standard_output ? std::cerr : std::cout;
-  const std::unique_ptr<Report> report = make_report(options.format, options.max_errors, out);
+  const bool is_output_taken = options.target == standard_output;
+  const Paint paint(options.color, is_output_taken ? STDERR_FILENO : STDOUT_FILENO);
+  const std::unique_ptr<Report> report =
+      make_report(options.format, options.max_errors, is_output_taken ? std::cerr : std::cout, paint);
   return for_each_file(
       {options.file}, [&](Model& model) { return repair_file(model, options, *report); },
       [&](const std::string& name, const std::string& reason) { report->failure(name, reason); });

@@ -14,11 +14,21 @@ long long num_errors_left(const Findings& findings) {
   return count;
 }
 
-std::unique_ptr<Report> make_report(Format format, std::size_t max_errors, std::ostream& out) {
-  return format == Format::json ? make_json_report(max_errors, out) : make_text_report(max_errors, out);
+std::string place_of(igsLogID log, const igsError& error) {
+  if (const std::optional<int> de = de_number(error)) return "DE " + std::to_string(*de);
+  if (log == igsGlobalLog) return "Global section";
+  if (log == igsStartLog) return "Start section";
+  return log == igsTerminateLog ? "Terminate section" : "File";
+}
+
+std::unique_ptr<Report> make_report(Format format, std::size_t max_errors, std::ostream& out, const Paint& paint) {
+  if (format == Format::json) return make_json_report(max_errors, out);
+  if (format == Format::sarif) return make_sarif_report(max_errors, out);
+  return make_text_report(max_errors, out, paint);
 }
 
 void complain(const std::string& file, const std::string& reason) {
+  Progress::interrupt();
   std::cerr << "igs: " << printable(file) << ": " << reason << std::endl;
 }
 

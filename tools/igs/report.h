@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdio>
 #include <iosfwd>
 #include <memory>
 #include <optional>
@@ -9,6 +10,8 @@
 
 #include "commands.h"
 #include "model.h"
+#include "paint.h"
+#include "tally.h"
 
 class Comparison;
 class JsonWriter;
@@ -35,22 +38,39 @@ long long num_errors_left(const Findings& findings);
 class Report {
  public:
   virtual ~Report() = default;
+  /// Before the first file.
+  virtual void begin() {}
   virtual void outcome(const Findings& findings) = 0;
   /// The file could not be opened, or was too much for the machine.
   virtual void failure(const std::string& file, const std::string& reason) = 0;
   /// Texts that the library had for people while it read.
   virtual void warnings(const Model& model) = 0;
+  /// Takes over what another process has written with a report of the same kind, between begin() and end().
+  virtual void adopt(std::FILE* text) = 0;
+  /// After the last file; there are fewer tallies than names when standard output has failed.
+  virtual void end(const std::vector<std::string>& /*names*/, const std::vector<Tally>& /*tallies*/) {}
 };
 
 /// `max_errors`: at most so many errors, and so many repaired ones, are listed a file.
-std::unique_ptr<Report> make_report(Format format, std::size_t max_errors, std::ostream& out);
-std::unique_ptr<Report> make_text_report(std::size_t max_errors, std::ostream& out);
+std::unique_ptr<Report> make_report(Format format, std::size_t max_errors, std::ostream& out,
+                                    const Paint& paint = Paint());
+std::unique_ptr<Report> make_text_report(std::size_t max_errors, std::ostream& out, const Paint& paint);
+std::unique_ptr<Report> make_sarif_report(std::size_t max_errors, std::ostream& out);
 std::unique_ptr<Report> make_json_report(std::size_t max_errors, std::ostream& out);
+
+/// The rows of a table about several files, and a line that sums them up.
+void write_table(std::ostream& out, const std::vector<std::string>& names, const std::vector<Tally>& tallies,
+                 const Paint& paint);
+
+/// What an error is about, for people: "DE 7", "Global section".
+std::string place_of(igsLogID log, const igsError& error);
 
 // What `info` has in common with the reports.
 
 /// The JSON line of a file that could not be opened.
 void write_json_failure(std::ostream& out, const std::string& file, const std::string& reason);
+/// The members "de" to "values" of the open JSON object of an error.
+void write_json_error_values(JsonWriter& json, const igsError& error, const EntityTypes& types);
 /// The members "file" to "types" of an open JSON object.
 void write_json_counts(JsonWriter& json, const Model& model, int num_entities, const EntityTypes& types);
 /// "Property(Name)"; empty for a type that the standard does not have.

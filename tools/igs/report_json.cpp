@@ -1,6 +1,7 @@
 #include <ostream>
 
 #include "diff_report.h"
+#include "jobs.h"
 #include "json_writer.h"
 #include "report.h"
 
@@ -21,15 +22,7 @@ void write_error(JsonWriter& json, igsLogID log, const igsError& error, const En
   json.begin_object();
   json.member("log", log_name(log));
   json.member("class", error.objtype().name());
-  if (const std::optional<int> de = de_number(error)) {
-    json.member("de", *de);
-    if (const std::optional<int> type = types.at(*de)) json.member("type", *type);
-  }
-  json.key("values");
-  json.begin_array();
-  ValueWriter values(json);
-  error.visit_values(values);
-  json.end_array();
+  write_json_error_values(json, error, types);
   json.end_object();
 }
 
@@ -39,6 +32,7 @@ class JsonReport : public Report {
   void outcome(const Findings& findings) override;
   void failure(const std::string& file, const std::string& reason) override { write_json_failure(m_out, file, reason); }
   void warnings(const Model& /*model*/) override {}  // they are among the messages
+  void adopt(std::FILE* text) override { copy_all(text, m_out); }
 
  private:
   void write_errors(JsonWriter& json, const Findings& findings);
@@ -122,6 +116,18 @@ void write_json_failure(std::ostream& out, const std::string& file, const std::s
   json.member("error", reason);
   json.end_object();
   out << '\n';
+}
+
+void write_json_error_values(JsonWriter& json, const igsError& error, const EntityTypes& types) {
+  if (const std::optional<int> de = de_number(error)) {
+    json.member("de", *de);
+    if (const std::optional<int> type = types.at(*de)) json.member("type", *type);
+  }
+  json.key("values");
+  json.begin_array();
+  ValueWriter values(json);
+  error.visit_values(values);
+  json.end_array();
 }
 
 void write_json_counts(JsonWriter& json, const Model& model, int num_entities, const EntityTypes& types) {

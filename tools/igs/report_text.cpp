@@ -2,52 +2,51 @@
 
 #include "diff_report.h"
 #include "explain_table.h"
+#include "jobs.h"
 #include "report.h"
 #include "text.h"
 
 namespace {
 
 
-const char* section_title(igsLogID log) {
-  if (log == igsGlobalLog) return "Global section";
-  if (log == igsStartLog) return "Start section";
-  return log == igsTerminateLog ? "Terminate section" : "File";
-}
-
-void write_error(std::ostream& out, igsLogID log, const igsError& error, const EntityTypes& types) {
-  if (const std::optional<int> de = de_number(error)) {
-    out << "DE " << *de << two_spaces;
-    if (const std::optional<int> type = types.at(*de)) {
-      out << *type << ' ' << igsInfoDB::entity_name(*type) << two_spaces;
-    }
-  } else {
-    out << section_title(log) << two_spaces;
+void write_origin(std::ostream& out, igsLogID log, const igsError& error, const EntityTypes& types) {
+  out << place_of(log, error) << two_spaces;
+  const std::optional<int> de = de_number(error);
+  if (const std::optional<int> type = de ? types.at(*de) : std::nullopt) {
+    out << *type << ' ' << igsInfoDB::entity_name(*type) << two_spaces;
   }
-  out << error.objtype().name() << two_spaces << sentence_of(error) << '\n';
 }
 
 class TextReport : public Report {
  public:
-  TextReport(std::size_t max_errors, std::ostream& out) : m_max_errors(max_errors), m_out(out) {}
+  TextReport(std::size_t max_errors, std::ostream& out, const Paint& paint)
+      : m_max_errors(max_errors), m_out(out), m_paint(paint) {}
   void outcome(const Findings& findings) override;
   void failure(const std::string& /*file*/, const std::string& /*reason*/) override {}  // is complained of
   void warnings(const Model& model) override { complain_of_messages(model); }
+  void adopt(std::FILE* text) override { copy_all(text, m_out); }
+  void end(const std::vector<std::string>& names, const std::vector<Tally>& tallies) override {
+    if (names.size() > 1) write_table(m_out, names, tallies, m_paint);
+  }
 
  private:
   void write_lists(const Findings& findings, long long num_active, long long num_fixed);
   void write_deleted(const Findings& findings);
   void write_summary(const Findings& findings, long long num_active, long long num_fixed);
-  void write_heading(const std::string& heading) { m_out << heading << '\n'; }
+  void write_heading(const std::string& heading) { m_out << m_paint(Ink::heading, heading) << '\n'; }
   void write_left_out(long long count);
-  auto listed(const EntityTypes& types) const {
-    return [this, &types, count = std::size_t{0}](igsLogID log, const igsError& error) mutable {
-      if (count < m_max_errors) write_error(m_out, log, error, types);
-      ++count;
+  /// Writes an error of a list as long as the list may be.
+  auto listed(const EntityTypes& types, Ink ink) const {
+    return [this, &types, ink, count = std::size_t{0}](igsLogID log, const igsError& error) mutable {
+      if (count++ >= m_max_errors) return;
+      write_origin(m_out, log, error, types);
+      m_out << m_paint(ink, error.objtype().name()) << two_spaces << sentence_of(error) << '\n';
     };
   }
 
   std::size_t m_max_errors;
   std::ostream& m_out;
+  Paint m_paint;
 };
 
 void TextReport::outcome(const Findings& findings) {
@@ -69,12 +68,12 @@ void TextReport::write_lists(const Findings& findings, long long num_active, lon
   const igsErrorLog& log = findings.model.file().error_log();
   if (num_fixed > 0) {
     write_heading("repaired:");
-    for_each_fixed_error(log, listed(findings.types));
+    for_each_fixed_error(log, listed(findings.types, Ink::good));
     write_left_out(num_fixed);
   }
   if (num_active > 0) {
     if (findings.is_repair) write_heading("not repaired:");
-    for_each_active_error(log, listed(findings.types));
+    for_each_active_error(log, listed(findings.types, Ink::bad));
     write_left_out(num_active);
   }
 }
@@ -94,9 +93,12 @@ void TextReport::write_summary(const Findings& findings, long long num_active, l
   const long long num_left = num_errors_left(findings);
   m_out << printable(findings.model.name()) << ": " << counted(findings.num_entities, "entity", "entities");
   if (!findings.is_repair) {
-    m_out << ", " << (num_active > 0 ? counted(num_active, "error", "errors") : "no errors");
+    m_out << ", "
+          << (num_active > 0 ? m_paint(Ink::bad, counted(num_active, "error", "errors"))
+                             : m_paint(Ink::good, "no errors"));
   } else {
-    m_out << ", " << counted(num_fixed, "error", "errors") << " repaired, " << num_left << " left";
+    m_out << ", " << counted(num_fixed, "error", "errors") << " repaired, "
+          << m_paint(num_left > 0 ? Ink::bad : Ink::good, std::to_string(num_left) + " left");
     if (num_active > num_left) m_out << ", " << num_active - num_left << " gone with their entities";
     if (findings.delete_faulty)
       m_out << ", " << counted(std::ssize(findings.deleted), "entity", "entities") << " deleted";
@@ -109,8 +111,8 @@ void TextReport::write_summary(const Findings& findings, long long num_active, l
 
 }  // namespace
 
-std::unique_ptr<Report> make_text_report(std::size_t max_errors, std::ostream& out) {
-  return std::make_unique<TextReport>(max_errors, out);
+std::unique_ptr<Report> make_text_report(std::size_t max_errors, std::ostream& out, const Paint& paint) {
+  return std::make_unique<TextReport>(max_errors, out, paint);
 }
 
 std::string kind_name(int type, int form) {

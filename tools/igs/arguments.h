@@ -1,0 +1,15 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+#include <vector>
+
+/// Null when there is no command of this name.
+CLI::App* find_command(CLI::App& app, const std::string& name);
+
+/// The words of a call after the program's name, in an order in which CLI11 takes every name as it stands: the command,
+/// its options, then the names behind `--`. Left to itself CLI11 drops a file `++` and takes `[a,b]` for two.
+///
+/// Throws a CLI::ParseError for a command or an option that does not exist, an option without its value, and a file to
+/// be read twice.
+std::vector<std::string> arranged(CLI::App& app, const std::vector<std::string>& words);

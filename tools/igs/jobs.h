@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <functional>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "tally.h"
+
+constexpr std::size_t most_jobs = 128;
+
+/// What is done with each of several files.
+struct FileWork {
+  /// Handles one file and prints what there is to print. Throws nothing.
+  std::function<Tally(const std::string& name)> handle;
+  /// Prints that nothing came of the file, since its process broke down.
+  std::function<void(const std::string& name, const std::string& reason)> failure;
+  /// Prints what `handle` printed in a process of its own; the file stands at its beginning.
+  std::function<void(std::FILE* printed)> adopt;
+};
+
+/// Does the work for every name, up to `jobs` at a time in processes of their own, so that a breakdown stays with its
+/// file. What they print comes out whole and in the order of the names; until its turn has come it waits in a temporary
+/// file. Returns the tallies in that order, fewer when standard output fails.
+std::vector<Tally> work_on_files(const std::vector<std::string>& names, std::size_t jobs, const FileWork& work);
+/// The highest status; exit_failed when standard output cannot take the results.
+int status_of(const std::vector<Tally>& tallies);
+/// Copies the rest of `from` to `out`.
+void copy_all(std::FILE* from, std::ostream& out);

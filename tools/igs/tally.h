@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+#include "exit_status.h"
+
+/// What became of one of several files.
+struct Tally {
+  int status = exit_clean;  ///< an ExitStatus
+  long long entities = 0, errors = 0;
+  std::string failure;  ///< why it could not be opened, or read to its end; empty for a file that was read
+};
