@@ -1,9 +1,21 @@
 # What `cmake --install` puts in place: the library with its headers, and how CMake and pkg-config find it. The prefix may be
-# moved afterwards.
+# moved afterwards. Components: igs_runtime (a shared library), igs_development, igs_tool.
 include(CMakePackageConfigHelpers)
 
 set(igs_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/igs)
-install(TARGETS igs EXPORT igs INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+set(igs_library_components
+  RUNTIME COMPONENT igs_runtime
+  LIBRARY COMPONENT igs_runtime NAMELINK_COMPONENT igs_development
+  ARCHIVE COMPONENT igs_development)
+install(TARGETS igs EXPORT igs ${igs_library_components} INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+if(TARGET igs_static)
+  target_compile_features(igs_static INTERFACE cxx_std_20)
+  target_compile_options(igs_static INTERFACE $<TARGET_PROPERTY:igs,INTERFACE_COMPILE_OPTIONS>)
+  target_compile_definitions(igs_static INTERFACE IGS_STATIC)
+  install(TARGETS igs_static EXPORT igs ${igs_library_components} INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+endif()
+
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME igs_development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/igs/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/igs FILES_MATCHING PATTERN *.h)
 
 install(EXPORT igs NAMESPACE igs:: FILE igs-config.cmake DESTINATION ${igs_cmake_dir})
@@ -17,3 +29,8 @@ if(NOT BUILD_SHARED_LIBS)
 endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/igs.pc.in ${PROJECT_BINARY_DIR}/igs.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/igs.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+set(igs_manual ${PROJECT_SOURCE_DIR}/docs/man/igs.1)
+if(IGS_BUILD_TOOL AND EXISTS ${igs_manual})
+  install(FILES ${igs_manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT igs_tool)
+endif()

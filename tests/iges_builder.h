@@ -45,7 +45,7 @@ inline std::vector<std::string> split_fields(const std::string& text, char delim
     if (text[i] == delimiter) {
       fields.emplace_back();
     } else if (text[i] == 'H' && field.size() > 1 && field.find_first_not_of(" 0123456789") == field.size() - 1) {
-      const std::string string = text.substr(i + 1, std::stoul(field));
+      const std::string string = text.substr(i + 1, static_cast<std::size_t>(std::stoull(field)));
       field += string;
       i += string.size();
     }

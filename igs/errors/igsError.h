@@ -20,6 +20,7 @@ class igsTerminateSection;
 class IGS_API igsErrorValueVisitor {
  public:
   virtual ~igsErrorValueVisitor();
+  /// Is called once a value, by its type.
   virtual void value(int number) = 0;
   virtual void value(double number) = 0;
   virtual void value(const utString& text) = 0;
@@ -28,15 +29,12 @@ class IGS_API igsErrorValueVisitor {
 /// A deviation from the standard, found while reading or checking. Its class is its identity: errors carry values,
 /// never texts. Constructing an error of one of the five kinds below hands it to the error log of the current file,
 /// which owns it from then on: create errors with `new` and do not delete them.
-class IGS_API igsError {
+class IGS_API igsError : public igsTypedRoot<"igsError"> {
  public:
-  static constexpr kluTypeInfo id{"igsError"};
-  static const kluTypeInfo& type() { return id; }
-
   igsError(const igsError&) = delete;
   igsError& operator=(const igsError&) = delete;
 
-  // Errors made with `new` share blocks of memory; nothing is to be known of it where they are made.
+  /// Errors made with `new` share blocks of memory; nothing is to be known of it where they are made.
   static void* operator new(std::size_t size);
   static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
   static void* operator new(std::size_t size, std::align_val_t alignment) { return ::operator new(size, alignment); }
@@ -52,8 +50,11 @@ class IGS_API igsError {
   /// model is as it was.
   virtual int fix();
   virtual ~igsError();
+  /// True when the error is of the class `t` or of one derived from it.
   virtual bool typeof(const kluTypeInfo& t) const { return id.childof(t); }
+  /// The type record of the error's class, which has its name.
   virtual const kluTypeInfo& objtype() const { return id; }
+  /// True when the error is of exactly the class `t`.
   virtual bool isa(const kluTypeInfo& t) const { return id == t; }
   /// Hands every carried value to `visitor`.
   virtual void visit_values(igsErrorValueVisitor& visitor) const;

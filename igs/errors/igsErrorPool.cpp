@@ -4,22 +4,9 @@
 #include <array>
 #include <functional>
 
-// Under the address sanitizer every error is an allocation of its own, so that its misuse is found.
-#if defined(__SANITIZE_ADDRESS__)
-#define IGS_ERRORS_APART 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define IGS_ERRORS_APART 1
-#endif
-#endif
+#include "igs/support/addressSanitizer.h"
 
 namespace {
-
-#ifdef IGS_ERRORS_APART
-constexpr bool is_pooled = false;
-#else
-constexpr bool is_pooled = true;
-#endif
 
 constexpr std::size_t size_step = 8;
 constexpr std::size_t largest_size = 128;
@@ -174,7 +161,7 @@ class Pool {
 
 constinit Pool pool;
 
-bool is_pooled_size(std::size_t size) { return is_pooled && size <= largest_size; }
+bool is_pooled_size(std::size_t size) { return !under_address_sanitizer && size <= largest_size; }
 
 }  // namespace
 

@@ -13,6 +13,7 @@ class IGS_API igsFixer {
   void fix(igsErrorLog& log, int keep_going);
 
  protected:
+  /// The parts of `fix`: the errors of one section log each.
   void fix_file_errors(igsErrorLog& log, int keep_going);
   void fix_object_errors(igsErrorLog& log, int keep_going);
   void fix_global_errors(igsErrorLog& log, int keep_going);

@@ -23,9 +23,11 @@ class IGS_API_TEMPLATE igsDroppedMemberError
 /// igsReferenceErrors are to a single one. `DropNulls` is the repair of null ones.
 template <igsName Owner, igsName Member, class T, auto DropNulls>
 struct igsMemberErrors {
+  /// The three error classes ...
   using Null = igsDroppedMemberError<igs_joined(Owner, igsName("Null"), Member), T, DropNulls>;
   using WrongType = igsNamedError<igs_joined(Owner, igsName("Wrong"), Member, igsName("Type")), igsObjectError, int>;
   using Invalid = igsNamedError<igs_joined(Owner, igsName("Invalid"), Member), igsReferenceDataError, int>;
 
+  /// ... and the test of a reference that tags them.
   using Test = igsReferenceTest<Null, WrongType, Invalid>;
 };

@@ -34,6 +34,7 @@ struct igsReferenceErrors {
   using WrongType = igsNamedError<igs_joined(Owner, igsName("Wrong"), Field, igsName("Type"))>;
   using Invalid = igsNamedError<igs_joined(Owner, igsName("Invalid"), Field), igsReferenceDataError>;
 
+  /// The test of a reference that may not be null, and of one that may.
   using Test = igsReferenceTest<Null, WrongType, Invalid>;
   using TestUnlessNull = igsReferenceTest<igsNullIsLegal, WrongType, Invalid>;
 };

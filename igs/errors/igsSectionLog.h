@@ -39,6 +39,7 @@ class IGS_API igsSimpleSectionLog {
   const std::vector<igsError*>& fixed_errors() const { return m_fixed; }
 
  protected:
+  /// True for an error of a class that this log takes; null is none.
   bool accepts(const igsError* error) const { return error != nullptr && error->typeof(m_accepted); }
   /// Brings whatever is kept lazily up to date.
   virtual void update_log() const {}
@@ -51,6 +52,7 @@ class IGS_API igsSimpleSectionLog {
   int next_slot() const;
   void take_slot(igsError* error) const;
   void free_slot(const igsError& error);
+  /// True for an error that is in its slot of this log.
   bool is_active(const igsError* error) const;
   /// Number of slots, free ones included.
   int num_slots() const { return static_cast<int>(m_slots.size()); }

@@ -13,11 +13,14 @@ class IGS_API igsDEAttribute {
 
   /// True when the attribute is a number, false when it names a defining entity. Shared by all three attributes.
   bool predefined_colour() const { return m_definition.object() == nullptr; }
+  /// Null where the attribute is a number.
   const igsObjectPtr& definition() const { return m_definition; }
+  /// As above, to be changed in place.
   igsObjectPtr& definition() { return m_definition; }
   void set_definition(const igsObjectPtr& definition) { m_definition = definition; }
   /// The field as written.
   int field() const;
+  /// Gives the definition up (igsObjectPtr::unreference).
   void unreference() { m_definition.unreference(); }
 
  protected:

@@ -63,32 +63,38 @@ class IGS_API igsDEInvalidStatusFlags : public igsDEError<igsDEInvalidStatusFlag
   using igsErrorClass::igsErrorClass;
 };
 
+/// The blank status has no meaning.
 class IGS_API igsDEInvalidBlankStatus : public igsDEError<igsDEInvalidBlankStatus, "igsDEInvalidBlankStatus", int> {
  public:
   using igsErrorClass::igsErrorClass;
 };
 
+/// The subordinate entity switch has no meaning.
 class IGS_API igsDEInvalidSubordinateSwitch
     : public igsDEError<igsDEInvalidSubordinateSwitch, "igsDEInvalidSubordinateSwitch", int> {
  public:
   using igsErrorClass::igsErrorClass;
 };
 
+/// The hierarchy has no meaning.
 class IGS_API igsDEInvalidHierarchy : public igsDEError<igsDEInvalidHierarchy, "igsDEInvalidHierarchy", int> {
  public:
   using igsErrorClass::igsErrorClass;
 };
 
+/// The view pointer is to no view.
 class IGS_API igsDEInvalidView : public igsDEError<igsDEInvalidView, "igsDEInvalidView"> {
  public:
   using igsErrorClass::igsErrorClass;
 };
 
+/// The label display pointer is to no label display associativity.
 class IGS_API igsDEInvalidLabelDisplay : public igsDEError<igsDEInvalidLabelDisplay, "igsDEInvalidLabelDisplay"> {
  public:
   using igsErrorClass::igsErrorClass;
 };
 
+/// The entity label is not valid.
 class IGS_API igsDEInvalidEntityLabel : public igsDEError<igsDEInvalidEntityLabel, "igsDEInvalidEntityLabel"> {
  public:
   using igsErrorClass::igsErrorClass;

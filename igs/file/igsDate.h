@@ -23,6 +23,7 @@ class IGS_API igsDate {
 
   bool operator==(const igsDate&) const = default;
 
+  /// Today, UTC.
   static utDateTime todays_date() { return ut_today(); }
   /// The 15-character form.
   static utString encode_date_string(const utDateTime& date);

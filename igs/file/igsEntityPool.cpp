@@ -6,6 +6,7 @@
 
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/objects/igsObjectManager.h"
+#include "igs/support/addressSanitizer.h"
 
 struct igsEntityPool::Cell : igsObjectManager {
   std::optional<igsDirectoryEntry> entry;
@@ -17,22 +18,23 @@ union igsEntityPool::Place {
 };
 
 namespace {
-constexpr std::size_t smallest_block = 8;
-constexpr std::size_t largest_block = 512;
+constexpr std::size_t fewest_places = 8;
+constexpr std::size_t most_places = 512;
 }  // namespace
 
-igsEntityPool::igsEntityPool() : m_block_size(smallest_block / 2) {}
+igsEntityPool::igsEntityPool() : m_block_size(fewest_places / 2) {}
 
 igsEntityPool::~igsEntityPool() = default;
 
 void igsEntityPool::grow() {
-  const std::size_t size = std::min(2 * m_block_size, largest_block);
+  const std::size_t size = std::min(2 * m_block_size, most_places);
   m_blocks.push_back(std::make_unique_for_overwrite<Place[]>(size));
   m_block_size = size;
   m_used = 0;
 }
 
 igsObjectManager* igsEntityPool::make_manager() {
+  if (under_address_sanitizer) return new Cell;
   Place* place = m_free;
   if (place != nullptr) {
     m_free = place->next_free;
@@ -49,6 +51,10 @@ igsDirectoryEntry* igsEntityPool::make_entry(igsObjectManager* manager) {
 
 void igsEntityPool::destroy(igsObjectManager* manager) noexcept {
   auto* const cell = static_cast<Cell*>(manager);
+  if (under_address_sanitizer) {
+    delete cell;
+    return;
+  }
   cell->~Cell();
   m_free = new (cell) Place{m_free};
 }

@@ -57,7 +57,7 @@ class IGS_API igsFile {
   igsFile(const igsFile&) = delete;
   igsFile& operator=(const igsFile&) = delete;
 
-  // The registry deletes the files that are left when the process ends, so it must know which were made with `new`.
+  /// The registry deletes the files that are left when the process ends, so it must know which were made with `new`.
   static void* operator new(std::size_t size);
   static void operator delete(void* memory);
   static void* operator new(std::size_t, void* place) noexcept { return place; }
@@ -113,12 +113,14 @@ class IGS_API igsFile {
 
  protected:
   const utString& pathname() const { return m_pathname; }
+  /// The parts of `read` and `write`. Return 1; return 0 where the stream cannot go on.
   int read_directory_section(igsInStream& in);
   int read_directory_entry(igsInStream& in);
   int read_parameter_data_section(igsInStream& in);
   int write_data_section(std::ostream& out, igsOutStream& stream);
   int write_directory_entries(igsOutStream& stream);
   int write_parameter_data_section(std::ostream& out, std::istream& in);
+  /// Gives the error the message stream. A null error is ignored.
   void tag_error(igsError* error) const;
 
  private:
@@ -199,7 +201,9 @@ class IGS_API igsFileTypeIT {
  public:
   igsFileTypeIT(const igsFile* file, const kluTypeInfo& type, int roots_only = 0)
       : m_entities(file, roots_only), m_type(type) {}
+  /// Moves to the next such entity and returns 1; returns 0 at the end.
   int operator++();
+  /// As igsFileIT's.
   igsObject* operator()() const { return m_entities(); }
 
  private:

@@ -106,8 +106,7 @@ struct DirectoryFields {
   bool has_nul = false;
 
   void read(igsInStream& in) {
-    constexpr unsigned field_width = 8, status_width = 2;
-    constexpr int reserved_fields = 2;
+    constexpr unsigned field_width = 8, status_width = 2, reserved_width = 16;
     // The stream has come to the next entry's record before the last field is taken, so each record is asked in its
     // turn.
     has_nul = in.nul_in_record();
@@ -116,7 +115,7 @@ struct DirectoryFields {
     in.read_integers(status_width, {&blank_status, &subordinate_status, &entity_use, &hierarchy});
     has_nul = has_nul || in.nul_in_record();
     in.read_integers(field_width, {&second_type, &line_weight, &colour, &parameter_lines, &form});
-    for (int field = 0; field < reserved_fields; ++field) in.read_string(field_width, label);
+    in.skip_columns(reserved_width);
     in.read_string(field_width, label);
     in.read_integers(field_width, {&subscript});
   }

@@ -32,13 +32,16 @@ class IGS_API igsGlobalSection {
   char record_delimiter() const { return m_record_delimiter; }
   int set_record_delimiter(char delimiter);
 
-  /// 3 to 6. The setters refuse an empty text, as those of every text do.
+  /// 3. The setter refuses an empty text, as those of all texts do.
   const utString& product_id_from_sending_system() const { return m_product_id_from_sending_system; }
   int set_product_id_from_sending_system(const utString& text);
+  /// 4.
   const utString& file_name() const { return m_file_name; }
   int set_file_name(const utString& text);
+  /// 5: the system that wrote the file.
   const utString& system_id() const { return m_system_id; }
   int set_system_id(const utString& text);
+  /// 6.
   const utString& preprocessor_version() const { return m_preprocessor_version; }
   int set_preprocessor_version(const utString& text);
 
@@ -82,9 +85,10 @@ class IGS_API igsGlobalSection {
   double max_coord_value() const { return m_max_coord_value; }
   void set_max_coord_value(double value) { m_max_coord_value = value; }
 
-  /// 21 and 22.
+  /// 21.
   const utString& name_of_author() const { return m_name_of_author; }
   int set_name_of_author(const utString& text);
+  /// 22.
   const utString& authors_organization() const { return m_authors_organization; }
   int set_authors_organization(const utString& text);
 

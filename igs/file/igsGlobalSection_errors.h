@@ -32,6 +32,7 @@ class IGS_API igsGlobalSectionIllegalDefault
 
 // Delimiters, with the text that stands in their place. No repair: the file cannot be read.
 
+/// Parameter 1, the parameter delimiter, is unusable.
 class IGS_API igsGlobalSectionInvalidParamDelim
     : public igsErrorClass<igsGlobalSectionInvalidParamDelim, "igsGlobalSectionInvalidParamDelim", igsGlobalError,
                            utString> {
@@ -40,6 +41,7 @@ class IGS_API igsGlobalSectionInvalidParamDelim
   explicit igsGlobalSectionInvalidParamDelim(char found) : igsErrorClass(utString(1, found)) {}
 };
 
+/// Parameter 2, the record delimiter, is unusable.
 class IGS_API igsGlobalSectionInvalidRecordDelim
     : public igsErrorClass<igsGlobalSectionInvalidRecordDelim, "igsGlobalSectionInvalidRecordDelim", igsGlobalError,
                            utString> {
@@ -50,12 +52,14 @@ class IGS_API igsGlobalSectionInvalidRecordDelim
 
 // Values out of range, with the value found.
 
+/// Parameter 7, bits of an integer, is out of range; carries it.
 class IGS_API igsGlobalSectionInvalidIntegerSize
     : public igsGlobalParameterError<igsGlobalSectionInvalidIntegerSize, "igsGlobalSectionInvalidIntegerSize", 7, int> {
  public:
   using igsGlobalParameterError::igsGlobalParameterError;
 };
 
+/// Parameter 8, largest power of ten in single precision, is out of range; carries it.
 class IGS_API igsGlobalSectionInvalidSinglePrecMagnitude
     : public igsGlobalParameterError<igsGlobalSectionInvalidSinglePrecMagnitude,
                                      "igsGlobalSectionInvalidSinglePrecMagnitude", 8, int> {
@@ -63,6 +67,7 @@ class IGS_API igsGlobalSectionInvalidSinglePrecMagnitude
   using igsGlobalParameterError::igsGlobalParameterError;
 };
 
+/// Parameter 9, significant digits in single precision, is out of range; carries it.
 class IGS_API igsGlobalSectionInvalidSinglePrecSignificance
     : public igsGlobalParameterError<igsGlobalSectionInvalidSinglePrecSignificance,
                                      "igsGlobalSectionInvalidSinglePrecSignificance", 9, int> {
@@ -70,6 +75,7 @@ class IGS_API igsGlobalSectionInvalidSinglePrecSignificance
   using igsGlobalParameterError::igsGlobalParameterError;
 };
 
+/// Parameter 10, largest power of ten in double precision, is out of range; carries it.
 class IGS_API igsGlobalSectionInvalidDoublePrecMagnitude
     : public igsGlobalParameterError<igsGlobalSectionInvalidDoublePrecMagnitude,
                                      "igsGlobalSectionInvalidDoublePrecMagnitude", 10, int> {
@@ -77,6 +83,7 @@ class IGS_API igsGlobalSectionInvalidDoublePrecMagnitude
   using igsGlobalParameterError::igsGlobalParameterError;
 };
 
+/// Parameter 11, significant digits in double precision, is out of range; carries it.
 class IGS_API igsGlobalSectionInvalidDoublePrecSignificance
     : public igsGlobalParameterError<igsGlobalSectionInvalidDoublePrecSignificance,
                                      "igsGlobalSectionInvalidDoublePrecSignificance", 11, int> {
@@ -84,6 +91,7 @@ class IGS_API igsGlobalSectionInvalidDoublePrecSignificance
   using igsGlobalParameterError::igsGlobalParameterError;
 };
 
+/// Parameter 13, the model space scale, is out of range; carries it.
 class IGS_API igsGlobalSectionInvalidModelSpaceScale
     : public igsGlobalParameterError<igsGlobalSectionInvalidModelSpaceScale, "igsGlobalSectionInvalidModelSpaceScale",
                                      13, double> {
@@ -91,6 +99,7 @@ class IGS_API igsGlobalSectionInvalidModelSpaceScale
   using igsGlobalParameterError::igsGlobalParameterError;
 };
 
+/// Parameter 17, the width of the thickest line, is out of range; carries it.
 class IGS_API igsGlobalSectionInvalidMaxLineWeightWidth
     : public igsGlobalParameterError<igsGlobalSectionInvalidMaxLineWeightWidth,
                                      "igsGlobalSectionInvalidMaxLineWeightWidth", 17, double> {
@@ -98,6 +107,7 @@ class IGS_API igsGlobalSectionInvalidMaxLineWeightWidth
   using igsGlobalParameterError::igsGlobalParameterError;
 };
 
+/// Parameter 18, the creation date, is no date; carries it.
 class IGS_API igsGlobalSectionInvalidFileCreationDate
     : public igsGlobalParameterError<igsGlobalSectionInvalidFileCreationDate, "igsGlobalSectionInvalidFileCreationDate",
                                      18, utString> {
@@ -105,6 +115,7 @@ class IGS_API igsGlobalSectionInvalidFileCreationDate
   using igsGlobalParameterError::igsGlobalParameterError;
 };
 
+/// Parameter 19, the resolution, is out of range; carries it.
 class IGS_API igsGlobalSectionInvalidMinResolution
     : public igsGlobalParameterError<igsGlobalSectionInvalidMinResolution, "igsGlobalSectionInvalidMinResolution", 19,
                                      double> {
@@ -112,6 +123,7 @@ class IGS_API igsGlobalSectionInvalidMinResolution
   using igsGlobalParameterError::igsGlobalParameterError;
 };
 
+/// Parameter 20, the largest coordinate, is out of range; carries it.
 class IGS_API igsGlobalSectionInvalidMaxCoordinate
     : public igsGlobalParameterError<igsGlobalSectionInvalidMaxCoordinate, "igsGlobalSectionInvalidMaxCoordinate", 20,
                                      double> {
@@ -119,6 +131,7 @@ class IGS_API igsGlobalSectionInvalidMaxCoordinate
   using igsGlobalParameterError::igsGlobalParameterError;
 };
 
+/// Parameter 23, the version flag, is out of range; carries it.
 class IGS_API igsGlobalSectionInvalidIgesVersion
     : public igsGlobalParameterError<igsGlobalSectionInvalidIgesVersion, "igsGlobalSectionInvalidIgesVersion", 23,
                                      int> {
@@ -126,6 +139,7 @@ class IGS_API igsGlobalSectionInvalidIgesVersion
   using igsGlobalParameterError::igsGlobalParameterError;
 };
 
+/// Parameter 24, the drafting standard flag, is out of range; carries it.
 class IGS_API igsGlobalSectionInvalidDraftingStandard
     : public igsGlobalParameterError<igsGlobalSectionInvalidDraftingStandard, "igsGlobalSectionInvalidDraftingStandard",
                                      24, int> {
@@ -133,6 +147,7 @@ class IGS_API igsGlobalSectionInvalidDraftingStandard
   using igsGlobalParameterError::igsGlobalParameterError;
 };
 
+/// Parameter 25, the modification date, is no date; carries it.
 class IGS_API igsGlobalSectionInvalidFileModificationDate
     : public igsGlobalParameterError<igsGlobalSectionInvalidFileModificationDate,
                                      "igsGlobalSectionInvalidFileModificationDate", 25, utString> {
@@ -176,36 +191,42 @@ class IGS_API igsGlobalSectionExtraModificationDate
 
 // Not raised by the library; no repair.
 
+/// The units are defined by their name alone.
 class IGS_API igsGlobalSectionUserDefinedUnits
     : public igsErrorClass<igsGlobalSectionUserDefinedUnits, "igsGlobalSectionUserDefinedUnits", igsGlobalError> {
  public:
   using igsErrorClass::igsErrorClass;
 };
 
+/// The section cannot be read.
 class IGS_API igsGlobalSectionFatal
     : public igsErrorClass<igsGlobalSectionFatal, "igsGlobalSectionFatal", igsGlobalError> {
  public:
   using igsErrorClass::igsErrorClass;
 };
 
+/// The section cannot be built.
 class IGS_API igsGlobalSectionNoConstruct
     : public igsErrorClass<igsGlobalSectionNoConstruct, "igsGlobalSectionNoConstruct", igsGlobalError> {
  public:
   using igsErrorClass::igsErrorClass;
 };
 
+/// The section ends without a record delimiter.
 class IGS_API igsGlobalSectionEndNoRecordDelim
     : public igsErrorClass<igsGlobalSectionEndNoRecordDelim, "igsGlobalSectionEndNoRecordDelim", igsGlobalError> {
  public:
   using igsErrorClass::igsErrorClass;
 };
 
+/// The section ends before all parameters are given.
 class IGS_API igsGlobalSectionEndPremature
     : public igsErrorClass<igsGlobalSectionEndPremature, "igsGlobalSectionEndPremature", igsGlobalError> {
  public:
   using igsErrorClass::igsErrorClass;
 };
 
+/// The section has more parameters than the standard.
 class IGS_API igsGlobalSectionEndExtraData
     : public igsErrorClass<igsGlobalSectionEndExtraData, "igsGlobalSectionEndExtraData", igsGlobalError> {
  public:

@@ -24,6 +24,7 @@ class IGS_API igsObjectSystem {
   igsObjectSystem(const igsObjectSystem&) = delete;
   igsObjectSystem& operator=(const igsObjectSystem&) = delete;
 
+  /// Brings the system up, if it is not. Every use does so.
   static void initialize_system() {
     if (m_system_on_line == 0) start_system();
   }
@@ -32,6 +33,7 @@ class IGS_API igsObjectSystem {
   static igsFile& file();
   /// The current file's errors.
   static igsErrorLog& log();
+  /// Chooses the current file.
   static void set_current_file(const igsFile& file);
   /// Replaces the contents of `files` by all registered files, in the order of their locations.
   static void get_all_files(igsFilecoDynArr& files);

@@ -32,7 +32,7 @@ utString igsStartSection::text_of(const Line& line) const {
 igsStartSection::Line igsStartSection::pooled(std::string_view text) {
   const std::string_view kept = text.substr(0, text.find_last_not_of(' ') + 1);
   Line line;
-  line.at = m_text.size() & 0xFFFFFFFFFFFF;
+  line.at = std::uint64_t{m_text.size()} & 0xFFFFFFFFFFFF;
   line.length = static_cast<unsigned char>(kept.size());
   line.blanks = static_cast<unsigned char>(text.size() - kept.size());
   m_text.insert(m_text.end(), kept.begin(), kept.end());
@@ -41,7 +41,7 @@ igsStartSection::Line igsStartSection::pooled(std::string_view text) {
 
 void igsStartSection::replace(std::size_t index, std::string_view text) {
   const Line line = pooled(text);
-  m_unused += m_lines[index].length;
+  m_unused += static_cast<std::size_t>(m_lines[index].length);
   m_lines[index] = line;
   constexpr std::size_t tolerated = 4096;
   if (m_unused > tolerated && m_unused > m_text.size() / 2) drop_unused_text();

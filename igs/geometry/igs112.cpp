@@ -30,7 +30,7 @@ struct Segments {
   }
 };
 
-constexpr igsBadCount<igs112BadNumSegments> bad_count;
+constexpr igsBadCount<igs112BadNumSegments> bad_count_of_112;
 }  // namespace
 
 igs112::igs112() { set_directory_entry_type(igsEntity112, 0); }
@@ -96,7 +96,7 @@ void igs112::written_fields(V& visit) const {
   visit("Continuity", m_continuity);
   visit("Dimension", m_dimension);
   visit("NumberOfSegments", number_of_segments());
-  visit.list("BreakPoints", 0, m_break_points, bad_count);
+  visit.list("BreakPoints", 0, m_break_points, bad_count_of_112);
   visit("Segments", Segments{*this});
   visit("EndValues", end_values());
 }
@@ -117,7 +117,7 @@ void igs112::print_pd_data(utOstream& os) const {
   printer("Continuity", m_continuity);
   printer("Dimension", m_dimension);
   printer("NumberOfSegments", number_of_segments());
-  printer.list("BreakPoints", 0, m_break_points, bad_count);
+  printer.list("BreakPoints", 0, m_break_points, bad_count_of_112);
   printer("Segments", Segments{*this});
   printer("EndValues", end_values());
 }

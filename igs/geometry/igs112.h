@@ -35,12 +35,14 @@ class IGS_API igs112 : public igsTyped<igs112, "igs112", igsCurve> {
   int dimension() const { return m_dimension; }
   void set_dimension(int dimension) { m_dimension = dimension; }
 
+  /// Break point `i`, from 0 to N.
   int break_point(int i, double& value) const;
   int set_break_point(int i, double value);
   /// Raises break point `i` to `previous`, the largest one before it, and returns 1; returns 0 and changes nothing
   /// where it is not less than `tolerance` below.
   int raise_break_point(int i, double previous, double tolerance);
 
+  /// Segment `i`, below N.
   int segment(int i, igsCubicSegment& segment) const;
   int set_segment(int i, const igsCubicSegment& segment);
   /// The last segment at the last break point, as if another one began there: value, first derivative, second

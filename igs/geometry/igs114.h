@@ -37,6 +37,7 @@ class IGS_API igs114 : public igsTyped<igs114, "igs114", igsParameterizedSurface
   int patch_type() const { return m_patch_type; }
   void set_patch_type(int type) { m_patch_type = type; }
 
+  /// Break points `i`, from 0 to M, and `j`, from 0 to N.
   int break_point_u(int i, double& value) const;
   int break_point_v(int j, double& value) const;
   int set_break_point_u(int i, double value);

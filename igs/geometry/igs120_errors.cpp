@@ -11,7 +11,9 @@ constexpr double full_turn = 2 * std::numbers::pi;
 // Refuses what would not pass the next check: angles that are infinite, or so large that a turn is lost in them.
 int set_range(igs120& surface, double range) {
   const double tolerance = kel_resource_table_inquire().value(kelTolCoincAngles);
-  const double start = surface.start_angle(), end = start + range;
+  const double start = surface.start_angle();
+  const volatile double stored = start + range;  // as memory rounds it; registers may be longer
+  const double end = stored;
   if (!(end - start >= tolerance && end - start <= full_turn + tolerance)) return 0;
   surface.set_terminate_angle(end);
   return 1;

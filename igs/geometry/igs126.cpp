@@ -18,7 +18,7 @@ struct KnotErrors {
   using KnotsTooClose = igs126KnotsTooClose;
 };
 
-constexpr igsBadCount<igs126BadSumIndex> bad_count;
+constexpr igsBadCount<igs126BadSumIndex> bad_count_of_126;
 }  // namespace
 
 igs126::igs126() { set_directory_entry_type(igsEntity126, 0); }
@@ -128,9 +128,9 @@ void igs126::written_fields(V& visit) const {
   visit("Closed", m_closed_flag);
   visit("Rational", m_rational_flag);
   visit("Periodic", m_periodic_flag);
-  visit.parametric([&] { visit.list("Knots", 0, m_direction.knots(), bad_count); });
-  visit.list("Weights", 0, m_weights, bad_count);
-  visit.list("ControlPoints", 0, m_control_points, bad_count);
+  visit.parametric([&] { visit.list("Knots", 0, m_direction.knots(), bad_count_of_126); });
+  visit.list("Weights", 0, m_weights, bad_count_of_126);
+  visit.list("ControlPoints", 0, m_control_points, bad_count_of_126);
   visit.parametric([&] {
     visit("StartParameter", m_direction.start());
     visit("EndParameter", m_direction.end());

@@ -24,10 +24,13 @@ class IGS_API igs126 : public igsTyped<igs126, "igs126", igsCurve> {
   int number_of_control_points() const { return static_cast<int>(m_control_points.size()); }
   int number_of_knots() const { return m_direction.number_of_knots(); }
 
+  /// In model units.
   int control_point(int i, giPoint3& point) const;
   int set_control_point(int i, const giPoint3& point);
+  /// Above 0 in a sound curve.
   int weight(int i, double& weight) const;
   int set_weight(int i, double weight);
+  /// None is below the one before it in a sound curve.
   int knot(int i, double& value) const { return m_direction.knot(i, value); }
   int set_knot(int i, double value) { return m_direction.set_knot(i, value); }
 

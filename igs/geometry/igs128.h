@@ -27,10 +27,13 @@ class IGS_API igs128 : public igsTyped<igs128, "igs128", igsParameterizedSurface
   int number_of_knots_u() const { return m_u.number_of_knots(); }
   int number_of_knots_v() const { return m_v.number_of_knots(); }
 
+  /// In model units.
   int control_point(int i, int j, giPoint3& point) const;
   int set_control_point(int i, int j, const giPoint3& point);
+  /// Above 0 in a sound surface.
   int weight(int i, int j, double& weight) const;
   int set_weight(int i, int j, double weight);
+  /// None is below the one before it in a sound surface.
   int knot_u(int i, double& value) const { return m_u.knot(i, value); }
   int knot_v(int i, double& value) const { return m_v.knot(i, value); }
   int set_knot_u(int i, double value) { return m_u.set_knot(i, value); }

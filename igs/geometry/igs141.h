@@ -37,6 +37,7 @@ class IGS_API igs141 : public igsTyped<igs141, "igs141", igsObject> {
   void write_pd_data(igsOutStream& out) const override;
   void print_pd_data(utOstream& os) const override;
   void visit_fields(igsFieldVisitor& visitor) const override;
+  /// Prints the list of curves alone.
   void print_model_space_curves(utOstream& os) const;
   void check_pd() const override;
   void visit_pointers(igsPointerVisitor& visitor) override;

@@ -11,6 +11,7 @@
 
 /// One element of copious data of dimensionality 3.
 struct igsSextuple {
+  /// In model units; the vector has the sender's meaning.
   giPoint3 point;
   giVector3 vector;
 
@@ -26,6 +27,7 @@ struct igsSextuple {
 /// Model units; indices are 0-based.
 class IGS_API igsCopiousData {
  public:
+  /// The dimensionalities and layouts.
   static constexpr int planar = 1;
   static constexpr int spatial = 2;
   static constexpr int with_vectors = 3;
@@ -34,6 +36,7 @@ class IGS_API igsCopiousData {
   int dimensionality() const { return m_dimensionality; }
   /// What the points really are: 1 to 3, the same as dimensionality() unless that is invalid.
   int layout() const { return static_cast<int>(m_points.index()) + 1; }
+  /// Of whatever layout.
   int number_of_points() const { return static_cast<int>(size()); }
 
   /// Of planar points; -DBL_MAX until it is set.
@@ -43,10 +46,12 @@ class IGS_API igsCopiousData {
   /// Element `i`: planar points in layout 1, points in layouts 2 and 3, vectors in layout 3; undefined otherwise.
   giPoint2 planar_point(int i) const;
   giPoint3 point(int i) const;
+  /// As above.
   giVector3 vector(int i) const;
   /// Return 1; return 0 and change nothing where there is no such element.
   int set_planar_point(int i, const giPoint2& point);
   int set_point(int i, const giPoint3& point);
+  /// As above.
   int set_vector(int i, const giVector3& vector);
 
   /// True when point `i`, in whatever layout, is undefined or does not exist.
@@ -58,6 +63,7 @@ class IGS_API igsCopiousData {
   std::size_t size() const;
   /// Drops all points and starts anew in `layout`; does nothing for a layout outside 1 to 3.
   void clear(int layout);
+  /// Cuts the list, or lengthens it by undefined points.
   void resize(std::size_t size);
 
   /// Reads, writes and prints the fields; `bad_count` is an igsBadCount. While reading, the layout is the one set with

@@ -13,6 +13,7 @@ class igs141BadNumAssocParamCurves;
 /// it is the image of, in the same order. Positions are 0-based.
 class IGS_API igsModelSpaceCurve {
  public:
+  /// The values of sense().
   static constexpr int agrees = 1;
   static constexpr int reversed = 2;
 

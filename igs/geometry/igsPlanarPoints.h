@@ -24,6 +24,7 @@ class IGS_API igsPlanarPoints : public igsCopiousData {
  protected:
   igsPlanarPoints() = default;
 
+  /// As copious_fields; drops what is not planar.
   template <class E, class V, class BadCount>
   static void planar_fields(E& data, V& visit, BadCount bad_count) {
     igsCopiousData::copious_fields(data, visit, bad_count);

@@ -8,7 +8,9 @@ class igsPointsetInvalidDimensionality;
 class igsPointsetInvalidPoint;
 class igsPointsetInvalidZLevel;
 
+/// The errors of the class, by the names that igsCopiousEntity has for them.
 struct igsPointsetErrors {
+  /// The class of that name.
   using BadNumPoints = igsPointsetBadNumPoints;
   using InconsistForm = igsPointsetInconsistForm;
   using InvalidDimensionality = igsPointsetInvalidDimensionality;

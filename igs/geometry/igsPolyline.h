@@ -9,7 +9,9 @@ class igsPolylineInvalidDimensionality;
 class igsPolylineInvalidPoint;
 class igsPolylineInvalidZLevel;
 
+/// The errors of the class, by the names that igsCopiousEntity has for them.
 struct igsPolylineErrors {
+  /// The class of that name.
   using BadNumPoints = igsPolylineBadNumPoints;
   using InconsistForm = igsPolylineInconsistForm;
   using InvalidDimensionality = igsPolylineInvalidDimensionality;

@@ -15,6 +15,7 @@ class igsPolynomial {
   igsPolynomial() { m_coefficients.fill(undefined_real); }
   explicit igsPolynomial(const std::array<double, N>& coefficients) : m_coefficients(coefficients) {}
 
+  /// All of them.
   const std::array<double, N>& coefficients() const { return m_coefficients; }
   /// `i` has to be below `N`.
   double& operator[](std::size_t i) { return m_coefficients[i]; }
@@ -34,8 +35,10 @@ class igsPolynomial {
 /// A segment of a Parametric Spline Curve or a patch of a Parametric Spline Surface: a polynomial a coordinate.
 template <std::size_t N>
 struct igsSplinePiece {
+  /// Number of coefficients.
   static constexpr std::size_t size = 3 * N;
 
+  /// One a coordinate.
   igsPolynomial<N> x, y, z;
 
   bool operator==(const igsSplinePiece&) const = default;

@@ -14,6 +14,7 @@ class IGS_API igsTrimmedConic : public igsTyped<igsTrimmedConic, "igsTrimmedConi
 
   const giPoint2& start_point() const { return m_start_point; }
   const giPoint2& end_point() const { return m_end_point; }
+  /// Copies both out.
   void end_points(giPoint2& start, giPoint2& end) const;
   void set_start_point(const giPoint2& start) { m_start_point = start; }
   void set_end_point(const giPoint2& end) { m_end_point = end; }

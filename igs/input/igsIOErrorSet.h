@@ -5,11 +5,16 @@
 /// The conditions a part of the stream has met since it was last asked, each at most once.
 class igsIOErrorSet {
  public:
+  /// Adds a condition.
   void set(igsIOErrorCode code) { m_bits |= bit(code); }
+  /// Takes a condition out.
   void erase(igsIOErrorCode code) { m_bits &= ~bit(code); }
+  /// True when it is there.
   bool holds(igsIOErrorCode code) const { return (m_bits & bit(code)) != 0; }
   bool empty() const { return m_bits == 0; }
+  /// Takes all out.
   void clear() { m_bits = 0; }
+  /// Adds those of another set.
   void merge(igsIOErrorSet other) { m_bits |= other.m_bits; }
 
   /// Appends one error a code, in rising order; their location stays unset.

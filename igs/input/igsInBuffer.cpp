@@ -77,12 +77,6 @@ int igsInBuffer::in_section(igsFileSection section) const {
   return m_has_record && !m_frozen && current == section ? 1 : 0;
 }
 
-igsIOErrorSet igsInBuffer::take_errors() {
-  igsIOErrorSet errors = igsInBufferFiller::take_errors();
-  errors.merge(m_checker.take_errors());
-  return errors;
-}
-
 void igsInBuffer::collect_errors(igsIOErrorcoDynArr& errors) {
   igsInBufferFiller::collect_errors(errors);
   m_checker.collect_errors(errors);

@@ -75,7 +75,11 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
   const char* data_end() const { return m_end; }
   /// The NUL behind the last character of the record.
   const char* record_end() const { return m_record + m_length; }
-  igsIOErrorSet take_errors();
+  igsIOErrorSet take_errors() {
+    igsIOErrorSet errors = igsInBufferFiller::take_errors();
+    errors.merge(m_checker.take_errors());
+    return errors;
+  }
 
  private:
   friend class igsInBufferFiller;

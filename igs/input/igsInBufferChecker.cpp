@@ -34,12 +34,6 @@ int igsInBufferChecker::reset() {
   return 1;
 }
 
-igsIOErrorSet igsInBufferChecker::take_errors() {
-  const igsIOErrorSet errors = m_errors;
-  if (m_fatal == 0) m_errors.clear();
-  return errors;
-}
-
 void igsInBufferChecker::collect_errors(igsIOErrorcoDynArr& errors) { take_errors().append_to(errors); }
 
 int igsInBufferChecker::num_lines(igsFileSection section) const {

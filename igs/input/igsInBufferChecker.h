@@ -35,7 +35,11 @@ class IGS_API igsInBufferChecker {
   /// Appends the errors to the list and forgets them unless one is fatal.
   void collect_errors(igsIOErrorcoDynArr& errors);
   /// The errors, as collect_errors hands them over.
-  igsIOErrorSet take_errors();
+  igsIOErrorSet take_errors() {
+    const igsIOErrorSet errors = m_errors;
+    if (m_fatal == 0) m_errors.clear();
+    return errors;
+  }
 
  private:
   bool check_syntax(igsRecordMarks& marks);

@@ -93,12 +93,6 @@ int igsInBufferFiller::reset() {
   return 1;
 }
 
-igsIOErrorSet igsInBufferFiller::take_errors() {
-  const igsIOErrorSet errors = m_errors;
-  if (m_fatal == 0) m_errors.clear();
-  return errors;
-}
-
 void igsInBufferFiller::collect_errors(igsIOErrorcoDynArr& errors) { take_errors().append_to(errors); }
 
 void igsInBufferFiller::set_param_delimiter(char delimiter) {

@@ -55,7 +55,11 @@ class IGS_API igsInBufferFiller {
 
  protected:
   /// The errors, as collect_errors hands them over.
-  igsIOErrorSet take_errors();
+  igsIOErrorSet take_errors() {
+    const igsIOErrorSet errors = m_errors;
+    if (m_fatal == 0) m_errors.clear();
+    return errors;
+  }
   /// The marks of the last record when it needed no repair, else null.
   const igsRecordMarks* plain_marks() const { return m_is_plain ? &m_marks : nullptr; }
 

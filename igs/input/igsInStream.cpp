@@ -144,12 +144,6 @@ int igsInStream::error() {
   return m_collected_errors.empty() ? 0 : 1;
 }
 
-int igsInStream::error_type(igsIOErrorCode code) {
-  if (m_collected == 0) collect_errors();
-  if (fatal_error() != 0) m_collected_errors.merge(take_errors());  // whenever they were met
-  return m_collected_errors.holds(code) ? 1 : 0;
-}
-
 const igsIOErrorcoDynArr& igsInStream::errors() {
   if (m_collected == 0) collect_errors();
   m_error_list.clear();

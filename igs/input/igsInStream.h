@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <istream>
@@ -37,12 +39,21 @@ class IGS_API igsInStream : public igsInEngine {
   void read_holerith(utString& value);
   /// A text of `width` columns.
   void read_string(unsigned width, utString& value);
+  /// Passes over `width` columns.
+  void skip_columns(unsigned width) {
+    m_collected = 0;
+    *this += static_cast<unsigned>(std::min<std::ptrdiff_t>(width, record_end() - cursor()));
+  }
 
   /// 1 when the fields read since the last field, or since the last question before it, have met any condition; asking
   /// collects the conditions, and a later collection forgets them. Fatal conditions stay for ever.
   int error();
   /// As error(), for one code.
-  int error_type(igsIOErrorCode code);
+  int error_type(igsIOErrorCode code) {
+    if (m_collected == 0) collect_errors();
+    if (fatal_error() != 0) m_collected_errors.merge(take_errors());  // whenever they were met
+    return m_collected_errors.holds(code) ? 1 : 0;
+  }
   /// The conditions of error(), each once, with the place where reading stood when they were collected.
   const igsIOErrorcoDynArr& errors();
   using igsInEngine::collect_errors;
@@ -55,6 +66,7 @@ class IGS_API igsInStream : public igsInEngine {
   /// together may have always_granted, and one more for each bytes_per_granted bytes read: a file of a moderate size
   /// cannot claim a large model. Returns 1 and takes them off what is left; 0 when there are not as many left.
   int grant_missing(std::int64_t count);
+  /// For all lists of a file, and for its size, as grant_missing says.
   static constexpr std::int64_t always_granted = 65536;
   static constexpr std::int64_t bytes_per_granted = 64;
 
@@ -66,6 +78,7 @@ class IGS_API igsInStream : public igsInEngine {
   int reset();
 
  protected:
+  /// Collects what the fields read since the last time have met.
   void collect_errors();
 
  private:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cfloat>
 #include <charconv>
 #include <climits>
@@ -13,6 +14,7 @@
 #include <system_error>
 
 #include "igs/input/eightCharacters.h"
+#include "igs/support/powersOfTen.h"
 
 namespace {
 
@@ -151,9 +153,7 @@ constexpr std::array<double, 23> exact_powers = {1e0,  1e1,  1e2,  1e3,  1e4,  1
 
 // Both the mantissa and the power of ten are doubles without error: one rounding gives the nearest double.
 bool convert_exactly(const DecimalMantissa& mantissa, std::int64_t exponent, double& value) {
-#if defined(FLT_EVAL_METHOD) && FLT_EVAL_METHOD != 0
-  return false;
-#else
+  if (FLT_EVAL_METHOD != 0) return false;  // longer registers round twice
   constexpr std::uint64_t largest = std::uint64_t{1} << DBL_MANT_DIG;
   constexpr auto largest_power = static_cast<std::int64_t>(exact_powers.size()) - 1;
   if (mantissa.digits > max_digits || mantissa.value > largest) return false;
@@ -162,8 +162,43 @@ bool convert_exactly(const DecimalMantissa& mantissa, std::int64_t exponent, dou
   value = exponent < 0 ? whole / exact_powers[static_cast<std::size_t>(-exponent)]
                        : whole * exact_powers[static_cast<std::size_t>(exponent)];
   return true;
-#endif
 }
+
+#ifdef __SIZEOF_INT128__
+
+// The mantissa times a power of ten that is known to 128 bits: false where that does not tell on which side of a tie
+// between two doubles the value lies, and for values next to 0 or beyond the largest double.
+bool convert_closely(const DecimalMantissa& mantissa, std::int64_t exponent, double& value) {
+  using namespace igs_power_of_ten;
+  if (mantissa.digits > max_digits || mantissa.value == 0 || exponent < min_power || exponent > max_power) return false;
+  const auto power = static_cast<int>(exponent);
+  const int shift = std::countl_zero(mantissa.value);
+  const uint128 product = high_bits_of_product(mantissa.value << shift, igs_power_of_ten::mantissa(power));
+  const int first_bit = static_cast<std::int64_t>(product >> 64) < 0 ? 127 : 126;
+  int binary_exponent = first_bit + 64 - 127 - shift + log2(power);
+  if (binary_exponent < DBL_MIN_EXP - 1 || binary_exponent >= DBL_MAX_EXP - 1) return false;
+
+  const int dropped_bits = first_bit - (DBL_MANT_DIG - 1);
+  const uint128 one = uint128{1} << dropped_bits;
+  const uint128 dropped = product & (one - 1);
+  const bool up = dropped > one / 2;
+  if (!up && dropped + 2 > one / 2) return false;
+  constexpr std::uint64_t hidden_bit = std::uint64_t{1} << (DBL_MANT_DIG - 1);
+  auto bits = static_cast<std::uint64_t>(product >> dropped_bits) + (up ? 1 : 0);
+  if (bits == 2 * hidden_bit) {
+    bits = hidden_bit;
+    ++binary_exponent;
+  }
+  const auto biased_exponent = static_cast<std::uint64_t>(binary_exponent + DBL_MAX_EXP - 1);
+  value = std::bit_cast<double>(bits - hidden_bit + (biased_exponent << (DBL_MANT_DIG - 1)));
+  return true;
+}
+
+#else
+
+bool convert_closely(const DecimalMantissa&, std::int64_t, double&) { return false; }
+
+#endif
 
 // Where the mantissa's first significant digit stands: the power of the base that bounds it.
 void weigh(Written& number) {
@@ -272,7 +307,10 @@ bool read_special(const char*& p, bool accept_d, double& value) {
   const char* const last = p;
   const bool may_be_exponent = *p >= 'D' && *p <= 'e';
   const std::int64_t exponent = may_be_exponent ? read_exponents(p, accept_d) : 0;
-  if (!convert_exactly(mantissa, exponent - mantissa.scale, value)) value = convert_text(first, last, exponent);
+  const std::int64_t power = exponent - mantissa.scale;
+  if (!convert_exactly(mantissa, power, value) && !convert_closely(mantissa, power, value)) {
+    value = convert_text(first, last, exponent);
+  }
   return true;
 }
 

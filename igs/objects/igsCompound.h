@@ -50,6 +50,7 @@ class IGS_API igsCompound : public igsTyped<igsCompound, "igsCompound", igsObjec
   /// file: once the lists together would grow by more than flattened_per_entity members for each entity of the file
   /// (and by more than always_flattened), a group too many stays what it is, a member, and nothing is lost.
   void flatten_groups();
+  /// The limits of flatten_groups.
   static constexpr std::int64_t flattened_per_entity = 16;
   static constexpr std::int64_t always_flattened = 10'000;
   /// Number of curves on a surface among the members, those in groups and in the subfigures of singular instances too.

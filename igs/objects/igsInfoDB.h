@@ -57,6 +57,7 @@ class IGS_API igsEntityInfo {
 /// constant. A name stays valid until the process ends; the name of something that does not exist is the empty string.
 class IGS_API igsInfoDB {
  public:
+  /// Whether the standard has the type, and its name, such as "Line".
   static bool entity_exists(int type);
   static const utString& entity_name(int type);
 

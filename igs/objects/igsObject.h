@@ -24,15 +24,14 @@ class utOstream;
 class IGS_API igsPointerVisitor {
  public:
   virtual ~igsPointerVisitor();
+  /// Is called for null pointers, too. May change the pointer.
   virtual void visit(igsObjectPtr& pointer) = 0;
 };
 
 /// An IGES entity. Constructing one registers it with the current file (igsObjectSystem::set_current_file), which gives
 /// it a DE number and owns it from then on: create entities with `new`. Deleting one makes every pointer to it null.
-class IGS_API igsObject {
+class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
  public:
-  static constexpr kluTypeInfo id{"igsObject"};
-  static const kluTypeInfo& type() { return id; }
   /// A new entity of the class that stands for the type and form; an igsUnknown where none does.
   static igsObject* create(igsEntityType type, int form);
 
@@ -44,7 +43,9 @@ class IGS_API igsObject {
   virtual igsObject* make_one() const = 0;
   /// Reads the entity's own parameter fields, after the type number; 0 when nothing usable could be read.
   virtual int read_pd_data(igsInStream& in) = 0;
+  /// Writes these fields, without the type number.
   virtual void write_pd_data(igsOutStream& out) const = 0;
+  /// Prints them with their labels, a line each.
   virtual void print_pd_data(utOstream& os) const = 0;
   /// Validates the parameter data, tagging one error a fault.
   virtual void check_pd() const = 0;
@@ -56,8 +57,11 @@ class IGS_API igsObject {
   virtual void tag_error(igsObjectError* error) const;
   /// Gives up every reference that the directory entry and the parameter data hold.
   virtual void unreference_children();
+  /// True when the entity is of the class `t` or of one derived from it.
   virtual bool typeof(const kluTypeInfo& t) const { return id.childof(t); }
+  /// The type record of the entity's class, which has its name.
   virtual const kluTypeInfo& objtype() const { return id; }
+  /// True when the entity is of exactly the class `t`.
   virtual bool isa(const kluTypeInfo& t) const { return id == t; }
   /// Shows every pointer of the parameter data, in field order.
   virtual void visit_pointers(igsPointerVisitor& visitor);
@@ -83,11 +87,14 @@ class IGS_API igsObject {
   /// `max_print_depth`, is printed as its heading line alone.
   void print(utOstream& os) const;
 
+  /// How many entities may be printed within each other.
   static constexpr int max_print_depth = 32;
 
  protected:
   igsObject();
 
+  /// Reads the type number at the head of the parameter data: 1 when it is that of the directory entry; otherwise logs
+  /// an error and returns 0.
   int read_pd_entity_type(igsInStream& in);
   /// Reads over the trailing groups of associativity and property pointers; none of them is kept.
   void read_additional_entity_pointers(igsInStream& in);

@@ -38,6 +38,7 @@ class IGS_API igsObjectPtr {
 
   /// The target; null for a null pointer and for one whose entity does not exist yet.
   igsObject* object() const;
+  /// Null exactly where object() is.
   operator void*() const;  // NOLINT(google-explicit-constructor): pointers are tested and compared like raw ones
   /// Not to be applied to a null pointer.
   igsObject* operator->() const { return object(); }

@@ -10,6 +10,7 @@
 /// A list of references to other entities. Positions are 0-based.
 class igsReferenceList : public igsIndexedList<igsObjectPtr> {
  public:
+  /// Number of references, null ones too.
   int size() const { return static_cast<int>(elements().size()); }
   /// Reference `i`; a null pointer outside the list.
   igsObjectPtr get(int i) const { return igs_element(elements(), i); }

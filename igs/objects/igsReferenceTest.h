@@ -8,20 +8,24 @@
 /// What an entity may demand of one that it refers to: to be of exactly the class `T` ...
 template <class T>
 struct igsExactly {
+  /// True when the demand is met.
   bool operator()(const igsObject& object) const { return object.isa(T::type()); }
 };
 /// ... or of exactly one of several ...
 template <class... T>
 struct igsOneOf {
+  /// True when the demand is met.
   bool operator()(const igsObject& object) const { return (... || object.isa(T::type())); }
 };
 /// ... or of `T` or a class derived from it ...
 template <class T>
 struct igsKindOf {
+  /// True when the demand is met.
   bool operator()(const igsObject& object) const { return object.typeof(T::type()); }
 };
 /// ... or nothing: no error says then that it is of the wrong class. Any other function of that shape will do as well.
 struct igsAnyEntity {
+  /// Always true.
   bool operator()(const igsObject&) const { return true; }
 };
 

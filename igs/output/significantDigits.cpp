@@ -8,73 +8,13 @@
 #include <bit>
 #include <cstddef>
 
+#include "igs/support/powersOfTen.h"
+
 #ifdef __SIZEOF_INT128__
 
 namespace {
 
-__extension__ using uint128 = unsigned __int128;
-
-/// Powers that bring 1 to 17 digits of any double before the point.
-constexpr int min_power = -308;
-constexpr int max_power = 340;
-constexpr std::size_t num_powers = max_power - min_power + 1;
-
-/// The leading 128 bits of a power of ten; the first bit is set.
-struct Mantissa {
-  std::uint64_t high, low;
-};
-
-/// An integer of up to 896 bits, lowest limb first: 5^340, or 2^895 divided by 5^308 with more than 128 bits left.
-using LargeInteger = std::array<std::uint32_t, 28>;
-
-constexpr void multiply_by_5(LargeInteger& number) {
-  std::uint64_t carry = 0;
-  for (std::uint32_t& limb : number) {
-    carry += std::uint64_t{limb} * 5;
-    limb = static_cast<std::uint32_t>(carry);
-    carry >>= 32;
-  }
-}
-
-constexpr void divide_by_5(LargeInteger& number) {
-  std::uint64_t rest = 0;
-  for (std::size_t i = number.size(); i-- > 0;) {
-    rest = (rest << 32) + number[i];
-    number[i] = static_cast<std::uint32_t>(rest / 5);
-    rest %= 5;
-  }
-}
-
-constexpr Mantissa leading_bits(const LargeInteger& number) {
-  std::size_t top = number.size() - 1;
-  while (number[top] == 0) --top;
-  const int shift = std::countl_zero(number[top]);
-  std::array<std::uint32_t, 5> limbs{};  // highest first
-  for (std::size_t i = 0; i < limbs.size() && i <= top; ++i) limbs[i] = number[top - i];
-  const auto limb = [&](std::size_t i) -> std::uint64_t {
-    return shift == 0 ? limbs[i] : (limbs[i] << shift) | (limbs[i + 1] >> (32 - shift));
-  };
-  return {limb(0) << 32 | limb(1), limb(2) << 32 | limb(3)};
-}
-
-/// 10^k has the bits of 5^k. Dividing again and again rounds down no more than dividing once.
-consteval std::array<Mantissa, num_powers> make_powers() {
-  std::array<Mantissa, num_powers> powers{};
-  LargeInteger number{1};
-  for (int k = 0; k <= max_power; ++k) {
-    powers[static_cast<std::size_t>(k - min_power)] = leading_bits(number);
-    multiply_by_5(number);
-  }
-  number = {};
-  number.back() = std::uint32_t{1} << 31;
-  for (int k = -1; k >= min_power; --k) {
-    divide_by_5(number);
-    powers[static_cast<std::size_t>(k - min_power)] = leading_bits(number);
-  }
-  return powers;
-}
-
-constexpr std::array<Mantissa, num_powers> powers_of_ten = make_powers();
+using igs_power_of_ten::uint128;
 
 constexpr std::array<std::uint64_t, 18> small_powers = [] {
   std::array<std::uint64_t, 18> powers{1};
@@ -82,9 +22,8 @@ constexpr std::array<std::uint64_t, 18> small_powers = [] {
   return powers;
 }();
 
-/// floor(log10(2^n)) and floor(log2(10^n)), for the exponents that doubles have.
+/// floor(log10(2^n)), for the exponents that doubles have.
 constexpr int log10_of_power_of_2(int n) { return (n * 315653) >> 20; }
-constexpr int log2_of_power_of_10(int n) { return (n * 1741647) >> 19; }
 
 /// A positive double as m * 2^e, the first bit of m set.
 struct Binary {
@@ -104,11 +43,6 @@ Binary decompose(double value) {
   return {(fraction | std::uint64_t{1} << fraction_bits) << 11, exponent - bias - 11};
 }
 
-/// The 128 high bits of the 192-bit product: at most 2 units too small, the power being rounded down.
-uint128 high_bits_of_product(std::uint64_t m, const Mantissa& power) {
-  return static_cast<uint128>(m) * power.high + (static_cast<uint128>(m) * power.low >> 64);
-}
-
 }  // namespace
 
 SignificantDigits significant_digits(double value, int count) {
@@ -116,9 +50,9 @@ SignificantDigits significant_digits(double value, int count) {
   // 2^63 <= m < 2^64: the value's exponent is this one or the next.
   int exponent = log10_of_power_of_2(e + 63);
   const int k = count - 1 - exponent;
-  const uint128 product = high_bits_of_product(m, powers_of_ten[static_cast<std::size_t>(k - min_power)]);
+  const uint128 product = igs_power_of_ten::high_bits_of_product(m, igs_power_of_ten::mantissa(k));
   // In [2^126, 2^128), and the value times 10^k in [1, 10^18): 67 to 127 of the bits stand behind the point.
-  const int fraction_bits = -(e + log2_of_power_of_10(k) - 127) - 64;
+  const int fraction_bits = -(e + igs_power_of_ten::log2(k) - 127) - 64;
   const uint128 one = static_cast<uint128>(1) << fraction_bits;
   auto digits = static_cast<std::uint64_t>(product >> fraction_bits);
   const uint128 fraction = product & (one - 1);

@@ -14,8 +14,8 @@ class igs310BadNumMotions;
 /// A step of the pen that draws a character, in grid units from the character's origin.
 struct igsPenMotion {
   int pen_up = 0;  ///< 0: draws a line to (x, y); 1: moves there
-  int x = 0;
-  int y = 0;
+  int x = 0;       ///< where the step ends
+  int y = 0;       ///< likewise
 
   template <class E, class V>
   static void fields(E& motion, V& visit) {
@@ -27,10 +27,10 @@ struct igsPenMotion {
 
 /// One character of a text font: the pen begins at the origin.
 struct igsFontCharacter {
-  int code = 0;    ///< ASCII, 0 to 127
-  int next_x = 0;  ///< the next character's origin, in grid units from this one's
-  int next_y = 0;
-  std::vector<igsPenMotion> motions;
+  int code = 0;                       ///< ASCII, 0 to 127
+  int next_x = 0;                     ///< the next character's origin, in grid units from this one's
+  int next_y = 0;                     ///< likewise
+  std::vector<igsPenMotion> motions;  ///< in the order in which they are drawn
 
   template <class E, class V>
   static void fields(E& character, V& visit) {

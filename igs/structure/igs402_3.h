@@ -16,6 +16,7 @@ class IGS_API igs402_3 : public igsEntity<igs402_3, "igs402_3", igsCompound> {
  public:
   igs402_3();
 
+  /// Of the list of views.
   int number_of_views() const { return static_cast<int>(views().size()); }
   const std::vector<igsObjectPtr>& views() const { return std::as_const(m_views).elements(); }
   /// Replaces the whole list of views.

@@ -54,6 +54,7 @@ class IGS_API igs404 : public igsEntity<igs404, "igs404", igsCompound> {
   /// Form 0.
   igs404();
 
+  /// Of the list of views.
   int number_of_views() const { return static_cast<int>(views().size()); }
   const std::vector<igs404View>& views() const { return std::as_const(m_views).elements(); }
   /// A copy; a null view outside the list.

@@ -11,6 +11,7 @@
 /// was, a text font: it is what is written when the text font is gone.
 class IGS_API igsFontCode : public igsDEAttribute {
  public:
+  /// The default font.
   static constexpr int standard = 1;
 
   igsFontCode() : igsFontCode(standard) {}
@@ -27,6 +28,7 @@ class IGS_API igsFontCode : public igsDEAttribute {
 /// Lengths are model units, angles radians.
 class IGS_API igsTextStyle {
  public:
+  /// The slant angle of letters that stand square to the base line.
   static constexpr double upright = std::numbers::pi / 2;
 
   /// Width and height: of the box around a note's string, of one character in a text template. 0 until they are set.

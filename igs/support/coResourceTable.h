@@ -11,12 +11,12 @@ enum class coResourceType { real, integer, boolean };
 
 /// One entry of the table: what `igs --set` and the documentation know about a key.
 struct coResourceInfo {
-  std::string_view name;
-  coResourceType type;
-  double default_value;
-  double minimum;  ///< smallest value accepted
-  double maximum;  ///< largest value accepted
-  std::string_view meaning;
+  std::string_view name;     ///< of the key
+  coResourceType type;       ///< of its values
+  double default_value;      ///< 0 or 1 for an option that is off or on
+  double minimum;            ///< smallest value accepted
+  double maximum;            ///< largest value accepted
+  std::string_view meaning;  ///< for people, in a few words
 };
 
 namespace co_resource {
@@ -57,6 +57,7 @@ consteval std::size_t index_of(std::string_view name, coResourceType type) {
 template <coResourceType Type>
 struct coResourceKey {
   consteval explicit coResourceKey(std::string_view name) : index(co_resource::index_of(name, Type)) {}
+  /// Position in the table of keys, 0-based.
   std::size_t index;
 };
 
@@ -84,6 +85,7 @@ class IGS_API coResourceTable {
  public:
   coResourceTable();
 
+  /// The present value.
   double value(doublecoResourceKey key) const { return m_values[key.index]; }
   int value(intcoResourceKey key) const { return static_cast<int>(m_values[key.index]); }
   bool value(utBoolcoResourceKey key) const { return m_values[key.index] != 0; }
@@ -98,6 +100,7 @@ class IGS_API coResourceTable {
 
   /// The keys with their types, defaults and meanings, and the present value of key `index` (0-based, in that order).
   static const auto& keys() { return co_resource::rows; }
+  /// The present value of the key in row `index` of keys(), 0-based and below their number.
   double value_at(std::size_t index) const { return m_values.at(index); }
 
  private:

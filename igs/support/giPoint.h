@@ -21,6 +21,7 @@ class IGS_API giPoint2 {
   /// count as defined.
   bool is_undefined() const { return m_x == -DBL_MAX || m_x == DBL_MAX || m_y == DBL_MAX; }
 
+  /// In the units of the points. Not to be asked of undefined ones.
   double distance(const giPoint2& other) const { return std::hypot(m_x - other.m_x, m_y - other.m_y); }
   /// True when the points are at most `tolerance` apart.
   static bool coincident(const giPoint2& a, const giPoint2& b, double tolerance) { return a.distance(b) <= tolerance; }
@@ -47,6 +48,7 @@ class IGS_API giPoint3 {
   /// As giPoint2::is_undefined, z being tested like y.
   bool is_undefined() const { return m_x == -DBL_MAX || m_x == DBL_MAX || m_y == DBL_MAX || m_z == DBL_MAX; }
 
+  /// In the units of the points. Not to be asked of undefined ones.
   double distance(const giPoint3& other) const { return std::hypot(m_x - other.m_x, m_y - other.m_y, m_z - other.m_z); }
   /// True when the points are at most `tolerance` apart.
   static bool coincident(const giPoint3& a, const giPoint3& b, double tolerance) { return a.distance(b) <= tolerance; }

@@ -18,6 +18,7 @@ class IGS_API giVector2 {
 
   /// True when the vector was never built: its x is -DBL_MAX. No other component is looked at.
   bool is_undefined() const { return is_undefined_real(m_x); }
+  /// Not to be asked of an undefined vector.
   double length() const { return std::hypot(m_x, m_y); }
 
   /// Prints "(x, y)".
@@ -41,11 +42,15 @@ class IGS_API giVector3 {
 
   /// True when the vector was never built: its x is -DBL_MAX. No other component is looked at.
   bool is_undefined() const { return is_undefined_real(m_x); }
+  /// Not to be asked of an undefined vector.
   double length() const { return std::hypot(m_x, m_y, m_z); }
+  /// The scalar product.
   double dot(const giVector3& other) const { return m_x * other.m_x + m_y * other.m_y + m_z * other.m_z; }
+  /// The vector product, right-handed.
   giVector3 cross(const giVector3& other) const {
     return {m_y * other.m_z - m_z * other.m_y, m_z * other.m_x - m_x * other.m_z, m_x * other.m_y - m_y * other.m_x};
   }
+  /// `factor` times this vector.
   giVector3 scaled(double factor) const { return {m_x * factor, m_y * factor, m_z * factor}; }
 
   /// Makes the length 1 and returns 1; returns 0 and changes nothing for a vector whose length is zero or not finite.

@@ -25,6 +25,7 @@ class IGS_API kelabsOutput {
 
   /// Formats as printf does and hands the text to `write`. A text that cannot be formatted is dropped.
   IGS_PRINTF(3, 4) void print(const char* tag, const char* format, ...);
+  /// As above, with the arguments as a list.
   void print_list(const char* tag, const char* format, std::va_list arguments);
 
  protected:

@@ -19,6 +19,7 @@ class IGS_API utOstream {
   utOstream& operator=(const utOstream&) = delete;
   ~utOstream() = default;
 
+  /// Put a value on the stream. A text may not be null.
   utOstream& operator<<(std::string_view text);
   utOstream& operator<<(const char* text);
   utOstream& operator<<(char character);

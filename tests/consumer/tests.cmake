@@ -30,3 +30,11 @@ endforeach()
 add_test(NAME headers COMMAND ${here}/../headers/compile_each g++ ${work}/static
   $<$<NOT:$<BOOL:${CMAKE_UNITY_BUILD}>>:${PROJECT_SOURCE_DIR}/igs>)
 set_tests_properties(headers PROPERTIES FIXTURES_REQUIRED static PROCESSORS 2)
+
+add_test(NAME package.symbols COMMAND ${here}/../packaging/check_symbols ${work}/shared)
+set_tests_properties(package.symbols PROPERTIES FIXTURES_REQUIRED shared)
+find_program(igs_dpkg_deb dpkg-deb)
+if(igs_dpkg_deb AND here_kind STREQUAL static)
+  add_test(NAME package.debian COMMAND ${here}/../packaging/check_debs ${work}/plain-build ${work}/debs)
+  set_tests_properties(package.debian PROPERTIES FIXTURES_REQUIRED plain_build)
+endif()

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cerrno>
 #include <cfloat>
@@ -10,6 +11,7 @@
 #include <clocale>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <random>
 #include <string>
@@ -29,6 +31,10 @@ void expect_as_in_c(const std::string& text) {
   const double real = std::strtod(text.c_str(), &end);
   double value = -1;
   EXPECT_EQ(igs_number::parse_real(text.c_str(), value), static_cast<std::size_t>(end - text.c_str())) << text;
+  EXPECT_PRED2(same, value, real) << text;
+  EXPECT_EQ(igs_number::parse_real(text.c_str(), value, text.c_str() + text.size()),
+            static_cast<std::size_t>(end - text.c_str()))
+      << text;
   EXPECT_PRED2(same, value, real) << text;
 
   const long long whole = std::strtoll(text.c_str(), &end, 10);
@@ -127,6 +133,25 @@ TEST(Number, ReadsRandomTextAsTheCLibraryDoes) {
     expect_as_in_c(text);
     expect_as_in_c(std::to_string(random()) + "." + std::to_string(random()) + "e" +
                    std::to_string(static_cast<int>(random() % 700) - 350));
+  }
+}
+
+// As many digits as tell doubles apart, of any size, and those next to the middle between two doubles.
+TEST(Number, RoundsToTheNearestDouble) {
+  std::mt19937_64 random(11);
+  for (int i = 0; i < 30000; ++i) {
+    std::string digits = std::to_string(random());
+    digits.resize(std::min<std::size_t>(digits.size(), 15 + random() % 5));
+    expect_as_in_c(digits.insert(random() % 15, 1, '.') + 'e' + std::to_string(static_cast<int>(random() % 700) - 360));
+
+    const double value = std::abs(std::bit_cast<double>(random()));
+    if (!std::isfinite(value)) continue;
+    std::array<char, 64> middle;
+    const long double next = std::nextafter(value, inf);
+    std::snprintf(middle.data(), middle.size(), "%.*Le", static_cast<int>(15 + random() % 5),
+                  (static_cast<long double>(value) + next) / 2);
+    expect_as_in_c(middle.data());
+    expect_as_in_c(std::to_string((random() >> 10 | 1) << (random() % 8)));  // whole numbers beyond 53 bits: real ties
   }
 }
 

@@ -9,7 +9,6 @@ namespace {
 
 using Kind = Difference::Kind;
 
-constexpr const char* two_spaces = "  ";
 
 std::string entity_text(const igsObject& entity) {
   return "DE " + std::to_string(entity.de_number()) + " (" +

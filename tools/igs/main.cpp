@@ -7,6 +7,10 @@
 #include <iostream>
 #include <limits>
 #include <optional>
+#if defined(_WIN32)
+#include <fcntl.h>
+#include <unistd.h>
+#endif
 
 #include "arguments.h"
 #include "commands.h"
@@ -327,8 +331,12 @@ void CommandLine::add_explain() {
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
+#if defined(_WIN32)
+  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO}) _setmode(descriptor, _O_BINARY);
+#else
   // A reader that goes away is a write error like any other, so that temporary files are removed.
   std::signal(SIGPIPE, SIG_IGN);  // NOLINT(cert-err33-c): without it the default holds
+#endif
   try {
     return CommandLine().run(argc, argv);
   } catch (const std::exception& error) {

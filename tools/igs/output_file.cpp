@@ -1,8 +1,11 @@
 #include "output_file.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#if defined(_WIN32)
+#include <fcntl.h>
+#include <share.h>
+#endif
 
 #include <array>
 #include <cerrno>
@@ -14,8 +17,38 @@
 
 namespace {
 
+#if defined(_WIN32)
+constexpr std::array ending_signals{SIGINT, SIGTERM};
+
+int fsync(int descriptor) { return _commit(descriptor); }
+
+/// The stream may open the file a second time, which mkstemp would not allow here.
+int make_temporary(char* name) {
+  if (_mktemp(name) == nullptr) return -1;
+  return _sopen(name, _O_CREAT | _O_EXCL | _O_RDWR | _O_BINARY, _SH_DENYNO, _S_IREAD | _S_IWRITE);
+}
+
+void set_permissions(int /*descriptor*/, const std::string& /*target*/) {}  // a new file has those of its folder
+#else
 constexpr std::array ending_signals{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXFSZ};
+
+int make_temporary(char* name) { return mkstemp(name); }
+
 constexpr mode_t permission_bits = 0777;
+
+/// As the target has them, or as a new file would get them. Where the owner cannot be kept the writer becomes it.
+void set_permissions(int descriptor, const std::string& target) {
+  struct stat status {};
+  if (stat(target.c_str(), &status) == 0) {
+    if (fchown(descriptor, status.st_uid, status.st_gid) != 0) errno = 0;
+    if (fchmod(descriptor, status.st_mode & permission_bits) != 0) errno = 0;
+    return;
+  }
+  const mode_t mask = umask(0);
+  umask(mask);
+  if (fchmod(descriptor, 0666 & ~mask) != 0) errno = 0;
+}
+#endif
 
 // What a signal handler may touch: the name of the one temporary that exists, in memory that stays where it is.
 std::array<char, 4096> temporary_name{};       // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
@@ -74,29 +107,16 @@ void OutputFile::open_direct() {
 void OutputFile::open_temporary() {
   const std::filesystem::path folder = std::filesystem::path(m_target).parent_path();
   std::string name = (folder / ".igs-XXXXXX").string();
-  m_descriptor = mkstemp(name.data());
+  m_descriptor = make_temporary(name.data());
   if (m_descriptor < 0) {
     fail(errno);
     return;
   }
   m_temporary = name;
   guard_temporary(m_temporary.c_str());
-  set_permissions();
+  set_permissions(m_descriptor, m_target);
   m_stream.open(m_temporary, std::ios::binary);
   if (!m_stream) fail(errno);
-}
-
-/// As the target has them, or as a new file would get them. Where the owner cannot be kept the writer becomes it.
-void OutputFile::set_permissions() const {
-  struct stat status {};
-  if (stat(m_target.c_str(), &status) == 0) {
-    if (fchown(m_descriptor, status.st_uid, status.st_gid) != 0) errno = 0;
-    if (fchmod(m_descriptor, status.st_mode & permission_bits) != 0) errno = 0;
-    return;
-  }
-  const mode_t mask = umask(0);
-  umask(mask);
-  if (fchmod(m_descriptor, 0666 & ~mask) != 0) errno = 0;
 }
 
 bool OutputFile::commit() {
@@ -108,7 +128,9 @@ bool OutputFile::commit() {
   // say so no sooner than here or when the last descriptor is closed.
   if (fsync(m_descriptor) != 0) return fail(errno);
   if (close(std::exchange(m_descriptor, -1)) != 0) return fail(errno);
-  if (std::rename(m_temporary.c_str(), m_target.c_str()) != 0) return fail(errno);
+  std::error_code error;
+  std::filesystem::rename(m_temporary, m_target, error);  // replaces the target everywhere, which std::rename does not
+  if (error) return fail(error.default_error_condition().value());
   guard_temporary(nullptr);
   m_temporary.clear();
   discard();

@@ -24,7 +24,6 @@ class OutputFile {
  private:
   void open_direct();
   void open_temporary();
-  void set_permissions() const;
   bool fail(int system_error);
   void discard();
 

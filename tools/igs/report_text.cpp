@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr const char* two_spaces = "  ";
 
 void write_origin(std::ostream& out, igsLogID log, const igsError& error, const EntityTypes& types) {
   out << place_of(log, error) << two_spaces;

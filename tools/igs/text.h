@@ -20,5 +20,8 @@ std::string printable(std::string_view text);
 /// "-inf" and "nan".
 std::string format_real(double value);
 
+/// Between the columns of a report for people.
+inline constexpr const char* two_spaces = "  ";
+
 /// "1 entity", "2 entities": the count with the noun that fits it.
 std::string counted(long long count, std::string_view singular, std::string_view plural);
