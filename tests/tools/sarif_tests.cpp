@@ -25,7 +25,7 @@ Json Sarif::run_of(const Arguments& files, int status) {
   EXPECT_EQ(outcome.status, status) << outcome.err;
   file("report.sarif", outcome.out);
   const Outcome valid =
-      shell("python3 -m jsonschema -i report.sarif " + quoted(IGS_ROOT "/tests/tools/sarif_schema.json"));
+      shell("PATH=/usr/bin:$PATH python3 -m jsonschema -i report.sarif " + quoted(IGS_ROOT "/tests/tools/sarif_schema.json"));
   EXPECT_EQ(valid.status, 0) << valid.out << valid.err;
   const Json runs = Json::parse(outcome.out).at("runs");
   EXPECT_EQ(runs.size(), 1U);

@@ -1,6 +1,8 @@
 #include "jobs.h"
 
+#if !defined(_WIN32)
 #include <sys/wait.h>
+#endif
 #include <unistd.h>
 
 #include <algorithm>
@@ -16,6 +18,7 @@
 
 #include "report.h"
 
+#if !defined(_WIN32)  // there one file is handled after the other
 namespace {
 
 struct CloseFile {
@@ -178,9 +181,13 @@ void JobQueue::wait_for_one() {
 }
 
 }  // namespace
+#endif
 
-std::vector<Tally> work_on_files(const std::vector<std::string>& names, std::size_t jobs, const FileWork& work) {
+std::vector<Tally> work_on_files(const std::vector<std::string>& names, [[maybe_unused]] std::size_t jobs,
+                                 const FileWork& work) {
+#if !defined(_WIN32)
   if (std::min(jobs, names.size()) > 1) return JobQueue(names, jobs, work).run();
+#endif
   std::vector<Tally> tallies;
   for (const std::string& name : names) {
     tallies.push_back(work.handle(name));
