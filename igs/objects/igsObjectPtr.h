@@ -22,6 +22,7 @@ class IGS_API igsObjectPtr {
     if (other.m_manager != nullptr) replace(other);
   }
   /// Assigning a pointer to itself registers it anew; its slot in the target's table may change.
+  // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): giving up a reference deletes nothing
   igsObjectPtr& operator=(const igsObjectPtr& other) {
     if (m_manager != nullptr || other.m_manager != nullptr) assign(other);
     return *this;
