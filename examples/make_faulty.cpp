@@ -18,7 +18,7 @@ Entity& nth(const igsFile& file, int n = 0) {
     if (n-- == 0) return static_cast<Entity&>(*entities());
   }
   std::cerr << "make_faulty: the sample has no such " << Entity::type().name() << '\n';
-  std::exit(1);
+  std::abort();
 }
 
 void spoil_curves(const igsFile& file) {

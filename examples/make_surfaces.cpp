@@ -21,7 +21,7 @@ igs128* add_rectangle() {
   for (int i = 0; i < 4; ++i) {
     surface->set_knot_u(i, i < 2 ? 0 : 60);
     surface->set_knot_v(i, i < 2 ? 0 : 40);
-    surface->set_control_point(i / 2, i % 2, giPoint3(60 * (i / 2), 40 * (i % 2), 0));
+    surface->set_control_point(i / 2, i % 2, giPoint3(i < 2 ? 0 : 60, i % 2 == 0 ? 0 : 40, 0));
     surface->set_weight(i / 2, i % 2, 1);
   }
   surface->set_parametric_limits_u(0, 60);

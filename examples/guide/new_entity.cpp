@@ -5,6 +5,7 @@
 #include "igs/errors/igsErrorClass.h"
 #include "igs/igs.h"
 #include "igs/input/igsInStream.h"
+#include "igs/objects/igsFieldVisitor.h"
 #include "igs/output/igsOutStream.h"
 
 // [error]
@@ -47,6 +48,12 @@ class Node : public igsTyped<Node, "Node", igsObject> {
     if (m_place.is_undefined()) tag<NodeWithoutPlace>();
   }
   void visit_pointers(igsPointerVisitor& visitor) override { visitor.visit(m_system); }
+  void visit_fields(igsFieldVisitor& visitor) const override {
+    visitor.real("X", m_place.x());
+    visitor.real("Y", m_place.y());
+    visitor.real("Z", m_place.z());
+    visitor.reference("System", m_system.object());
+  }
 
  private:
   giPoint3 m_place;

@@ -14,9 +14,11 @@ class IGS_API igsFieldVisitor {
  public:
   virtual ~igsFieldVisitor();
 
+  /// A number without a fraction.
   virtual void integer(const char* label, int value) = 0;
   /// -DBL_MAX was never set.
   virtual void real(const char* label, double value) = 0;
+  /// A string, without its length.
   virtual void text(const char* label, const utString& value) = 0;
   /// A pointer, whether it stands in the file as a DE number or as the negative of one; null for a null pointer.
   virtual void reference(const char* label, const igsObject* target) = 0;

@@ -141,8 +141,9 @@ TEST(Number, RoundsToTheNearestDouble) {
   std::mt19937_64 random(11);
   for (int i = 0; i < 30000; ++i) {
     std::string digits = std::to_string(random());
-    digits.resize(std::min<std::size_t>(digits.size(), 15 + random() % 5));
-    expect_as_in_c(digits.insert(random() % 15, 1, '.') + 'e' + std::to_string(static_cast<int>(random() % 700) - 360));
+    digits.resize(std::min(digits.size(), static_cast<std::size_t>(15 + random() % 5)));
+    expect_as_in_c(digits.insert(static_cast<std::size_t>(random() % 15), 1, '.') + 'e' +
+                   std::to_string(static_cast<int>(random() % 700) - 360));
 
     const double value = std::abs(std::bit_cast<double>(random()));
     if (!std::isfinite(value)) continue;

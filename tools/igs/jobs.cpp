@@ -6,10 +6,9 @@
 
 #include "report.h"
 
-std::vector<Tally> work_on_files(const std::vector<std::string>& names, std::size_t jobs, const FileWork& work) {
-#if defined(_WIN32)
-  static_cast<void>(jobs);  // processes cannot be forked
-#else
+std::vector<Tally> work_on_files(const std::vector<std::string>& names, [[maybe_unused]] std::size_t jobs,
+                                 const FileWork& work) {
+#if !defined(_WIN32)
   if (std::min(jobs, names.size()) > 1) return work_in_processes(names, jobs, work);
 #endif
   std::vector<Tally> tallies;
