@@ -107,7 +107,7 @@ class CommandLine {
   std::size_t max_errors() const;
   void apply_settings() const;
 
-  CLI::App m_app{"Reads, checks, repairs and writes IGES files.", "igs"};
+  CLI::App m_app{"Reads, checks, repairs and writes IGES files", "igs"};
   InfoOptions m_info;
   CheckOptions m_check;
   RepairOptions m_repair;
