@@ -23,8 +23,11 @@ struct FileWork {
 
 /// Does the work for every name, up to `jobs` at a time in processes of their own, so that a breakdown stays with its
 /// file. What they print comes out whole and in the order of the names; until its turn has come it waits in a temporary
-/// file. Returns the tallies in that order, fewer when standard output fails.
+/// file. Returns the tallies in that order, fewer when standard output fails. On Windows one file comes after the
+/// other.
 std::vector<Tally> work_on_files(const std::vector<std::string>& names, std::size_t jobs, const FileWork& work);
+/// The same for more than one file and one job; not on Windows.
+std::vector<Tally> work_in_processes(const std::vector<std::string>& names, std::size_t jobs, const FileWork& work);
 /// The highest status; exit_failed when standard output cannot take the results.
 int status_of(const std::vector<Tally>& tallies);
 /// Copies the rest of `from` to `out`.

@@ -11,8 +11,17 @@ std::string variable(const char* name) {
   return value != nullptr ? value : "";
 }
 
+/// Whether the terminals of this system take the codes for colours.
+bool has_color_codes() {
+#if defined(_WIN32)
+  return !variable("WT_SESSION").empty() || !variable("TERM").empty();  // the old console shows them as text
+#else
+  return variable("TERM") != "dumb";
+#endif
+}
+
 bool shows_colors(int descriptor) {
-  return isatty(descriptor) != 0 && variable("NO_COLOR").empty() && variable("TERM") != "dumb";
+  return isatty(descriptor) != 0 && variable("NO_COLOR").empty() && has_color_codes();
 }
 
 constexpr std::string_view code_of(Ink ink) {

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <climits>
+#include <filesystem>
 #include <optional>
 #include <ostream>
 #include <unordered_map>
@@ -18,8 +19,11 @@ namespace {
 std::string uri_of(const std::string& name) {
   constexpr std::string_view plain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
   constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string uri = name.starts_with('/') ? "file://" : "";
-  for (const char c : name) {
+  const std::filesystem::path path(name);
+  const std::string parts = path.generic_string();
+  std::string uri = path.is_absolute() ? "file://" : "";
+  if (path.is_absolute() && !parts.starts_with('/')) uri += '/';  // a drive letter
+  for (const char c : parts) {
     const auto byte = static_cast<unsigned char>(c);
     if (plain.find(c) != std::string_view::npos) {
       uri += c;
