@@ -30,7 +30,10 @@ endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/igs.pc.in ${PROJECT_BINARY_DIR}/igs.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/igs.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
-set(igs_manual ${PROJECT_SOURCE_DIR}/docs/man/igs.1)
-if(IGS_BUILD_TOOL AND EXISTS ${igs_manual})
-  install(FILES ${igs_manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT igs_tool)
+if(IGS_BUILD_TOOL)
+  install(FILES ${PROJECT_SOURCE_DIR}/docs/man/igs.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT igs_tool)
+  set(igs_completion ${PROJECT_SOURCE_DIR}/tools/completion)
+  install(FILES ${igs_completion}/igs.bash RENAME igs
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT igs_tool)
+  install(FILES ${igs_completion}/_igs DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT igs_tool)
 endif()

@@ -9,7 +9,6 @@ namespace {
 
 using Kind = Difference::Kind;
 
-
 std::string entity_text(const igsObject& entity) {
   return "DE " + std::to_string(entity.de_number()) + " (" +
          std::to_string(static_cast<int>(entity.directory_entry().entity_type())) + ')';

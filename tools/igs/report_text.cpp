@@ -8,7 +8,6 @@
 
 namespace {
 
-
 void write_origin(std::ostream& out, igsLogID log, const igsError& error, const EntityTypes& types) {
   out << place_of(log, error) << two_spaces;
   const std::optional<int> de = de_number(error);
