@@ -169,13 +169,16 @@ bool convert_exactly(const DecimalMantissa& mantissa, std::int64_t exponent, dou
 // The mantissa times a power of ten that is known to 128 bits: false where that does not tell on which side of a tie
 // between two doubles the value lies, and for values next to 0 or beyond the largest double.
 bool convert_closely(const DecimalMantissa& mantissa, std::int64_t exponent, double& value) {
-  using namespace igs_power_of_ten;
-  if (mantissa.digits > max_digits || mantissa.value == 0 || exponent < min_power || exponent > max_power) return false;
+  namespace powers = igs_power_of_ten;
+  using powers::uint128;
+  if (mantissa.digits > max_digits || mantissa.value == 0 || exponent < powers::min_power ||
+      exponent > powers::max_power)
+    return false;
   const auto power = static_cast<int>(exponent);
   const int shift = std::countl_zero(mantissa.value);
-  const uint128 product = high_bits_of_product(mantissa.value << shift, igs_power_of_ten::mantissa(power));
+  const uint128 product = powers::high_bits_of_product(mantissa.value << shift, powers::mantissa(power));
   const int first_bit = static_cast<std::int64_t>(product >> 64) < 0 ? 127 : 126;
-  int binary_exponent = first_bit + 64 - 127 - shift + log2(power);
+  int binary_exponent = first_bit + 64 - 127 - shift + powers::log2(power);
   if (binary_exponent < DBL_MIN_EXP - 1 || binary_exponent >= DBL_MAX_EXP - 1) return false;
 
   const int dropped_bits = first_bit - (DBL_MANT_DIG - 1);

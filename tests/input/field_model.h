@@ -168,7 +168,7 @@ class FieldModel {
     if (number.find_first_of("xXnNiI") != std::string::npos) return value * std::pow(10., static_cast<double>(d));
     const std::size_t mantissa = std::min(number.find_first_of("eE"), number.size());
     constexpr long long huge = 1LL << 60;  // as good as infinite, and its sum with a D exponent is a number
-    const long long e = mantissa == number.size() ? 0 : std::atoll(number.c_str() + mantissa + 1);
+    const long long e = mantissa == number.size() ? 0 : std::strtoll(number.c_str() + mantissa + 1, nullptr, 10);
     return std::strtod((number.substr(0, mantissa) + "E" + std::to_string(std::clamp(e, -huge, huge) + d)).c_str(),
                        nullptr);
   }

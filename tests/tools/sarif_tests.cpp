@@ -24,8 +24,8 @@ Json Sarif::run_of(const Arguments& files, int status) {
   const Outcome outcome = igs(call);
   EXPECT_EQ(outcome.status, status) << outcome.err;
   file("report.sarif", outcome.out);
-  const Outcome valid =
-      shell("PATH=/usr/bin:$PATH python3 -m jsonschema -i report.sarif " + quoted(IGS_ROOT "/tests/tools/sarif_schema.json"));
+  const Outcome valid = shell("PATH=/usr/bin:$PATH python3 -m jsonschema -i report.sarif " +
+                              quoted(IGS_ROOT "/tests/tools/sarif_schema.json"));
   EXPECT_EQ(valid.status, 0) << valid.out << valid.err;
   const Json runs = Json::parse(outcome.out).at("runs");
   EXPECT_EQ(runs.size(), 1U);
