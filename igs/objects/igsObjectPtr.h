@@ -27,6 +27,7 @@ class IGS_API igsObjectPtr {
     if (m_manager != nullptr || other.m_manager != nullptr) assign(other);
     return *this;
   }
+  /// Takes the place of `other` in the target's table; `other` becomes null.
   igsObjectPtr& operator=(igsObjectPtr&& other) noexcept {
     if (this == &other) return *this;
     if (m_manager != nullptr) release();
