@@ -2,7 +2,7 @@
 //   make_bracket > bracket.igs
 #include <iostream>
 
-#include "igs/geometry/igs124.h"
+#include "igs/curves/igs124.h"
 #include "igs/igs.h"
 
 namespace {

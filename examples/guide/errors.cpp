@@ -2,7 +2,7 @@
 #include <fstream>
 #include <iostream>
 
-#include "igs/geometry/igs110_errors.h"
+#include "igs/curves/igs110_errors.h"
 #include "igs/igs.h"
 #include "igs/objects/igsCast.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "igs/curves/igsPlanarPoints.h"
 #include "igs/errors/igsError.h"
-#include "igs/geometry/igsPlanarPoints.h"
 #include "igs/objects/igsAnnotation.h"
 
 /// Base of the Copious Data (IGES 5.3, type 106) of which drawings consist: planar points and what is drawn between

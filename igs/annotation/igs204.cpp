@@ -1,8 +1,8 @@
 #include "igs/annotation/igs204.h"
 
 #include "igs/annotation/igsDimensionCheck.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/objects/igsCurve.h"
-#include "igs/objects/igsEntityFields.h"
 
 igs204::igs204() { set_directory_entry_type(igsEntity204, 0); }
 

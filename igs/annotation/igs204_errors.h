@@ -1,6 +1,6 @@
 #pragma once
 
-#include "igs/errors/igsNamedError.h"
+#include "igs/fields/igsNamedError.h"
 
 // See igsNamedError.h for what each family of errors says.
 

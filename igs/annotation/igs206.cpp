@@ -1,7 +1,7 @@
 #include "igs/annotation/igs206.h"
 
 #include "igs/annotation/igsDimensionCheck.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 
 igs206::igs206() { set_directory_entry_type(igsEntity206, 0); }
 

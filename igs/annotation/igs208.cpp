@@ -2,7 +2,7 @@
 
 #include "igs/annotation/igs208_errors.h"
 #include "igs/annotation/igsDimensionCheck.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 
 igs208::igs208() { set_directory_entry_type(igsEntity208, 0); }
 

@@ -3,7 +3,7 @@
 #include "igs/annotation/igs208_errors.h"
 #include "igs/annotation/igs210_errors.h"
 #include "igs/annotation/igsDimensionCheck.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 
 igs210::igs210() { set_directory_entry_type(igsEntity210, 0); }
 

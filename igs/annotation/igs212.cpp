@@ -1,7 +1,7 @@
 #include "igs/annotation/igs212.h"
 
 #include "igs/annotation/igs212_errors.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/output/igsEncoder.h"
 #include "igs/structure/igsTextStyleCheck.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "igs/errors/igsNamedError.h"
+#include "igs/fields/igsNamedError.h"
 
 // Faults of a General Note (igs212). Those of a string carry its position first, 0-based.
 

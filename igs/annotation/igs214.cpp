@@ -1,7 +1,7 @@
 #include "igs/annotation/igs214.h"
 
 #include "igs/annotation/igs214_errors.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 
 igs214::igs214() { set_directory_entry_type(igsEntity214, 1); }
 

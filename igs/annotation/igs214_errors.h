@@ -1,6 +1,6 @@
 #pragma once
 
-#include "igs/errors/igsNamedError.h"
+#include "igs/fields/igsNamedError.h"
 
 // Faults of a Leader (igs214).
 

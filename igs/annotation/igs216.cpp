@@ -1,7 +1,7 @@
 #include "igs/annotation/igs216.h"
 
 #include "igs/annotation/igsDimensionCheck.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 
 igs216::igs216() { set_directory_entry_type(igsEntity216, 0); }
 

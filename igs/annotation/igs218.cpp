@@ -1,7 +1,7 @@
 #include "igs/annotation/igs218.h"
 
 #include "igs/annotation/igsDimensionCheck.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 
 igs218::igs218() { set_directory_entry_type(igsEntity218, 0); }
 

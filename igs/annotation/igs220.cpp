@@ -1,10 +1,10 @@
 #include "igs/annotation/igs220.h"
 
 #include "igs/annotation/igsDimensionCheck.h"
-#include "igs/geometry/igs100.h"
-#include "igs/geometry/igs102.h"
-#include "igs/geometry/igsSimpleClosedPlanarCurve.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/curves/igs100.h"
+#include "igs/curves/igs102.h"
+#include "igs/curves/igsSimpleClosedPlanarCurve.h"
+#include "igs/fields/igsEntityFields.h"
 
 igs220::igs220() { set_directory_entry_type(igsEntity220, 0); }
 

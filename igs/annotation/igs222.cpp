@@ -1,7 +1,7 @@
 #include "igs/annotation/igs222.h"
 
 #include "igs/annotation/igsDimensionCheck.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 
 igs222::igs222() { set_directory_entry_type(igsEntity222, 0); }
 

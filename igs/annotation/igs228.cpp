@@ -2,7 +2,7 @@
 
 #include "igs/annotation/igs228_errors.h"
 #include "igs/annotation/igsDimensionCheck.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 
 igs228::igs228() { set_directory_entry_type(igsEntity228, 0); }
 

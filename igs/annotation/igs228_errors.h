@@ -1,7 +1,7 @@
 #pragma once
 
 #include "igs/annotation/igs228.h"
-#include "igs/errors/igsMemberErrors.h"
+#include "igs/fields/igsMemberErrors.h"
 
 // See igsNamedError.h and igsMemberErrors.h for what each family of errors says.
 

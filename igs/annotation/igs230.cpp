@@ -1,9 +1,9 @@
 #include "igs/annotation/igs230.h"
 
 #include "igs/annotation/igs230_errors.h"
+#include "igs/fields/igsEntityFields.h"
+#include "igs/fields/igsReferenceTest.h"
 #include "igs/objects/igsCurve.h"
-#include "igs/objects/igsEntityFields.h"
-#include "igs/objects/igsReferenceTest.h"
 
 igs230::igs230() { set_directory_entry_type(igsEntity230, 0); }
 

@@ -4,10 +4,10 @@
 #include <utility>
 #include <vector>
 
+#include "igs/fields/igsBoundedList.h"
+#include "igs/fields/igsEntity.h"
+#include "igs/fields/igsReferenceList.h"
 #include "igs/objects/igsAnnotation.h"
-#include "igs/objects/igsBoundedList.h"
-#include "igs/objects/igsEntity.h"
-#include "igs/objects/igsReferenceList.h"
 #include "igs/support/giPoint.h"
 
 class igs230BadNumIslands;

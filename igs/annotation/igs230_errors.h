@@ -1,10 +1,10 @@
 #pragma once
 
 #include "igs/annotation/igs230.h"
-#include "igs/errors/igsMemberErrors.h"
-#include "igs/errors/igsNamedError.h"
-#include "igs/errors/igsStoredDefault.h"
-#include "igs/geometry/igsCurveConversion.h"
+#include "igs/curves/igsCurveConversion.h"
+#include "igs/fields/igsMemberErrors.h"
+#include "igs/fields/igsNamedError.h"
+#include "igs/fields/igsStoredDefault.h"
 
 // Faults of a Sectioned Area (igs230). Those of an island carry its position, 0-based, at the time of the check.
 

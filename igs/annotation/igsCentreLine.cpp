@@ -1,6 +1,6 @@
 #include "igs/annotation/igsCentreLine.h"
 
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 
 igsCentreLine::igsCentreLine() { set_directory_entry_type(igsEntity106, 20); }
 

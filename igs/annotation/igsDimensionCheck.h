@@ -6,8 +6,8 @@
 #include "igs/annotation/igs214.h"
 #include "igs/annotation/igsDimension.h"
 #include "igs/annotation/igsWitnessLine.h"
-#include "igs/errors/igsMemberErrors.h"
-#include "igs/objects/igsReferenceTest.h"
+#include "igs/fields/igsMemberErrors.h"
+#include "igs/fields/igsReferenceTest.h"
 
 // What dimensions check. Private to the library: included by their source files.
 

@@ -1,6 +1,6 @@
 #include "igs/annotation/igsSection.h"
 
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 
 igsSection::igsSection() { set_directory_entry_type(igsEntity106, 31); }
 

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "igs/annotation/igsWitnessLine_errors.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/support/coResourceTable.h"
 
 igsWitnessLine::igsWitnessLine() { set_directory_entry_type(igsEntity106, 40); }

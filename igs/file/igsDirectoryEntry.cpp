@@ -4,11 +4,11 @@
 #include <cstddef>
 #include <string_view>
 
+#include "igs/catalogue/igsInfoDB.h"
+#include "igs/curves/igs124.h"
 #include "igs/file/igsDE_errors.h"
 #include "igs/file/igsFile.h"
-#include "igs/geometry/igs124.h"
 #include "igs/input/record.h"
-#include "igs/objects/igsInfoDB.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/output/fixedColumns.h"

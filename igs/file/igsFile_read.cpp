@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "igs/catalogue/igsInfoDB.h"
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsEntityPool.h"
 #include "igs/file/igsFile.h"
@@ -10,7 +11,6 @@
 #include "igs/file/igsObjectSystem.h"
 #include "igs/input/igsInStream.h"
 #include "igs/input/record.h"
-#include "igs/objects/igsInfoDB.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/objects/igsPlaceholders.h"

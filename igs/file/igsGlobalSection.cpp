@@ -4,12 +4,12 @@
 #include <cfloat>
 #include <cmath>
 
+#include "igs/catalogue/igsInfoDB.h"
 #include "igs/errors/igsErrorLog.h"
 #include "igs/file/igsFile.h"
 #include "igs/file/igsGlobalSection_errors.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/input/igsInStream.h"
-#include "igs/objects/igsInfoDB.h"
 #include "igs/output/igsOutStream.h"
 #include "igs/support/utOstream.h"
 

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "igs/catalogue/igsFactory.h"
+#include "igs/catalogue/igsInfoDB.h"
 #include "igs/errors/igsError.h"
 #include "igs/errors/igsErrorLog.h"
 #include "igs/file/igsDirectoryEntry.h"
@@ -9,9 +11,7 @@
 #include "igs/file/igsFile_errors.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/input/igsInStream.h"
-#include "igs/objects/igsFactory.h"
 #include "igs/objects/igsFieldVisitor.h"
-#include "igs/objects/igsInfoDB.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/output/igsOutStream.h"
 #include "igs/support/utOstream.h"

@@ -1,6 +1,6 @@
 #include "igs/structure/igs304_1.h"
 
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/structure/igs304_1_errors.h"
 #include "igs/structure/igs308.h"
 

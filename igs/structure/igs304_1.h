@@ -1,6 +1,6 @@
 #pragma once
 
-#include "igs/objects/igsEntity.h"
+#include "igs/fields/igsEntity.h"
 #include "igs/objects/igsStructure.h"
 #include "igs/support/undefined.h"
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/structure/igs304_2_errors.h"
 
 igs304_2::igs304_2() { set_directory_entry_type(igsEntity304, 2); }

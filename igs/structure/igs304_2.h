@@ -2,9 +2,9 @@
 
 #include <vector>
 
-#include "igs/objects/igsBoundedList.h"
-#include "igs/objects/igsEntity.h"
-#include "igs/objects/igsListAccess.h"
+#include "igs/fields/igsBoundedList.h"
+#include "igs/fields/igsEntity.h"
+#include "igs/fields/igsListAccess.h"
 #include "igs/objects/igsStructure.h"
 #include "igs/support/undefined.h"
 #include "igs/support/utString.h"

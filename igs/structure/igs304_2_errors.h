@@ -1,6 +1,6 @@
 #pragma once
 
-#include "igs/errors/igsNamedError.h"
+#include "igs/fields/igsNamedError.h"
 
 // Faults of a Line Font Definition of form 2 (igs304_2).
 

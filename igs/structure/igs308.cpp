@@ -1,7 +1,7 @@
 #include "igs/structure/igs308.h"
 
-#include "igs/objects/igsEntityFields.h"
-#include "igs/objects/igsReferenceTest.h"
+#include "igs/fields/igsEntityFields.h"
+#include "igs/fields/igsReferenceTest.h"
 #include "igs/structure/igs308_errors.h"
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "igs/objects/igsCompound.h"
-#include "igs/objects/igsEntity.h"
+#include "igs/fields/igsEntity.h"
+#include "igs/structure/igsCompound.h"
 #include "igs/support/utString.h"
 
 class igs308BadNumEntities;

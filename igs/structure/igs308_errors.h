@@ -1,8 +1,9 @@
 #pragma once
 
-#include "igs/errors/igsNamedError.h"
-#include "igs/errors/igsStoredDefault.h"
+#include "igs/fields/igsNamedError.h"
+#include "igs/fields/igsStoredDefault.h"
 #include "igs/structure/igs308.h"
+#include "igs/structure/igsCompound_errors.h"
 
 // Faults of a Subfigure Definition (igs308). Positions of members are 0-based, as they were when it was checked.
 

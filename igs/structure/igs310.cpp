@@ -1,7 +1,7 @@
 #include "igs/structure/igs310.h"
 
-#include "igs/objects/igsEntityFields.h"
-#include "igs/objects/igsReferenceTest.h"
+#include "igs/fields/igsEntityFields.h"
+#include "igs/fields/igsReferenceTest.h"
 #include "igs/structure/igs310_errors.h"
 
 igs310::igs310() { set_directory_entry_type(igsEntity310, 0); }

@@ -2,10 +2,10 @@
 
 #include <vector>
 
+#include "igs/fields/igsBoundedList.h"
+#include "igs/fields/igsEntity.h"
+#include "igs/fields/igsListAccess.h"
 #include "igs/file/igsDEAttribute.h"
-#include "igs/objects/igsBoundedList.h"
-#include "igs/objects/igsEntity.h"
-#include "igs/objects/igsListAccess.h"
 #include "igs/objects/igsStructure.h"
 
 class igs310BadNumCharacters;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "igs/errors/igsNamedError.h"
+#include "igs/fields/igsNamedError.h"
 
 // Faults of a Text Font Definition (igs310). Positions of characters and of their pen motions are 0-based.
 

@@ -1,6 +1,6 @@
 #include "igs/structure/igs312.h"
 
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/structure/igs312_errors.h"
 #include "igs/structure/igsTextStyleCheck.h"
 

@@ -1,6 +1,6 @@
 #include "igs/structure/igs314.h"
 
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/structure/igs314_errors.h"
 
 namespace {

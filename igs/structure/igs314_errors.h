@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "igs/errors/igsNamedError.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/objects/igsCast.h"
 #include "igs/structure/igs314.h"
 

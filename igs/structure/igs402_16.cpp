@@ -1,7 +1,7 @@
 #include "igs/structure/igs402_16.h"
 
-#include "igs/geometry/igs124.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/curves/igs124.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/structure/igs402_16_errors.h"
 #include "igs/structure/igsGroup_errors.h"
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "igs/objects/igsListAccess.h"
+#include "igs/fields/igsListAccess.h"
 #include "igs/structure/igsGroup.h"
 
 class igs402_16BadNumEntities;

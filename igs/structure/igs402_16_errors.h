@@ -1,7 +1,7 @@
 #pragma once
 
-#include "igs/errors/igsNamedError.h"
-#include "igs/errors/igsStoredDefault.h"
+#include "igs/fields/igsNamedError.h"
+#include "igs/fields/igsStoredDefault.h"
 #include "igs/structure/igs402_16.h"
 
 // Faults of a planar associativity (igs402_16) beside those of every group (igsGroup_errors.h).

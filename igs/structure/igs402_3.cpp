@@ -1,6 +1,6 @@
 #include "igs/structure/igs402_3.h"
 
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/structure/igs402_3_errors.h"
 #include "igs/structure/igs410_0.h"
 

@@ -3,8 +3,8 @@
 #include <utility>
 #include <vector>
 
-#include "igs/objects/igsCompound.h"
-#include "igs/objects/igsEntity.h"
+#include "igs/fields/igsEntity.h"
+#include "igs/structure/igsCompound.h"
 
 class igs402_3BadNumEntities;
 class igs402_3BadNumViews;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "igs/errors/igsMemberErrors.h"
+#include "igs/fields/igsMemberErrors.h"
 #include "igs/structure/igs402_3.h"
 
 // Faults of a views visible associativity (igs402_3). See igsMemberErrors.h for the positions of views and members.

@@ -1,7 +1,7 @@
 #include "igs/structure/igs404.h"
 
+#include "igs/fields/igsEntityFields.h"
 #include "igs/file/igsDirectoryEntry.h"
-#include "igs/objects/igsEntityFields.h"
 #include "igs/structure/igs404_errors.h"
 #include "igs/structure/igs410_0.h"
 

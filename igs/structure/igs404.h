@@ -4,10 +4,10 @@
 #include <utility>
 #include <vector>
 
-#include "igs/objects/igsCompound.h"
-#include "igs/objects/igsEntity.h"
-#include "igs/objects/igsIndexedList.h"
-#include "igs/objects/igsListAccess.h"
+#include "igs/fields/igsEntity.h"
+#include "igs/fields/igsIndexedList.h"
+#include "igs/fields/igsListAccess.h"
+#include "igs/structure/igsCompound.h"
 #include "igs/support/giPoint.h"
 #include "igs/support/undefined.h"
 

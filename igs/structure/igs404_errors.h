@@ -1,6 +1,7 @@
 #pragma once
 
-#include "igs/errors/igsNamedError.h"
+#include "igs/fields/igsNamedError.h"
+#include "igs/structure/igsCompound_errors.h"
 
 // Faults of a drawing (igs404). Positions of views and members are 0-based, as they were when it was checked.
 

@@ -1,6 +1,6 @@
 #include "igs/structure/igs408.h"
 
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/structure/igs308.h"
 #include "igs/structure/igs408_errors.h"
 

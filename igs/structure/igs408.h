@@ -1,7 +1,7 @@
 #pragma once
 
+#include "igs/fields/igsEntity.h"
 #include "igs/objects/igsDefinition.h"
-#include "igs/objects/igsEntity.h"
 #include "igs/support/giPoint.h"
 
 /// Singular Subfigure Instance (IGES 5.3, type 408): a subfigure definition (igs308), scaled about its origin and then

@@ -1,8 +1,8 @@
 #include "igs/structure/igs410_0.h"
 
-#include "igs/geometry/igs108.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/structure/igs410_0_errors.h"
+#include "igs/surfaces/igs108.h"
 
 namespace {
 using PlaneTest = igsReferenceTest<igsNullIsLegal, igs410_0WrongPlaneType, igs410_0InvalidPlane>;

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "igs/fields/igsEntity.h"
 #include "igs/objects/igsDefinition.h"
-#include "igs/objects/igsEntity.h"
 #include "igs/support/undefined.h"
 
 /// Orthographic Parallel View (IGES 5.3, type 410 form 0): a projection on the XY plane of the space that the entity's

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "igs/errors/igsNamedError.h"
-#include "igs/errors/igsStoredDefault.h"
+#include "igs/fields/igsNamedError.h"
+#include "igs/fields/igsStoredDefault.h"
 #include "igs/structure/igs410_0.h"
 
 // Faults of a view (igs410_0). Those of its number are found by the file, which knows the other views; they carry the

@@ -1,6 +1,6 @@
 #include "igs/structure/igs416.h"
 
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/structure/igs416_errors.h"
 
 igs416::igs416() { set_directory_entry_type(igsEntity416, 1); }

@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "igs/fields/igsEntity.h"
 #include "igs/objects/igsDefinition.h"
-#include "igs/objects/igsEntity.h"
 #include "igs/support/utString.h"
 
 /// External Reference (IGES 5.3, type 416 form 1): another file as a whole. The library never opens it.

@@ -1,6 +1,6 @@
 #include "igs/structure/igsGroup.h"
 
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 #include "igs/structure/igsGroup_errors.h"
 
 igsGroup::igsGroup() { set_directory_entry_type(igsEntity402, 15); }

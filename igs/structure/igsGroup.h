@@ -1,7 +1,7 @@
 #pragma once
 
-#include "igs/objects/igsCompound.h"
-#include "igs/objects/igsEntity.h"
+#include "igs/fields/igsEntity.h"
+#include "igs/structure/igsCompound.h"
 
 class igsGroupBadNumEntities;
 

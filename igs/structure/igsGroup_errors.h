@@ -1,6 +1,6 @@
 #pragma once
 
-#include "igs/errors/igsMemberErrors.h"
+#include "igs/fields/igsMemberErrors.h"
 #include "igs/structure/igsGroup.h"
 
 // Faults of the groups (igsGroup, igs402_1, igs402_7, igs402_16). See igsMemberErrors.h for the

@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "igs/objects/igsReferenceTest.h"
+#include "igs/fields/igsReferenceTest.h"
 #include "igs/structure/igs310.h"
 #include "igs/structure/igsTextStyle.h"
 

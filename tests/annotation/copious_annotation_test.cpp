@@ -8,7 +8,7 @@
 #include "igs/annotation/igsCentreLine_errors.h"
 #include "igs/annotation/igsSection_errors.h"
 #include "igs/annotation/igsWitnessLine_errors.h"
-#include "igs/geometry/igsSimpleClosedPlanarCurve_errors.h"
+#include "igs/curves/igsSimpleClosedPlanarCurve_errors.h"
 
 namespace igs_test {
 namespace {

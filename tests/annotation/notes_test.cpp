@@ -7,7 +7,7 @@
 #include "igs/annotation/igs212.h"
 #include "igs/annotation/igs214.h"
 #include "igs/annotation/igs230.h"
-#include "igs/geometry/igs110.h"
+#include "igs/curves/igs110.h"
 #include "igs/structure/igs310.h"
 #include "objects/test_node.h"
 #include "record_model.h"

@@ -14,6 +14,7 @@
 #include "errors/test_errors.h"
 #include "iges_builder.h"
 #include "igs/file/igsFile.h"
+#include "igs/structure/igsCompound_errors.h"
 #include "objects/test_node.h"
 
 namespace {

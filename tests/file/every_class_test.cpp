@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "iges_builder.h"
+#include "igs/catalogue/igsFactory.h"
+#include "igs/catalogue/igsInfoDB.h"
 #include "igs/file/igsDirectoryEntry.h"
-#include "igs/objects/igsFactory.h"
-#include "igs/objects/igsInfoDB.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsPlaceholders.h"
 

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "iges_builder.h"
+#include "igs/curves/igs116.h"
 #include "igs/file/igsFile.h"
-#include "igs/geometry/igs116.h"
 #include "objects/test_node.h"
 
 namespace {

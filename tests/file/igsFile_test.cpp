@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "iges_builder.h"
+#include "igs/curves/igs110.h"
+#include "igs/curves/igs116.h"
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile_errors.h"
 #include "igs/file/igsObjectSystem.h"
-#include "igs/geometry/igs110.h"
-#include "igs/geometry/igs116.h"
 #include "igs/objects/igsCurve.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/support/coResourceTable.h"

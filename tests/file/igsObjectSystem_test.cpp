@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "iges_builder.h"
+#include "igs/curves/igs110.h"
 #include "igs/file/igsFile.h"
 #include "igs/file/igsFile_errors.h"
-#include "igs/geometry/igs110.h"
 #include "igs/objects/igsObjectManager.h"
 #include "objects/test_node.h"
 

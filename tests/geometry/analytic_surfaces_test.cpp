@@ -6,18 +6,18 @@
 #include <set>
 
 #include "geometry/geometry_fixture.h"
-#include "igs/geometry/igs116.h"
-#include "igs/geometry/igs123.h"
-#include "igs/geometry/igs190.h"
-#include "igs/geometry/igs190_errors.h"
-#include "igs/geometry/igs192.h"
-#include "igs/geometry/igs192_errors.h"
-#include "igs/geometry/igs194.h"
-#include "igs/geometry/igs194_errors.h"
-#include "igs/geometry/igs196.h"
-#include "igs/geometry/igs196_errors.h"
-#include "igs/geometry/igs198.h"
-#include "igs/geometry/igs198_errors.h"
+#include "igs/curves/igs116.h"
+#include "igs/curves/igs123.h"
+#include "igs/surfaces/igs190.h"
+#include "igs/surfaces/igs190_errors.h"
+#include "igs/surfaces/igs192.h"
+#include "igs/surfaces/igs192_errors.h"
+#include "igs/surfaces/igs194.h"
+#include "igs/surfaces/igs194_errors.h"
+#include "igs/surfaces/igs196.h"
+#include "igs/surfaces/igs196_errors.h"
+#include "igs/surfaces/igs198.h"
+#include "igs/surfaces/igs198_errors.h"
 
 namespace igs_test {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "geometry/geometry_fixture.h"
 #include "igs/errors/igsErrorClass.h"
-#include "igs/objects/igsEntityFields.h"
+#include "igs/fields/igsEntityFields.h"
 
 namespace igs_test {
 namespace {

@@ -1,4 +1,4 @@
-#include "igs/geometry/igs100.h"
+#include "igs/curves/igs100.h"
 
 #include <gtest/gtest.h>
 

@@ -1,15 +1,15 @@
-#include "igs/geometry/igs102.h"
+#include "igs/curves/igs102.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "geometry/geometry_fixture.h"
-#include "igs/geometry/igs110.h"
-#include "igs/geometry/igs116.h"
-#include "igs/geometry/igs124.h"
-#include "igs/geometry/igsPointset.h"
-#include "igs/geometry/igsPolyline.h"
+#include "igs/curves/igs110.h"
+#include "igs/curves/igs116.h"
+#include "igs/curves/igs124.h"
+#include "igs/curves/igsPointset.h"
+#include "igs/curves/igsPolyline.h"
 #include "objects/test_node.h"
 
 namespace igs_test {

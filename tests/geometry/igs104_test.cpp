@@ -1,4 +1,4 @@
-#include "igs/geometry/igs104.h"
+#include "igs/curves/igs104.h"
 
 #include <gtest/gtest.h>
 

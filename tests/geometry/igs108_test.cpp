@@ -1,4 +1,4 @@
-#include "igs/geometry/igs108.h"
+#include "igs/surfaces/igs108.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "igs/geometry/igs124.h"
+#include "igs/curves/igs124.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <limits>
 
 #include "geometry/geometry_fixture.h"
-#include "igs/geometry/igs116.h"
+#include "igs/curves/igs116.h"
 #include "igs/support/giVector.h"
 
 namespace igs_test {

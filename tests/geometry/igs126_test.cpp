@@ -1,4 +1,4 @@
-#include "igs/geometry/igs126.h"
+#include "igs/curves/igs126.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "igs/geometry/igs128.h"
+#include "igs/surfaces/igs128.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The lists of the boundary representation entities, their records and what these print.
 
-#include "igs/geometry/igs508.h"
+#include "igs/solids/igs508.h"
 
 #include <gtest/gtest.h>
 
@@ -9,12 +9,12 @@
 
 #include "geometry/geometry_fixture.h"
 #include "geometry/solid_text.h"
-#include "igs/geometry/igs110.h"
-#include "igs/geometry/igs186.h"
-#include "igs/geometry/igs502.h"
-#include "igs/geometry/igs504.h"
-#include "igs/geometry/igs510.h"
-#include "igs/geometry/igs514.h"
+#include "igs/curves/igs110.h"
+#include "igs/solids/igs186.h"
+#include "igs/solids/igs502.h"
+#include "igs/solids/igs504.h"
+#include "igs/solids/igs510.h"
+#include "igs/solids/igs514.h"
 
 namespace igs_test {
 namespace {

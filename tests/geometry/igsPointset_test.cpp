@@ -1,6 +1,6 @@
 // Copious data as point sets and polylines.
 
-#include "igs/geometry/igsPointset.h"
+#include "igs/curves/igsPointset.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include <limits>
 
 #include "geometry/geometry_fixture.h"
-#include "igs/geometry/igsPolyline.h"
+#include "igs/curves/igsPolyline.h"
 
 namespace igs_test {
 namespace {

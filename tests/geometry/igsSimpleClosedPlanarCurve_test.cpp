@@ -1,9 +1,9 @@
-#include "igs/geometry/igsSimpleClosedPlanarCurve.h"
+#include "igs/curves/igsSimpleClosedPlanarCurve.h"
 
 #include <gtest/gtest.h>
 
 #include "geometry/geometry_fixture.h"
-#include "igs/geometry/igsSimpleClosedPlanarCurve_errors.h"
+#include "igs/curves/igsSimpleClosedPlanarCurve_errors.h"
 
 namespace igs_test {
 namespace {

@@ -6,8 +6,8 @@
 #include <climits>
 
 #include "geometry/spline_fixture.h"
-#include "igs/geometry/igs112.h"
-#include "igs/geometry/igs114.h"
+#include "igs/curves/igs112.h"
+#include "igs/surfaces/igs114.h"
 
 namespace igs_test {
 namespace {

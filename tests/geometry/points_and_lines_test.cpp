@@ -7,10 +7,10 @@
 #include <limits>
 
 #include "geometry/geometry_fixture.h"
-#include "igs/geometry/igs110.h"
-#include "igs/geometry/igs116.h"
-#include "igs/geometry/igs123.h"
-#include "igs/geometry/igsPolyline.h"
+#include "igs/curves/igs110.h"
+#include "igs/curves/igs116.h"
+#include "igs/curves/igs123.h"
+#include "igs/curves/igsPolyline.h"
 
 namespace igs_test {
 namespace {

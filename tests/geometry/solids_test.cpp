@@ -5,14 +5,14 @@
 
 #include "geometry/geometry_fixture.h"
 #include "geometry/solid_text.h"
+#include "igs/curves/igs110.h"
 #include "igs/file/igsObjectSystem.h"
-#include "igs/geometry/igs110.h"
-#include "igs/geometry/igs186.h"
-#include "igs/geometry/igs502.h"
-#include "igs/geometry/igs504.h"
-#include "igs/geometry/igs508.h"
-#include "igs/geometry/igs510.h"
-#include "igs/geometry/igs514.h"
+#include "igs/solids/igs186.h"
+#include "igs/solids/igs502.h"
+#include "igs/solids/igs504.h"
+#include "igs/solids/igs508.h"
+#include "igs/solids/igs510.h"
+#include "igs/solids/igs514.h"
 #include "objects/test_node.h"
 
 namespace igs_test {

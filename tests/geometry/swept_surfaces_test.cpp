@@ -4,14 +4,14 @@
 #include <gtest/gtest.h>
 
 #include "geometry/spline_fixture.h"
-#include "igs/geometry/igs110.h"
-#include "igs/geometry/igs118.h"
-#include "igs/geometry/igs120.h"
-#include "igs/geometry/igs122.h"
-#include "igs/geometry/igs130.h"
-#include "igs/geometry/igs140.h"
-#include "igs/geometry/igsPointset.h"
-#include "igs/geometry/igsPolyline.h"
+#include "igs/curves/igs110.h"
+#include "igs/curves/igs130.h"
+#include "igs/curves/igsPointset.h"
+#include "igs/curves/igsPolyline.h"
+#include "igs/surfaces/igs118.h"
+#include "igs/surfaces/igs120.h"
+#include "igs/surfaces/igs122.h"
+#include "igs/surfaces/igs140.h"
 
 namespace igs_test {
 namespace {

@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "geometry/geometry_fixture.h"
-#include "igs/geometry/igs108.h"
-#include "igs/geometry/igs110.h"
-#include "igs/geometry/igs116.h"
-#include "igs/geometry/igs141.h"
-#include "igs/geometry/igs142.h"
-#include "igs/geometry/igs143.h"
-#include "igs/geometry/igs144.h"
+#include "igs/curves/igs110.h"
+#include "igs/curves/igs116.h"
+#include "igs/surfaces/igs108.h"
+#include "igs/surfaces/igs141.h"
+#include "igs/surfaces/igs142.h"
+#include "igs/surfaces/igs143.h"
+#include "igs/surfaces/igs144.h"
 #include "objects/test_node.h"
 #include "record_model.h"
 

@@ -19,6 +19,7 @@
 
 #include "hostile_text.h"
 #include "igs/igs.h"
+#include "igs/structure/igsCompound_errors.h"
 
 namespace {
 

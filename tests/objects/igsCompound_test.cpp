@@ -1,4 +1,4 @@
-#include "igs/objects/igsCompound.h"
+#include "igs/structure/igsCompound.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "igs/objects/igsConvert.h"
+#include "igs/curves/igsConvert.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "igs/objects/igsFactory.h"
+#include "igs/catalogue/igsFactory.h"
 
 #include <gtest/gtest.h>
 

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "iges_builder.h"
+#include "igs/catalogue/igsFactory.h"
 #include "igs/file/igsDirectoryEntry.h"
-#include "igs/objects/igsFactory.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsPlaceholders.h"
 #include "igs/output/igsOutStream.h"

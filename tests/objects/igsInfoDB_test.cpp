@@ -1,4 +1,4 @@
-#include "igs/objects/igsInfoDB.h"
+#include "igs/catalogue/igsInfoDB.h"
 
 #include <gtest/gtest.h>
 

@@ -6,11 +6,11 @@
 #include <string>
 
 #include "iges_builder.h"
+#include "igs/curves/igs110.h"
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile.h"
 #include "igs/file/igsFile_errors.h"
 #include "igs/file/igsObjectSystem.h"
-#include "igs/geometry/igs110.h"
 #include "igs/objects/igsCurve.h"
 #include "igs/objects/igsObjectManager.h"
 #include "objects/test_node.h"

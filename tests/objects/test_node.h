@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "igs/errors/igsErrorClass.h"
-#include "igs/objects/igsCompound.h"
 #include "igs/objects/igsObject.h"
+#include "igs/structure/igsCompound.h"
 #include "igs/support/utOstream.h"
 
 namespace igs_test {

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "igs/geometry/igs116.h"
-#include "igs/geometry/igs142.h"
+#include "igs/curves/igs116.h"
 #include "igs/structure/igs402_1.h"
 #include "igs/structure/igs402_7.h"
 #include "igs/structure/igs408.h"
+#include "igs/surfaces/igs142.h"
 #include "objects/test_node.h"
 #include "structure/structure_fixture.h"
 

@@ -1,0 +1,218 @@
+#include "igs/catalogue/igsFactory.h"
+
+#include <climits>
+#include <iterator>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "igs/annotation/igs202.h"
+#include "igs/annotation/igs204.h"
+#include "igs/annotation/igs206.h"
+#include "igs/annotation/igs208.h"
+#include "igs/annotation/igs210.h"
+#include "igs/annotation/igs212.h"
+#include "igs/annotation/igs214.h"
+#include "igs/annotation/igs216.h"
+#include "igs/annotation/igs218.h"
+#include "igs/annotation/igs220.h"
+#include "igs/annotation/igs222.h"
+#include "igs/annotation/igs228.h"
+#include "igs/annotation/igs230.h"
+#include "igs/annotation/igsCentreLine.h"
+#include "igs/annotation/igsSection.h"
+#include "igs/annotation/igsWitnessLine.h"
+#include "igs/curves/igs100.h"
+#include "igs/curves/igs102.h"
+#include "igs/curves/igs104.h"
+#include "igs/curves/igs110.h"
+#include "igs/curves/igs112.h"
+#include "igs/curves/igs116.h"
+#include "igs/curves/igs123.h"
+#include "igs/curves/igs124.h"
+#include "igs/curves/igs126.h"
+#include "igs/curves/igs130.h"
+#include "igs/curves/igsPointset.h"
+#include "igs/curves/igsPolyline.h"
+#include "igs/curves/igsSimpleClosedPlanarCurve.h"
+#include "igs/file/igsFile.h"
+#include "igs/objects/igsObject.h"
+#include "igs/objects/igsPlaceholders.h"
+#include "igs/solids/igs186.h"
+#include "igs/solids/igs502.h"
+#include "igs/solids/igs504.h"
+#include "igs/solids/igs508.h"
+#include "igs/solids/igs510.h"
+#include "igs/solids/igs514.h"
+#include "igs/structure/igs304_1.h"
+#include "igs/structure/igs304_2.h"
+#include "igs/structure/igs308.h"
+#include "igs/structure/igs310.h"
+#include "igs/structure/igs312.h"
+#include "igs/structure/igs314.h"
+#include "igs/structure/igs402_1.h"
+#include "igs/structure/igs402_16.h"
+#include "igs/structure/igs402_3.h"
+#include "igs/structure/igs402_7.h"
+#include "igs/structure/igs404.h"
+#include "igs/structure/igs408.h"
+#include "igs/structure/igs410_0.h"
+#include "igs/structure/igs416.h"
+#include "igs/structure/igsGroup.h"
+#include "igs/surfaces/igs108.h"
+#include "igs/surfaces/igs114.h"
+#include "igs/surfaces/igs118.h"
+#include "igs/surfaces/igs120.h"
+#include "igs/surfaces/igs122.h"
+#include "igs/surfaces/igs128.h"
+#include "igs/surfaces/igs140.h"
+#include "igs/surfaces/igs141.h"
+#include "igs/surfaces/igs142.h"
+#include "igs/surfaces/igs143.h"
+#include "igs/surfaces/igs144.h"
+#include "igs/surfaces/igs190.h"
+#include "igs/surfaces/igs192.h"
+#include "igs/surfaces/igs194.h"
+#include "igs/surfaces/igs196.h"
+#include "igs/surfaces/igs198.h"
+
+namespace {
+struct Registration {
+  int type;
+  int min_form;
+  int max_form;
+  igsObject* (*make_prototype)();
+};
+
+template <class Entity>
+igsObject* make() {
+  return new Entity;
+}
+
+// Every concrete entity class of the library: type, first and last form, class. A type or form that stands in no row is
+// read as igsUnknown.
+constexpr Registration registrations[] = {
+    {-1, -INT_MAX, INT_MAX, make<igsUnknown>},        //
+    {0, -INT_MAX, INT_MAX, make<igsNull>},            //
+    {100, 0, 0, make<igs100>},                        //
+    {102, 0, 0, make<igs102>},                        //
+    {104, 0, 3, make<igs104>},                        //
+    {106, 1, 3, make<igsPointset>},                   //
+    {106, 11, 13, make<igsPolyline>},                 //
+    {106, 20, 21, make<igsCentreLine>},               //
+    {106, 31, 38, make<igsSection>},                  //
+    {106, 40, 40, make<igsWitnessLine>},              //
+    {106, 63, 63, make<igsSimpleClosedPlanarCurve>},  //
+    {108, -1, 1, make<igs108>},                       //
+    {110, 0, 0, make<igs110>},                        //
+    {112, 0, 0, make<igs112>},                        //
+    {114, 0, 0, make<igs114>},                        //
+    {116, 0, 0, make<igs116>},                        //
+    {118, 0, 1, make<igs118>},                        //
+    {120, 0, 0, make<igs120>},                        //
+    {122, 0, 0, make<igs122>},                        //
+    {123, 0, 0, make<igs123>},                        //
+    {124, 0, 1, make<igs124>},                        //
+    {126, 0, 5, make<igs126>},                        //
+    {128, 0, 9, make<igs128>},                        //
+    {130, 0, 0, make<igs130>},                        //
+    {140, 0, 0, make<igs140>},                        //
+    {141, 0, 0, make<igs141>},                        //
+    {142, 0, 0, make<igs142>},                        //
+    {143, 0, 0, make<igs143>},                        //
+    {144, 0, 0, make<igs144>},                        //
+    {186, 0, 0, make<igs186>},                        //
+    {190, 0, 0, make<igs190_0>},                      //
+    {190, 1, 1, make<igs190_1>},                      //
+    {192, 0, 0, make<igs192_0>},                      //
+    {192, 1, 1, make<igs192_1>},                      //
+    {194, 0, 0, make<igs194_0>},                      //
+    {194, 1, 1, make<igs194_1>},                      //
+    {196, 0, 0, make<igs196_0>},                      //
+    {196, 1, 1, make<igs196_1>},                      //
+    {198, 0, 0, make<igs198_0>},                      //
+    {198, 1, 1, make<igs198_1>},                      //
+    {202, 0, 0, make<igs202>},                        //
+    {204, 0, 0, make<igs204>},                        //
+    {206, 0, 0, make<igs206>},                        //
+    {208, 0, 0, make<igs208>},                        //
+    {210, 0, 0, make<igs210>},                        //
+    {212, 0, 105, make<igs212>},                      //
+    {214, 1, 12, make<igs214>},                       //
+    {216, 0, 2, make<igs216>},                        //
+    {218, 0, 1, make<igs218>},                        //
+    {220, 0, 0, make<igs220>},                        //
+    {222, 0, 1, make<igs222>},                        //
+    {228, 0, 1, make<igs228>},                        //
+    {230, 0, 0, make<igs230>},                        //
+    {304, 1, 1, make<igs304_1>},                      //
+    {304, 2, 2, make<igs304_2>},                      //
+    {308, 0, 0, make<igs308>},                        //
+    {310, 0, 0, make<igs310>},                        //
+    {312, 0, 1, make<igs312>},                        //
+    {314, 0, 0, make<igs314>},                        //
+    {402, 1, 1, make<igs402_1>},                      //
+    {402, 14, 15, make<igsGroup>},                    //
+    {402, 16, 16, make<igs402_16>},                   //
+    {402, 3, 3, make<igs402_3>},                      //
+    {402, 7, 7, make<igs402_7>},                      //
+    {404, 0, 1, make<igs404>},                        //
+    {408, 0, 0, make<igs408>},                        //
+    {410, 0, 0, make<igs410_0>},                      //
+    {416, 1, 1, make<igs416>},                        //
+    {502, 1, 1, make<igs502>},                        //
+    {504, 1, 1, make<igs504>},                        //
+    {508, 1, 1, make<igs508>},                        //
+    {510, 1, 1, make<igs510>},                        //
+    {514, 1, 1, make<igs514>},                        //
+};
+
+using ShopRegistry = std::unordered_map<int, std::vector<igsFactoryShop>>;
+}  // namespace
+
+bool igsFactory::m_making_prototypes = false;
+
+namespace {
+class MakingPrototypes {
+ public:
+  explicit MakingPrototypes(bool& flag) : m_flag(flag) { m_flag = true; }
+  ~MakingPrototypes() { m_flag = false; }
+  MakingPrototypes(const MakingPrototypes&) = delete;
+  MakingPrototypes& operator=(const MakingPrototypes&) = delete;
+
+ private:
+  bool& m_flag;
+};
+
+// Never destroyed: the prototypes live as long as the process.
+ShopRegistry& registry(bool& making_prototypes) {
+  static ShopRegistry& shops = *[&making_prototypes] {
+    const MakingPrototypes making(making_prototypes);
+    std::vector<std::unique_ptr<igsObject>> prototypes;
+    prototypes.reserve(std::size(registrations));
+    auto made = std::make_unique<ShopRegistry>();
+    for (const Registration& row : registrations) {
+      prototypes.emplace_back(row.make_prototype());
+      (*made)[row.type].emplace_back(row.min_form, row.max_form, prototypes.back().get());
+    }
+    for (auto& prototype : prototypes) static_cast<void>(prototype.release());  // the registry's from now on
+    return made.release();
+  }();
+  return shops;
+}
+}  // namespace
+
+igsFactory::igsFactory(igsEntityType type, int min_form, int max_form, igsObject* prototype) {
+  registry(m_making_prototypes)[type].emplace_back(min_form, max_form, prototype);
+  if (prototype->manager() != nullptr) prototype->file().release_prototype(prototype);
+}
+
+igsObject* igsFactory::make_one(igsEntityType type, int form) {
+  const ShopRegistry& shops = registry(m_making_prototypes);
+  if (const auto found = shops.find(type); found != shops.end()) {
+    for (const igsFactoryShop& shop : found->second) {
+      if (shop.min_form_number() <= form && form <= shop.max_form_number()) return shop.object()->make_one();
+    }
+  }
+  return new igsUnknown;
+}

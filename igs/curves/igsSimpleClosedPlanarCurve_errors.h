@@ -1,0 +1,29 @@
+#pragma once
+
+#include "igs/curves/igsSimpleClosedPlanarCurve.h"
+#include "igs/errors/igsErrorClass.h"
+
+// See igsPlanarPointsErrors.
+
+using igsSimpleClosedPlanarCurveInvalidDimensionality = igsSimpleClosedPlanarCurveErrors::InvalidDimensionality;
+using igsSimpleClosedPlanarCurveInvalidZLevel = igsSimpleClosedPlanarCurveErrors::InvalidZLevel;
+using igsSimpleClosedPlanarCurveBadNumPoints = igsSimpleClosedPlanarCurveErrors::BadNumPoints;
+using igsSimpleClosedPlanarCurveInvalidPoint = igsSimpleClosedPlanarCurveErrors::InvalidPoint;
+
+/// There are fewer than 3 points; carries their number.
+class IGS_API igsSimpleClosedPlanarCurveTooFewPoints
+    : public igsErrorClass<igsSimpleClosedPlanarCurveTooFewPoints, "igsSimpleClosedPlanarCurveTooFewPoints",
+                           igsObjectError, int> {
+ public:
+  using igsErrorClass::igsErrorClass;
+};
+
+/// The last point is farther than kelTolClosureCurve3d from the first; carries their distance.
+class IGS_API igsSimpleClosedPlanarCurveNotClosed
+    : public igsErrorClass<igsSimpleClosedPlanarCurveNotClosed, "igsSimpleClosedPlanarCurveNotClosed", igsObjectError,
+                           double> {
+ public:
+  using igsErrorClass::igsErrorClass;
+  /// Puts a copy of the first point behind the last one. 0 when there is no such curve any more.
+  int fix() override;
+};

@@ -1,0 +1,127 @@
+#pragma once
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <new>
+#include <vector>
+
+#include "igs/curves/igsGeometryChecks.h"
+#include "igs/curves/igsKnotVector.h"
+#include "igs/objects/igsObject.h"
+#include "igs/support/giPoint.h"
+
+// What the spline curves and surfaces do alike with their data. Private to the library: included by their source files.
+
+/// The next real of the record; -DBL_MAX where the record supplies none.
+double igs_read_supplied(igsInStream& in);
+/// Reads `count` reals, -DBL_MAX for those that the record does not supply. Returns 1; returns 0 for a count that
+/// cannot be believed. `read_before`: how many values the record is known to have supplied, from which the memory set
+/// aside at once follows.
+int igs_read_reals(igsInStream& in, std::int64_t count, std::vector<double>& reals, std::size_t read_before = 0);
+/// As above for points: an empty field is 0, and the points behind the record's end are undefined.
+int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& points, std::size_t read_before);
+/// Prints "label = 1(True)"; `true_value` is the value that means so, 0 or 1.
+void igs_print_flag(utOstream& os, const char* label, int value, int true_value = 1);
+/// What PROP3 holds for a rational spline: 0, and 1 for a polynomial one.
+inline constexpr int rational_means_true = 0;
+
+template <class Error, class... Values>
+void igs_tag(const igsObject& entity, Values... values) {
+  entity.tag_error(new (std::nothrow) Error(values...));
+}
+
+/// Copy element `i` out of or into `list` and return 1; return 0 where there is none.
+template <class Element>
+int igs_get(const std::vector<Element>& list, std::size_t i, Element& element) {
+  if (i >= list.size()) return 0;
+  element = list[i];
+  return 1;
+}
+template <class Element>
+int igs_set(std::vector<Element>& list, std::size_t i, const Element& element) {
+  if (i >= list.size()) return 0;
+  list[i] = element;
+  return 1;
+}
+/// The position of index `i`; beyond the end of any list when it is negative.
+inline std::size_t igs_position(int i) { return i < 0 ? SIZE_MAX : static_cast<std::size_t>(i); }
+
+/// How far weights agree with the first one.
+struct igsWeightSpread {
+  bool all_exact = true;
+  bool all_close = true;
+};
+igsWeightSpread igs_weight_spread(const std::vector<double>& weights, double tolerance);
+
+enum class igsWeightFault { none, zero, unset, negative };
+inline igsWeightFault igs_weight_fault(double weight, double tolerance) {
+  if (std::abs(weight) < tolerance) return igsWeightFault::zero;
+  if (is_undefined_real(weight)) return igsWeightFault::unset;
+  return weight < 0 ? igsWeightFault::negative : igsWeightFault::none;
+}
+
+/// Tags `entity` with the faults of the knots themselves: unset ones and those below the largest one before them.
+template <class Errors>
+void igs_check_knot_sequence(const igsObject& entity, const std::vector<double>& knots) {
+  double previous = undefined_real;
+  for (std::size_t i = 0; i < knots.size(); ++i) {
+    const double knot = knots[i];
+    if (is_undefined_real(knot)) igs_tag<typename Errors::UnsetKnot>(entity, static_cast<int>(i));
+    if (knot < previous) {
+      igs_tag<typename Errors::KnotOutOfSequence>(entity, static_cast<int>(i), knot, previous);
+    } else {
+      previous = knot;
+    }
+  }
+}
+
+/// As above for break points, which have to be apart, too: equal ones and those closer than `tolerance` are one fault
+/// of the whole list. `Errors` names the three error classes.
+template <class Errors>
+void igs_check_break_points(const igsObject& entity, const std::vector<double>& points, double tolerance) {
+  igs_check_knot_sequence<Errors>(entity, points);
+  double previous = undefined_real;
+  for (const double point : points) {
+    if (!(point >= previous)) continue;
+    if (!is_undefined_real(previous) && point - previous < tolerance) {
+      igs_tag<typename Errors::KnotsTooClose>(entity);
+      break;
+    }
+    previous = point;
+  }
+}
+
+/// Raises knot or break point `i` to `previous`, the largest one before it, and returns 1; returns 0 and changes
+/// nothing where it is not less than `tolerance` below.
+inline int igs_raise_knot(std::vector<double>& knots, int i, double previous, double tolerance) {
+  double value = 0;
+  if (igs_get(knots, igs_position(i), value) == 0 || !(previous - value < tolerance)) return 0;
+  return igs_set(knots, igs_position(i), previous);
+}
+
+/// Tags `entity` with the faults of one direction: of the knots, of the limits in respect of the range, and of the
+/// spans of the range. `Errors` names the six error classes.
+template <class Errors>
+void igs_check_knots(const igsObject& entity, const igsKnotVector& direction, double tolerance) {
+  const std::vector<double>& knots = direction.knots();
+  if (knots.empty()) return;
+  igs_check_knot_sequence<Errors>(entity, knots);
+
+  const auto first = static_cast<std::size_t>(direction.order() - 1);
+  const std::size_t last = knots.size() - static_cast<std::size_t>(direction.order());
+  const double low = knots[first], high = knots[last];
+  const auto outside = [low, high](double limit) { return limit < low || limit > high; };
+  if (direction.order() > 1) {
+    if (outside(direction.start())) igs_tag<typename Errors::MinParamOutOfRange>(entity, direction.start(), low, high);
+    if (outside(direction.end())) igs_tag<typename Errors::MaxParamOutOfRange>(entity, direction.end(), low, high);
+    if (high <= low) igs_tag<typename Errors::NoParamRange>(entity, low);
+  }
+  for (std::size_t i = first; i < last; ++i) {
+    const double distance = std::abs(knots[i + 1] - knots[i]);
+    if (distance > 0 && distance < tolerance) {
+      igs_tag<typename Errors::KnotsTooClose>(entity);
+      break;
+    }
+  }
+}

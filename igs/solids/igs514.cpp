@@ -1,0 +1,51 @@
+#include "igs/solids/igs514.h"
+
+#include <utility>
+
+#include "igs/fields/igsEntityFields.h"
+#include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsReferenceTest.h"
+#include "igs/solids/igs510.h"
+#include "igs/solids/igs514_errors.h"
+
+namespace {
+using FaceTest =
+    igsReferenceTest<igs514OrientatedFaceNullFace, igs514OrientatedFaceWrongFaceType, igs514OrientatedFaceInvalidFace>;
+
+bool is_sound_face(const igsOrientedFace& oriented_face) {
+  const igsObject* const face = oriented_face.face().object();
+  return face != nullptr && face->isa(igs510::type()) && face->num_logged_errors() == 0;
+}
+}  // namespace
+
+bool igsOrientedFace::valid() const { return m_face && (m_orientation == 0 || m_orientation == 1); }
+
+void igsOrientedFace::print_pd_data(utOstream& os) const {
+  igsFieldPrinter printer(os);
+  fields(*this, printer);
+}
+
+igs514::igs514() { set_directory_entry_type(igsEntity514, 1); }
+
+int igs514::set_size(int size) { return igs_resize(m_faces.elements(), size); }
+
+igsOrientedFace igs514::face(int i) const { return igs_element(std::as_const(m_faces).elements(), i); }
+
+int igs514::set_face(int i, const igsOrientedFace& face) { return igs_set_element(m_faces.elements(), i, face); }
+
+void igs514::remove_faulty_faces(int original) { m_faces.purge(original, is_sound_face); }
+
+int igs514::set_orientation_of_original(int original, int orientation) {
+  return m_faces.change_original(original, [=](igsOrientedFace& face) { face.set_orientation(orientation); });
+}
+
+void igs514::check_pd() const {
+  m_faces.restart_index();
+  const igsOrientedFacecoDynArr& faces = m_faces.elements();
+  if (faces.empty()) tag<igs514NoFaces>();
+  for (int i = 0; const igsOrientedFace& face : faces) {
+    FaceTest::check(*this, face.face(), igsExactly<igs510>(), i);
+    if (face.orientation() != 0 && face.orientation() != 1) tag<igs514OrientatedFaceInvalidOrientation>(i);
+    ++i;
+  }
+}

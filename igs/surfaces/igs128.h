@@ -1,0 +1,111 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "igs/curves/igsKnotVector.h"
+#include "igs/objects/igsSurface.h"
+#include "igs/support/giPoint.h"
+
+/// Rational B-Spline Surface (IGES 5.3, type 128), forms 0 to 9. Knots, weights and limits that were never set are
+/// -DBL_MAX; indices are 0-based, u first.
+///
+/// A new surface is empty: set_order_size() makes its arrays. Setters and getters that name an element return 1; they
+/// return 0 and leave everything as it is when there is no such element.
+class IGS_API igs128 : public igsTyped<igs128, "igs128", igsParameterizedSurface> {
+ public:
+  igs128();
+
+  /// Makes the control points and weights, `count_u` x `count_v`, and the knots, all unset, and returns 1. Returns 0
+  /// and changes nothing when an order is < 1, a count less than its order or there are arrays already.
+  int set_order_size(int order_u, int order_v, int count_u, int count_v);
+  /// Degree + 1; -2147483647 while there are no knots.
+  int order_u() const { return m_u.order(); }
+  int order_v() const { return m_v.order(); }
+  int number_of_control_points_u() const { return m_count_u; }
+  int number_of_control_points_v() const { return m_count_v; }
+  int number_of_knots_u() const { return m_u.number_of_knots(); }
+  int number_of_knots_v() const { return m_v.number_of_knots(); }
+
+  /// In model units.
+  int control_point(int i, int j, giPoint3& point) const;
+  int set_control_point(int i, int j, const giPoint3& point);
+  /// Above 0 in a sound surface.
+  int weight(int i, int j, double& weight) const;
+  int set_weight(int i, int j, double weight);
+  /// None is below the one before it in a sound surface.
+  int knot_u(int i, double& value) const { return m_u.knot(i, value); }
+  int knot_v(int i, double& value) const { return m_v.knot(i, value); }
+  int set_knot_u(int i, double value) { return m_u.set_knot(i, value); }
+  int set_knot_v(int i, double value) { return m_v.set_knot(i, value); }
+
+  /// The limits of the parameters in use: U(0), U(1) and V(0), V(1).
+  void parametric_limits_u(double& start, double& end) const;
+  void parametric_limits_v(double& start, double& end) const;
+  /// Return 1; return 0 and store nothing unless `end` >= `start`.
+  int set_parametric_limits_u(double start, double end) { return m_u.set_limits(start, end); }
+  int set_parametric_limits_v(double start, double end) { return m_v.set_limits(start, end); }
+  /// A parametric direction as a whole.
+  const igsKnotVector& direction_u() const { return m_u; }
+  const igsKnotVector& direction_v() const { return m_v; }
+  igsKnotVector& direction_u() { return m_u; }
+  igsKnotVector& direction_v() { return m_v; }
+
+  /// The flags PROP1 to PROP5 as they stand in the file. A rational flag of 0 says rational, 1 polynomial; of the
+  /// others 0 says no and 1 yes.
+  int closed_flag_u() const { return m_closed_flag_u; }
+  int closed_flag_v() const { return m_closed_flag_v; }
+  int rational_flag() const { return m_rational_flag; }
+  int periodic_flag_u() const { return m_periodic_flag_u; }
+  int periodic_flag_v() const { return m_periodic_flag_v; }
+  void set_closed_flag_u(int flag) { m_closed_flag_u = flag; }
+  void set_closed_flag_v(int flag) { m_closed_flag_v = flag; }
+  void set_rational_flag(int flag) { m_rational_flag = flag; }
+  void set_periodic_flag_u(int flag) { m_periodic_flag_u = flag; }
+  void set_periodic_flag_v(int flag) { m_periodic_flag_v = flag; }
+
+  igsObject* make_one() const override;
+  /// Returns 0, no array made, when the sizes cannot be used or there are arrays already.
+  int read_pd_data(igsInStream& in) override;
+  void write_pd_data(igsOutStream& out) const override;
+  void print_pd_data(utOstream& os) const override;
+  void visit_fields(igsFieldVisitor& visitor) const override;
+  void check_pd() const override;
+
+ private:
+  /// What is written, stated once for the writer and for field visitors.
+  template <class V>
+  void written_fields(V& visit) const;
+
+  struct Size;
+
+  int read_surface_size(igsInStream& in, Size& size);
+  int read_flags(igsInStream& in);
+  int read_knot_vectors(igsInStream& in, const Size& size);
+  int read_homogenous_control_points(igsInStream& in, const Size& size);
+  int read_parametric_limits(igsInStream& in);
+  int refuse_sizes(const Size& size);
+
+  void check_surface_size() const;
+  void check_flags() const;
+  void check_knot_vectors() const;
+  void check_homogenous_control_points() const;
+  void check_weights() const;
+  void check_parametric_limits() const;
+  void print_control_points(utOstream& os) const;
+
+  /// Position of a control point and its weight: u runs fastest. The number of points where there is no such point.
+  std::size_t position(int i, int j) const;
+
+  int m_closed_flag_u = 0;
+  int m_closed_flag_v = 0;
+  int m_rational_flag = 1;
+  int m_periodic_flag_u = 0;
+  int m_periodic_flag_v = 0;
+  igsKnotVector m_u;
+  igsKnotVector m_v;
+  int m_count_u = 0;
+  int m_count_v = 0;
+  std::vector<giPoint3> m_control_points;
+  std::vector<double> m_weights;
+};

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <vector>
+
+#include "igs/objects/igsObject.h"
+#include "igs/surfaces/igsModelSpaceCurve.h"
+
+class igs141BadNumModelSpaceCurves;
+enum class igsSupply;
+
+/// Boundary (IGES 5.3, type 141): the curves that bound a region of a surface, each in model space and, where
+/// bounded_surface_representation() is 1, in the parameter space of the surface. Positions are 0-based.
+class IGS_API igs141 : public igsTyped<igs141, "igs141", igsObject> {
+ public:
+  igs141();
+
+  /// TYPE as it stands in the file: 0 the boundary is given in model space alone, 1 in parameter space too.
+  int bounded_surface_representation() const { return m_bounded_surface_representation; }
+  void set_bounded_surface_representation(int type) { m_bounded_surface_representation = type; }
+  /// PREF as it stands in the file: the sender prefers 0 none, 1 model space, 2 parameter space, 3 both equally.
+  int preferred_representation() const { return m_preferred_representation; }
+  void set_preferred_representation(int preference) { m_preferred_representation = preference; }
+  const igsObjectPtr& surface() const { return m_surface; }
+  void set_surface(const igsObjectPtr& surface) { m_surface = surface; }
+
+  int number_of_model_space_curves() const { return static_cast<int>(m_model_space_curves.size()); }
+  /// Cuts the list, or lengthens it by curves with null pointers, and returns 1; 0 for a negative size.
+  int set_size(int size) { return igs_resize(m_model_space_curves, size); }
+  /// Gives a pointer to model-space curve `i`, which this entity owns and which is good until the list is changed, and
+  /// returns 1; returns 0 and leaves `curve` alone outside the list.
+  int model_space_curve(int i, igsModelSpaceCurve** curve);
+  /// Copies `*curve` to model-space curve `i` and returns 1; 0 outside the list and for null.
+  int set_model_space_curve(int i, const igsModelSpaceCurve* curve);
+
+  igsObject* make_one() const override;
+  int read_pd_data(igsInStream& in) override;
+  void write_pd_data(igsOutStream& out) const override;
+  void print_pd_data(utOstream& os) const override;
+  void visit_fields(igsFieldVisitor& visitor) const override;
+  /// Prints the list of curves alone.
+  void print_model_space_curves(utOstream& os) const;
+  void check_pd() const override;
+  void visit_pointers(igsPointerVisitor& visitor) override;
+
+ private:
+  template <class E, class V>
+  static void leading_fields(E& entity, V& visit) {
+    visit("BoundedSurfaceRepresentation", entity.m_bounded_surface_representation);
+    visit("PreferredRepresentation", entity.m_preferred_representation);
+    visit("Surface", entity.m_surface);
+  }
+  template <class E, class V>
+  static void curve_fields(E& entity, V& visit) {
+    const int count = visit.count("NumberOfModelSpaceCurves", entity.m_model_space_curves.size());
+    visit.list("ModelSpaceCurves", count, entity.m_model_space_curves, igsBadCount<igs141BadNumModelSpaceCurves>());
+  }
+
+  int read_model_space_curves(igsInStream& in);
+  igsSupply read_model_space_curve_data(igsInStream& in, int i, igsModelSpaceCurve& curve) const;
+  void check_model_space_curve(int i, const igsModelSpaceCurve& curve) const;
+  void check_parameter_curves(int i, const igsModelSpaceCurve& curve) const;
+
+  int m_bounded_surface_representation = 0;
+  int m_preferred_representation = 0;
+  igsObjectPtr m_surface;
+  std::vector<igsModelSpaceCurve> m_model_space_curves;
+};
