@@ -25,7 +25,7 @@ class Node : public igsTyped<Node, "Node", igsObject> {
   const giPoint3& place() const { return m_place; }
   void set_place(const giPoint3& place) { m_place = place; }
 
-  igsObject* make_one() const override { return new Node; }
+  igsObject* make_one() override { return new Node; }
   int read_pd_data(igsInStream& in) override {
     double x = 0, y = 0, z = 0;
     in.read_double(x);
@@ -37,7 +37,7 @@ class Node : public igsTyped<Node, "Node", igsObject> {
     m_system = igsObjectPtr(de);  // null for 0; binds to an entity that comes later, too
     return 1;
   }
-  void write_pd_data(igsOutStream& out) const override {
+  void write_pd_data(igsOutStream& out) override {
     out.write_double(m_place.x());
     out.write_double(m_place.y());
     out.write_double(m_place.z());

@@ -66,7 +66,7 @@ igsCubicSegment igs112::end_values() const {
 }
 void igs112::set_end_values(const igsCubicSegment& values) { igs_set_piece(m_end_values, 0, values); }
 
-igsObject* igs112::make_one() const { return new igs112; }
+igsObject* igs112::make_one() { return new igs112; }
 
 int igs112::read_pd_data(igsInStream& in) {
   int count = 0;
@@ -101,7 +101,7 @@ void igs112::written_fields(V& visit) const {
   visit("EndValues", end_values());
 }
 
-void igs112::write_pd_data(igsOutStream& out) const {
+void igs112::write_pd_data(igsOutStream& out) {
   igsFieldWriter writer(out);
   written_fields(writer);
 }

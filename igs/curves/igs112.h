@@ -50,10 +50,10 @@ class IGS_API igs112 : public igsTyped<igs112, "igs112", igsCurve> {
   igsCubicSegment end_values() const;
   void set_end_values(const igsCubicSegment& values);
 
-  igsObject* make_one() const override;
+  igsObject* make_one() override;
   /// Returns 0, no array made, when the number of segments cannot be used.
   int read_pd_data(igsInStream& in) override;
-  void write_pd_data(igsOutStream& out) const override;
+  void write_pd_data(igsOutStream& out) override;
   void print_pd_data(utOstream& os) const override;
   void visit_fields(igsFieldVisitor& visitor) const override;
   void check_pd() const override;

@@ -6,7 +6,7 @@
 
 igs123::igs123() { set_directory_entry_type(igsEntity123, 0); }
 
-void igs123::write_pd_data(igsOutStream& out) const {
+void igs123::write_pd_data(igsOutStream& out) {
   const igsParametricFormat format(out);
   igsEntity::write_pd_data(out);
 }

@@ -12,7 +12,7 @@ class IGS_API igs123 : public igsEntity<igs123, "igs123", igsObject> {
   const giVector3& direction() const { return m_direction; }
   void set_direction(const giVector3& direction) { m_direction = direction; }
 
-  void write_pd_data(igsOutStream& out) const override;
+  void write_pd_data(igsOutStream& out) override;
   void check_pd() const override;
   void check_de() const override;
 

@@ -57,7 +57,7 @@ int igs124::make_rigid(bool left_handed) {
   return 1;
 }
 
-igsObject* igs124::make_one() const { return new igs124; }
+igsObject* igs124::make_one() { return new igs124; }
 
 int igs124::read_pd_data(igsInStream& in) {
   double elements[4][4] = {{}, {}, {}, {0, 0, 0, 1}};
@@ -79,7 +79,7 @@ void igs124::written_fields(V& visit) const {
   });
 }
 
-void igs124::write_pd_data(igsOutStream& out) const {
+void igs124::write_pd_data(igsOutStream& out) {
   igsFieldWriter writer(out);
   written_fields(writer);
 }

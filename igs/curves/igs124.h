@@ -20,9 +20,9 @@ class IGS_API igs124 : public igsTyped<igs124, "igs124", igsObject> {
   /// Returns 1; returns 0 and changes nothing when the first two columns span no plane.
   int make_rigid(bool left_handed);
 
-  igsObject* make_one() const override;
+  igsObject* make_one() override;
   int read_pd_data(igsInStream& in) override;
-  void write_pd_data(igsOutStream& out) const override;
+  void write_pd_data(igsOutStream& out) override;
   void print_pd_data(utOstream& os) const override;
   void visit_fields(igsFieldVisitor& visitor) const override;
   void check_pd() const override;

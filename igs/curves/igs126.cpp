@@ -51,7 +51,7 @@ int igs126::set_unit_normal(const giVector3& normal) {
   return 1;
 }
 
-igsObject* igs126::make_one() const { return new igs126; }
+igsObject* igs126::make_one() { return new igs126; }
 
 int igs126::read_pd_data(igsInStream& in) {
   int order = 0, count = 0;
@@ -138,7 +138,7 @@ void igs126::written_fields(V& visit) const {
   visit("UnitNormal", m_unit_normal);
 }
 
-void igs126::write_pd_data(igsOutStream& out) const {
+void igs126::write_pd_data(igsOutStream& out) {
   igsFieldWriter writer(out);
   written_fields(writer);
 }

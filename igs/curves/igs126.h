@@ -58,10 +58,10 @@ class IGS_API igs126 : public igsTyped<igs126, "igs126", igsCurve> {
   /// Returns 1; returns 0 and stores nothing for an undefined vector.
   int set_unit_normal(const giVector3& normal);
 
-  igsObject* make_one() const override;
+  igsObject* make_one() override;
   /// Returns 0, no array made, when the sizes cannot be used or there are arrays already.
   int read_pd_data(igsInStream& in) override;
-  void write_pd_data(igsOutStream& out) const override;
+  void write_pd_data(igsOutStream& out) override;
   void print_pd_data(utOstream& os) const override;
   void visit_fields(igsFieldVisitor& visitor) const override;
   void check_pd() const override;

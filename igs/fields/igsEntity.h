@@ -15,9 +15,9 @@
 template <class Self, igsName Name, class Parent>
 class IGS_API_TEMPLATE igsEntity : public igsTyped<Self, Name, Parent> {
  public:
-  igsObject* make_one() const override;
+  igsObject* make_one() override;
   int read_pd_data(igsInStream& in) override;
-  void write_pd_data(igsOutStream& out) const override;
+  void write_pd_data(igsOutStream& out) override;
   void print_pd_data(utOstream& os) const override;
   void visit_pointers(igsPointerVisitor& visitor) override;
   void visit_fields(igsFieldVisitor& visitor) const override;

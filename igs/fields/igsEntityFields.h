@@ -375,7 +375,7 @@ class igsFieldShower {
 };
 
 template <class Self, igsName Name, class Parent>
-igsObject* igsEntity<Self, Name, Parent>::make_one() const {
+igsObject* igsEntity<Self, Name, Parent>::make_one() {
   return new Self;
 }
 
@@ -387,7 +387,7 @@ int igsEntity<Self, Name, Parent>::read_pd_data(igsInStream& in) {
 }
 
 template <class Self, igsName Name, class Parent>
-void igsEntity<Self, Name, Parent>::write_pd_data(igsOutStream& out) const {
+void igsEntity<Self, Name, Parent>::write_pd_data(igsOutStream& out) {
   igsFieldWriter writer(out);
   Self::fields(static_cast<const Self&>(*this), writer);
 }

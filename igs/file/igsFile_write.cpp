@@ -178,7 +178,7 @@ int igsFile::write_entities(igsOutStream& stream) {
   int num_lines = stream.num_lines(igsParameterSectionId);
   igsFileIT entities(this);
   while (++entities) {
-    const igsObject& object = *entities();
+    igsObject& object = *entities();
     igsDirectoryEntry& entry = object.directory_entry();
     const bool parametric = entry.status_flags().entity_use() == entity_use_2d_parametric;
     if (parametric) stream.push_double_format(width, parametric_precision);

@@ -160,7 +160,7 @@ void igsObject::skip_this_entity(igsInStream& in) {
   while (in.backpointer() != 0 && in.backpointer() == de_number() && in.fatal_error() == 0) in.skip_line();
 }
 
-void igsObject::write(igsOutStream& out) const {
+void igsObject::write(igsOutStream& out) {
   out.write_integer(directory_entry().entity_type());
   write_pd_data(out);
 }

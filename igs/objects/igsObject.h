@@ -40,11 +40,11 @@ class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
   virtual ~igsObject();
 
   /// A new, default-constructed entity of the same class.
-  virtual igsObject* make_one() const = 0;
+  virtual igsObject* make_one() = 0;
   /// Reads the entity's own parameter fields, after the type number; 0 when nothing usable could be read.
   virtual int read_pd_data(igsInStream& in) = 0;
   /// Writes these fields, without the type number.
-  virtual void write_pd_data(igsOutStream& out) const = 0;
+  virtual void write_pd_data(igsOutStream& out) = 0;
   /// Prints them with their labels, a line each.
   virtual void print_pd_data(utOstream& os) const = 0;
   /// Validates the parameter data, tagging one error a fault.
@@ -121,7 +121,7 @@ class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
 
   void set_manager(igsObjectManager* manager) { m_manager = manager; }
   void read(igsInStream& in, int& sequence_out_of_order);
-  void write(igsOutStream& out) const;
+  void write(igsOutStream& out);
   void check_this() const;
   void check_with_own_stack() const;
   void begin_check() const;

@@ -7,9 +7,9 @@
 template <class Self, igsName Name>
 class IGS_API_TEMPLATE igsPlaceholder : public igsTyped<Self, Name, igsObject> {
  public:
-  igsObject* make_one() const override { return new Self; }
+  igsObject* make_one() override { return new Self; }
   int read_pd_data(igsInStream& /*in*/) override { return 0; }
-  void write_pd_data(igsOutStream& /*out*/) const override {}
+  void write_pd_data(igsOutStream& /*out*/) override {}
   void check_pd() const override {}
   void check_de() const override {}
 };

@@ -83,7 +83,7 @@ int igs114::set_patch(int i, int j, const igsBicubicPatch& patch) {
   return igs_set_piece(m_coefficients, position(i, j), patch);
 }
 
-igsObject* igs114::make_one() const { return new igs114; }
+igsObject* igs114::make_one() { return new igs114; }
 
 int igs114::read_pd_data(igsInStream& in) {
   for (int* const field : {&m_spline_type, &m_patch_type, &m_count_u, &m_count_v}) in.read_integer(*field);
@@ -151,7 +151,7 @@ void igs114::written_fields(V& visit) const {
   visit("Patches", Patches{*this});
 }
 
-void igs114::write_pd_data(igsOutStream& out) const {
+void igs114::write_pd_data(igsOutStream& out) {
   igsFieldWriter writer(out);
   written_fields(writer);
 }

@@ -51,10 +51,10 @@ class IGS_API igs114 : public igsTyped<igs114, "igs114", igsParameterizedSurface
   int patch(int i, int j, igsBicubicPatch& patch) const;
   int set_patch(int i, int j, const igsBicubicPatch& patch);
 
-  igsObject* make_one() const override;
+  igsObject* make_one() override;
   /// Returns 0, no array made, when the numbers of patches cannot be used.
   int read_pd_data(igsInStream& in) override;
-  void write_pd_data(igsOutStream& out) const override;
+  void write_pd_data(igsOutStream& out) override;
   void print_pd_data(utOstream& os) const override;
   void visit_fields(igsFieldVisitor& visitor) const override;
   void check_pd() const override;

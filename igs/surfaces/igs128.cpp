@@ -86,7 +86,7 @@ void igs128::parametric_limits_v(double& start, double& end) const {
   end = m_v.end();
 }
 
-igsObject* igs128::make_one() const { return new igs128; }
+igsObject* igs128::make_one() { return new igs128; }
 
 int igs128::read_pd_data(igsInStream& in) {
   Size size;
@@ -201,7 +201,7 @@ void igs128::written_fields(V& visit) const {
   });
 }
 
-void igs128::write_pd_data(igsOutStream& out) const {
+void igs128::write_pd_data(igsOutStream& out) {
   igsFieldWriter writer(out);
   written_fields(writer);
 }

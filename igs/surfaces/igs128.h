@@ -64,10 +64,10 @@ class IGS_API igs128 : public igsTyped<igs128, "igs128", igsParameterizedSurface
   void set_periodic_flag_u(int flag) { m_periodic_flag_u = flag; }
   void set_periodic_flag_v(int flag) { m_periodic_flag_v = flag; }
 
-  igsObject* make_one() const override;
+  igsObject* make_one() override;
   /// Returns 0, no array made, when the sizes cannot be used or there are arrays already.
   int read_pd_data(igsInStream& in) override;
-  void write_pd_data(igsOutStream& out) const override;
+  void write_pd_data(igsOutStream& out) override;
   void print_pd_data(utOstream& os) const override;
   void visit_fields(igsFieldVisitor& visitor) const override;
   void check_pd() const override;

@@ -26,7 +26,7 @@ int igs141::set_model_space_curve(int i, const igsModelSpaceCurve* curve) {
   return curve != nullptr ? igs_set_element(m_model_space_curves, i, *curve) : 0;
 }
 
-igsObject* igs141::make_one() const { return new igs141; }
+igsObject* igs141::make_one() { return new igs141; }
 
 int igs141::read_pd_data(igsInStream& in) {
   igsFieldReader reader(in, *this);
@@ -66,7 +66,7 @@ igsSupply igs141::read_model_space_curve_data(igsInStream& in, int i, igsModelSp
   return igsSupply::ended;
 }
 
-void igs141::write_pd_data(igsOutStream& out) const {
+void igs141::write_pd_data(igsOutStream& out) {
   igsFieldWriter writer(out);
   leading_fields(*this, writer);
   curve_fields(*this, writer);

@@ -32,9 +32,9 @@ class IGS_API igs141 : public igsTyped<igs141, "igs141", igsObject> {
   /// Copies `*curve` to model-space curve `i` and returns 1; 0 outside the list and for null.
   int set_model_space_curve(int i, const igsModelSpaceCurve* curve);
 
-  igsObject* make_one() const override;
+  igsObject* make_one() override;
   int read_pd_data(igsInStream& in) override;
-  void write_pd_data(igsOutStream& out) const override;
+  void write_pd_data(igsOutStream& out) override;
   void print_pd_data(utOstream& os) const override;
   void visit_fields(igsFieldVisitor& visitor) const override;
   /// Prints the list of curves alone.

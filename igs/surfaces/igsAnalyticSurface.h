@@ -44,7 +44,7 @@ class IGS_API_TEMPLATE igsAnalyticSurface
 template <class Surface>
 class IGS_API_TEMPLATE igsParametricReals : public Surface {
  public:
-  void write_pd_data(igsOutStream& out) const override;
+  void write_pd_data(igsOutStream& out) override;
 
  protected:
   using Surface::Surface;

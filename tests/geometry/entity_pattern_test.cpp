@@ -84,7 +84,7 @@ int read_fields(igsObject& entity, const std::string& data) {
   return entity.read_pd_data(in);
 }
 
-std::string written_fields(const igsObject& entity) {
+std::string written_fields(igsObject& entity) {
   std::ostringstream text;
   igsOutStream out(&text);
   out.set_section(igsParameterSectionId);

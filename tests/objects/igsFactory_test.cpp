@@ -121,7 +121,7 @@ TEST_P(EachClass, IsMadeForItsFormsAndNoOthers) {
 TEST_P(EachClass, FollowsTheTypeProtocol) {
   const Row& row = GetParam();
   igsFile file;
-  const igsObject* object = igsObject::create(static_cast<igsEntityType>(row.type), row.min_form);
+  igsObject* object = igsObject::create(static_cast<igsEntityType>(row.type), row.min_form);
   ASSERT_EQ(object->objtype().id_string(), row.name);
   const kluTypeInfo& own = object->objtype();
   ASSERT_NE(own.parent(), nullptr);

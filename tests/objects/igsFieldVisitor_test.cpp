@@ -91,7 +91,7 @@ TEST(igsFieldVisitor, EveryClassShowsWhatItWrites) {
   std::set<std::string> seen;
   igsFileIT entities(&file);
   while (++entities != 0) {
-    const igsObject& entity = *entities();
+    igsObject& entity = *entities();
     seen.insert(entity.objtype().id_string());
     std::vector<std::string> paths;
     const std::string shown = records([&](igsOutStream& out) {

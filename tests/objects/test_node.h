@@ -34,9 +34,9 @@ class Node : public igsTyped<Node, "Node", igsObject> {
  public:
   Node() { ++alive; }
   ~Node() override { --alive; }
-  igsObject* make_one() const override { return new Node; }
+  igsObject* make_one() override { return new Node; }
   int read_pd_data(igsInStream& /*in*/) override { return 1; }
-  void write_pd_data(igsOutStream& /*out*/) const override {}
+  void write_pd_data(igsOutStream& /*out*/) override {}
   void print_pd_data(utOstream& os) const override {
     for (const igsObjectPtr& child : children) {
       if (child) child->print(os);
@@ -76,9 +76,9 @@ inline Node* make_chain(int length) {
 /// A compound entity of its own class.
 class TestCompound : public igsTyped<TestCompound, "TestCompound", igsCompound> {
  public:
-  igsObject* make_one() const override { return new TestCompound; }
+  igsObject* make_one() override { return new TestCompound; }
   int read_pd_data(igsInStream& /*in*/) override { return 1; }
-  void write_pd_data(igsOutStream& /*out*/) const override {}
+  void write_pd_data(igsOutStream& /*out*/) override {}
   void print_pd_data(utOstream& /*os*/) const override {}
   void check_pd() const override {}
   void check_de() const override {}
