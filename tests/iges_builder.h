@@ -111,6 +111,11 @@ class IgesBuilder {
     m_entities.push_back({type, form, std::move(data), std::move(de)});
     return static_cast<int>(2 * m_entities.size() - 1);
   }
+  /// Changes all that the Parameter Data records of an entity hold.
+  template <class Change>
+  IgesBuilder& change_data(int de, Change change) {
+    return change(m_entities.at(static_cast<std::size_t>(de - 1) / 2).data), *this;
+  }
   /// The commonest entities.
   int line(double x = 1) { return entity(110, 0, "0.,0.,0.," + std::to_string(x) + ",0.,0."); }
   int point(double x = 1) { return entity(116, 0, std::to_string(x) + ",2.,3.,0"); }
