@@ -20,6 +20,7 @@
 #include "iges_builder.h"
 #include "igs/igs.h"
 #include "sanitizers.h"
+#include "streams.h"
 
 namespace {
 
@@ -94,14 +95,7 @@ namespace {
 constexpr long cold_stride = is_sanitized ? 29 : 1;  // a process of its own for each
 constexpr long stride = is_sanitized ? 3 : 1;
 
-/// Streams that take no memory themselves.
-class FixedInput : public std::streambuf {
- public:
-  explicit FixedInput(std::string_view text) {
-    char* const begin = const_cast<char*>(text.data());  // never written to
-    setg(begin, begin, begin + text.size());
-  }
-};
+/// Keeps what is written without taking memory.
 class FixedOutput : public std::streambuf {
  public:
   FixedOutput() { clear(); }
@@ -111,12 +105,6 @@ class FixedOutput : public std::streambuf {
  private:
   char m_block[1 << 20];
 };
-class Nowhere : public std::streambuf {
- protected:
-  int_type overflow(int_type character) override { return traits_type::not_eof(character); }
-  std::streamsize xsputn(const char* /*bytes*/, std::streamsize count) override { return count; }
-};
-
 class TemporaryFolder {
  public:
   TemporaryFolder() {
@@ -148,10 +136,10 @@ utDateTime fixed_clock() { return {2026, 11, 21, 12, 0, 0}; }
 /// written to `out` with all the memory it wants.
 Pass pass_over(std::string_view text, const utString& folder, std::ostream& out, long n, Shortage shortage) {
   ut_set_clock(fixed_clock);
-  static Nowhere nowhere;
+  static NoOutput nowhere;
   std::ostream silence(&nowhere);
   utOstream messages(silence);
-  FixedInput buffer(text);
+  TextInput buffer(text);
   std::istream in(&buffer);
   Pass pass;
   plan.fail_at(n, shortage);

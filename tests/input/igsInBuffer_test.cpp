@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "input/records.h"
+#include "streams.h"
 
 namespace {
 
@@ -246,7 +247,7 @@ TEST(Buffer, ReportsTheFaultsOfTheStreamWhenItMeetsThem) {
   const std::string text = join(small_file(), "\n");
   for (std::size_t size = 0; size <= text.size(); size += 3) {
     for (const bool throws : {false, true}) {
-      records::FailingBuffer source(text, size, throws, 1 + size % 100);
+      igs_test::LimitedInput source(text, size, throws, 1 + size % 100);
       std::istream stream(&source);
       if (size % 2 == 0) stream.exceptions(std::ios::badbit | std::ios::failbit | std::ios::eofbit);
       Reader reader(stream);

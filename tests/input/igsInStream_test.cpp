@@ -39,179 +39,40 @@ struct Opened {
 
 std::string p_line(const std::string& data) { return line('P', 1, data); }
 
-TEST(Fields, FreeFormat) {
-  struct Case {
-    const char* data;
-    int value;
+// What fields hold is held against a plain model in igsFields_test.cpp; these are the readings one would ask about.
+TEST(Fields, OddStringsAndNumbers) {
+  const struct {
+    std::string data, value;
     const char* codes;
-    int column;  ///< 0: behind the end of the entity's data
-  };
-  const Case integers[] = {{",,", 0, "", 1},
-                           {" 5,", 5, "0", 3},
-                           {"5 ,", 5, "0", 3},
-                           {"1 2,", 12, "0 1", 4},
-                           {"+7,", 7, "0", 3},
-                           {"-7;,", -7, "0", 3},
-                           {";", 0, "", 1},
-                           {"12x,", 12, "0 2", 4},
-                           {"x,", 0, "0 2", 2},
-                           {"1.5,", 1, "0 2", 4},
-                           {"- 7,", -7, "0 1", 4},
-                           {"99999999999,", 2147483647, "0", 12},
-                           {"-99999999999,", -2147483647 - 1, "0", 13},
-                           {"\v5,", 5, "0", 3},
-                           {"5\v,", 5, "0 2", 3},
-                           {"12", 12, "0", 0},
-                           {"", 0, "", 0}};
-  for (const Case& c : integers) {
+  } strings[] = {{"5HA,B;C,", "A,B;C", "0"},
+                 {"4HA   BCD,", "A BC", "0"},
+                 {" 1 2Habcdefghijkl,", "abcdefghijkl", "0 1"},
+                 {"2 hab,", "ab", "0 1"},
+                 {"0H,", "", "0"},
+                 {"0Hxy,", "", "0 2"},
+                 {"-3Hxy,", "", "0 2"},
+                 {"abc,", "abc", "0"},
+                 {",", "", ""}};
+  for (const auto& c : strings) {
     Opened opened(p_line(c.data));
-    int value = -1;
-    opened.in.read_integer(value);
-    if (c.column == 0) {
-      EXPECT_EQ(opened.in.error_type(igsIOEndOfInput), 1);
-    } else {
-      EXPECT_EQ(codes(opened.in.errors()), c.codes) << c.data;
-      EXPECT_EQ(opened.column(), c.column) << c.data;
-    }
-    EXPECT_EQ(value, c.value) << c.data;
+    utString value = "?";
+    opened.in.read_holerith(value);
+    EXPECT_EQ(value.substr(0, c.value.size()), c.value) << c.data;
+    EXPECT_EQ(codes(opened.in.errors()), c.codes) << c.data;
   }
-}
-
-TEST(Fields, Reals) {
-  struct Case {
+  const struct {
     const char* data;
     double value;
     const char* codes;
-  };
-  const Case cases[] = {{"1.5D3,", 1500, "0"},
-                        {"1.5E3,", 1500, "0"},
-                        {" 1.5 D3,", 1500, "0 1"},
-                        {"1.5d 3,", 1500, "0"},
-                        {"1.5x,", 1.5, "0"},
-                        {",", 0, ""},
-                        {"  ,", 0, ""},
-                        {"abc,", 0, "0"},
-                        {"1 .5,", 1.5, "0 1"},
-                        {"nan,", NAN, "0 17"},
-                        {"NAN.,", NAN, "0 17"},
-                        {"inf,", HUGE_VAL, "0"},
-                        {"1D999,", HUGE_VAL, "0"},
-                        {"1.D,", 1, "0"},
-                        {"3;", 3, "0"},
-                        {"-.5,", -.5, "0"}};
-  for (const Case& c : cases) {
+  } reals[] = {{"1.5D3,", 1500, "0"},     {" 1.5 D3,", 1500, "0 1"}, {"1.5x,", 1.5, "0"}, {"nan,", NAN, "0 17"},
+               {"1D999,", HUGE_VAL, "0"}, {"abc,", 0, "0"},          {",", 0, ""}};
+  for (const auto& c : reals) {
     Opened opened(p_line(c.data));
     double value = -1;
     opened.in.read_double(value);
     EXPECT_TRUE(value == c.value || (std::isnan(value) && std::isnan(c.value))) << c.data << value;
     EXPECT_EQ(codes(opened.in.errors()), c.codes) << c.data;
   }
-}
-
-TEST(Fields, HollerithStrings) {
-  struct Case {
-    std::string data, value;
-    const char* codes;
-    std::string next;  ///< the field behind it
-  };
-  const Case cases[] = {{"5HA,B;C,2Hxy,", "A,B;C", "0", "xy"},
-                        {"4HA  BC,2Hxy,", "A BC", "0", "xy"},
-                        {"4HA   BCD,2Hxy,", "A BC", "0", "xy"},
-                        {"3HABCDE,2Hxy,", "ABC", "0", "xy"},
-                        {" 1 2Habcdefghijkl,2Hxy,", "abcdefghijkl", "0 1", "xy"},
-                        {"2 hab,2Hxy,", "ab", "0 1", "xy"},
-                        {"0H,2Hxy,", "", "0", "xy"},
-                        {"0H  ,2Hxy,", "", "0", "xy"},
-                        {"0Hxy,", "", "0 2", "xy"},
-                        {"-3Hxy,", "", "0 2", "xy"},
-                        {"Hxy,", "", "0 2", "xy"},
-                        {",2Hxy,", "", "", "xy"},
-                        {"abc,2Hxy,", "abc", "0", "xy"},
-                        {"3H   ,2Hxy,", "   ", "0", "xy"},
-                        {"2147483647Hab,c", "ab,c" + std::string(49, ' '), "0", ""},
-                        {"99999999999H;", ";" + std::string(51, ' '), "0", ""}};
-  for (const Case& c : cases) {
-    Opened opened(join({record('P', 1, c.data), record('P', 2, "", 3)}, "\n"));
-    utString value = "?";
-    opened.in.read_holerith(value);
-    EXPECT_EQ(value, c.value) << c.data;
-    opened.in.error();
-    std::string found = codes(opened.in.errors());
-    if (found.size() > 2 && found.substr(found.size() - 2) == " 5") found.resize(found.size() - 2);
-    EXPECT_EQ(found, c.codes) << c.data;
-    opened.in.read_holerith(value);
-    EXPECT_EQ(value, c.next) << c.data;
-  }
-}
-
-TEST(Fields, FixedWidth) {
-  struct Case {
-    const char* data;
-    int value;
-    const char* codes;
-  };
-  // A field that does not end in its last column is read without that column.
-  const Case cases[] = {{"       7", 7, "0"},   {"-1234567", -1234567, "0"}, {"        ", 0, ""},
-                        {"7       ", 7, "0"},   {"  12 3  ", 123, "0 1"},    {"      12", 12, "0"},
-                        {"     1 2", 1, "0"},   {"12345678", 12345678, "0"}, {"       x", 0, ""},
-                        {"      x ", 0, "0 2"}, {"1.      ", 1, "0 2"}};
-  for (const Case& c : cases) {
-    Opened opened(line('D', 1, std::string(c.data) + "     110" + std::string(48, ' ') + "      99"));
-    int value = -1;
-    opened.in.read_integer(8, value);
-    EXPECT_EQ(value, c.value) << c.data;
-    EXPECT_EQ(codes(opened.in.errors()), c.codes) << c.data;
-    opened.in.read_integer(8, value);
-    EXPECT_EQ(value, 110) << c.data;
-    for (int i = 0; i < 7; ++i) opened.in.read_integer(8, value);
-    EXPECT_EQ(value, 99) << c.data;
-  }
-}
-
-TEST(Fields, TextOfFixedWidth) {
-  Opened opened(join({record('S', 1, "  one"), record('S', 2, "two")}, "\n"));
-  utString text;
-  opened.in.read_string(72, text);
-  EXPECT_EQ(text, "  one" + std::string(67, ' '));
-  EXPECT_EQ(opened.in.take_value_present(), 1);
-  opened.in.read_string(70, text);
-  EXPECT_EQ(text.substr(0, 3), "two");
-  opened.in.read_string(12, text);  // reaches past the end of the record
-  EXPECT_EQ(text, "S      2");
-  EXPECT_EQ(opened.in.frozen(), true) << "the record is used up";
-  opened.in.read_string(0, text);
-  EXPECT_EQ(text, "");
-}
-
-TEST(Fields, RunOnOverRecords) {
-  Opened global(join({record('G', 1, std::string(70, ' ') + "12"), record('G', 2, "34,  5"),
-                      record('G', 3, ",16Habcdefgh"), record('G', 4, "   , 1." + std::string(60, ' ') + "25H--"),
-                      record('G', 5, "x,1"), record('G', 6, "  "), record('G', 7, "  2;")},
-                     "\n"));
-  int value = 0;
-  global.in.read_integer(value);
-  EXPECT_EQ(value, 1234);
-  EXPECT_EQ(codes(global.in.errors()), "0 4");
-  global.in.read_integer(value);
-  EXPECT_EQ(value, 5);
-  EXPECT_EQ(codes(global.in.errors()), "0");
-  utString text;
-  global.in.read_holerith(text);
-  EXPECT_EQ(text, "abcdefgh" + std::string(8, ' '));
-  double real = 0;
-  global.in.read_double(real);
-  EXPECT_EQ(real, 1.25);
-  global.in.read_integer(value);
-  EXPECT_EQ(value, 12);
-  EXPECT_EQ(codes(global.in.errors()), "0 1 4");
-  Opened parameters(join(
-      {record('P', 1, "1.5," + std::string(57, ' ') + "1.2"), record('P', 2, "5D1, 7"), record('P', 3, ",")}, "\n"));
-  double reals[3] = {};
-  for (double& r : reals) parameters.in.read_double(r);
-  EXPECT_EQ(reals[0], 1.5);
-  EXPECT_EQ(reals[1], 12.5);
-  EXPECT_EQ(reals[2], 7);
-  EXPECT_EQ(codes(parameters.in.errors()), "0");
 }
 
 TEST(Stream, ReadsAFileFromBoundaryToBoundary) {
@@ -336,33 +197,27 @@ class Journal {
     int value = 0;
     double real = 0;
     utString text;
-    switch (action % 16) {
-      case 0:
-      case 1:
-      case 2:
+    constexpr char actions[] = "iiirrrrhhIISesvv";
+    switch (actions[action % 16]) {
+      case 'i':
         in.read_integer(value);
         break;
-      case 3:
-      case 4:
-      case 5:
-      case 6:
+      case 'r':
         in.read_double(real);
         break;
-      case 7:
-      case 8:
+      case 'h':
         in.read_holerith(text);
         break;
-      case 9:
-      case 10:
+      case 'I':
         in.read_integer(8, value);
         break;
-      case 11:
+      case 'S':
         in.read_string(1 + action / 16 % 80, text);
         break;
-      case 12:
+      case 'e':
         result = codes(in.errors());
         break;
-      case 13:
+      case 's':
         in.skip_line();
         break;
       default:
@@ -421,17 +276,16 @@ TEST(Stream, ReadsTheSameByBothRoads) {
 
 // All lists of a file share what the records need not supply; it grows with what was read.
 TEST(InStream, GrantsMissingElementsInProportion) {
-  constexpr int lines = 100;
+  constexpr int lines = 128;
   std::string text;
   for (int i = 1; i <= lines; ++i) text += line('S', i, "1,2,3");
   Opened file(text);
-  EXPECT_EQ(file.in.grant_missing(0), 1);
-  EXPECT_EQ(file.in.grant_missing(igsInStream::always_granted), 1);
-  EXPECT_EQ(file.in.grant_missing(igsInStream::always_granted), 0);
   while (file.in.in_section(igsStartSectionId) != 0) file.in.skip_line();
-  const std::int64_t more = lines * 81 / igsInStream::bytes_per_granted;
-  EXPECT_EQ(file.in.grant_missing(more - 1), 1);
-  EXPECT_EQ(file.in.grant_missing(more), 0);
+  const std::int64_t all = igsInStream::always_granted + lines * 81 / igsInStream::bytes_per_granted;
+  EXPECT_EQ(file.in.grant_missing(1), 1);
+  EXPECT_EQ(file.in.grant_missing(all), 0);
+  EXPECT_EQ(file.in.grant_missing(all - 1), 1);  // to the last one
+  EXPECT_EQ(file.in.grant_missing(1), 0);
   EXPECT_EQ(file.in.grant_missing(0), 1);
 }
 

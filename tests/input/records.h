@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <stdexcept>
-#include <streambuf>
 #include <string>
 #include <vector>
 
@@ -47,34 +45,6 @@ inline std::string join(const std::vector<std::string>& lines, const std::string
   for (const std::string& l : lines) text += l + line_end;
   return text;
 }
-
-/// A stream buffer over a text that hands out `step` characters at a time and ends after `size` of them: as at the end
-/// of input, or by throwing.
-class FailingBuffer : public std::streambuf {
- public:
-  FailingBuffer(const std::string& text, std::size_t size, bool throws, std::size_t step)
-      : m_text(text), m_size(std::min(size, text.size())), m_throws(throws), m_step(step) {}
-
- protected:
-  int_type underflow() override {
-    if (m_taken == m_size) {
-      if (m_throws) throw std::runtime_error("the device is gone");
-      return traits_type::eof();
-    }
-    char* const start = m_text.data() + m_taken;
-    const std::size_t count = std::min(m_step, m_size - m_taken);
-    m_taken += count;
-    setg(start, start, start + count);
-    return traits_type::to_int_type(*start);
-  }
-
- private:
-  std::string m_text;
-  std::size_t m_size;
-  std::size_t m_taken = 0;
-  bool m_throws;
-  std::size_t m_step;
-};
 
 /// Keeps the messages as "tag|text".
 class Messages : public kelabsOutput {

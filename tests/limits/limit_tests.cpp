@@ -20,6 +20,7 @@
 #include "hostile_text.h"
 #include "igs/igs.h"
 #include "igs/structure/igsCompound_errors.h"
+#include "streams.h"
 
 namespace {
 
@@ -59,25 +60,6 @@ using namespace igs_test;
 
 /// Sanitizers take their time: they get smaller files.
 constexpr int scaled(int count) { return count / IGS_TEST_SCALE; }
-
-/// Shows a text as a stream, without a copy of it.
-class TextInput : public std::streambuf {
- public:
-  explicit TextInput(std::string& text) { setg(text.data(), text.data(), text.data() + text.size()); }
-};
-
-/// Counts what is written and keeps nothing.
-class NoOutput : public std::streambuf {
- public:
-  std::size_t count = 0;
-
- protected:
-  int_type overflow(int_type character) override { return ++count, traits_type::not_eof(character); }
-  std::streamsize xsputn(const char*, std::streamsize size) override {
-    count += static_cast<std::size_t>(size);
-    return size;
-  }
-};
 
 /// Reads, checks, repairs and writes; the number of bytes written.
 std::size_t use(std::string& text) {

@@ -14,6 +14,7 @@
 
 #include "igs/output/igsEncoder.h"
 #include "igs/output/igsOutEngine.h"
+#include "streams.h"
 
 namespace {
 
@@ -95,26 +96,13 @@ TEST(OutStream, EverySectionToTheByte) {
   EXPECT_EQ(out.error(), 0);
 }
 
-TEST(OutStream, SectionsCountAnew) {
-  std::ostringstream target;
-  igsOutStream out(&target);
-  out.set_section(igsDirectorySectionId);
-  out.write_integer(8, 7);
-  out.set_section(igsDirectorySectionId);
-  EXPECT_EQ(out.num_lines(igsDirectorySectionId), 0);
-  EXPECT_EQ(target.str(), record("       7", "D      1"));
-  EXPECT_EQ(out.num_lines(igsParameterSectionId), 0);
-}
-
 TEST(OutStream, FixedFieldsNeverReachIntoTheirNeighbours) {
-  struct Case {
+  const struct {
     int width;
-    const char* text;
-    const char* field;
-  };
-  const Case cases[] = {{4, "ab", "  ab"}, {4, "abcd", "abcd"}, {4, "abcdef", "abcd"},
-                        {3, "", "   "},    {0, "ab", ""},       {-5, "ab", ""}};
-  for (const Case& c : cases) {
+    const char *text, *field;
+  } cases[] = {{4, "ab", "  ab"}, {4, "abcd", "abcd"}, {4, "abcdef", "abcd"},
+               {3, "", "   "},    {0, "ab", ""},       {-5, "ab", ""}};
+  for (const auto& c : cases) {
     std::ostringstream target;
     igsOutStream out(&target);
     out.set_section(igsDirectorySectionId);
@@ -288,34 +276,11 @@ TEST(OutEngine, SequenceNumbersEndAtTheirSevenColumns) {
   EXPECT_EQ(engine.reset(), 0);
 }
 
-/// Accepts `limit` characters, then fails: by a short write, or by an exception.
-class LimitedBuffer : public std::streambuf {
- public:
-  LimitedBuffer(std::size_t limit, bool throws) : m_limit(limit), m_throws(throws) {}
-  std::string text;
-
- protected:
-  std::streamsize xsputn(const char* s, std::streamsize n) override {
-    const std::size_t length = std::min(static_cast<std::size_t>(n), m_limit - text.size());
-    text.append(s, length);
-    if (m_throws && length < static_cast<std::size_t>(n)) throw 1;
-    return static_cast<std::streamsize>(length);
-  }
-  int_type overflow(int_type c) override {
-    const char character = traits_type::to_char_type(c);
-    return xsputn(&character, 1) == 1 ? c : traits_type::eof();
-  }
-
- private:
-  std::size_t m_limit;
-  bool m_throws;
-};
-
 TEST(OutStream, DestinationFailingAfterEveryNumberOfBytes) {
   for (const bool throws : {false, true}) {
     for (const bool exceptions : {false, true}) {
       for (std::size_t limit = 0; limit <= small_file.size(); ++limit) {
-        LimitedBuffer buffer(limit, throws);
+        igs_test::LimitedOutput buffer(limit, throws);
         std::ostream target(&buffer);
         if (exceptions) target.exceptions(std::ios_base::badbit | std::ios_base::failbit);
         {
@@ -342,7 +307,7 @@ TEST(OutStream, DestinationFailingAfterEveryNumberOfBytes) {
 TEST(OutEngine, FaultWithinABlock) {
   constexpr std::size_t num_records = 3000;
   for (const std::size_t sound : {0U, 1U, 799U, 800U, 801U, 2999U}) {
-    LimitedBuffer buffer(81 * sound + 80, false);
+    igs_test::LimitedOutput buffer(81 * sound + 80, false);
     std::ostream target(&buffer);
     TextEncoder encoder;
     Engine engine(&target);
@@ -389,24 +354,8 @@ TEST(OutStream, UnusableDestinations) {
   }
 }
 
-/// Counts flushes, or fails in them.
-class FlushBuffer : public std::stringbuf {
- public:
-  explicit FlushBuffer(bool fails = false) : m_fails(fails) {}
-  int flushes = 0;
-
- protected:
-  int sync() override {
-    ++flushes;
-    return m_fails ? -1 : 0;
-  }
-
- private:
-  bool m_fails;
-};
-
 TEST(OutStream, ChangeOfDestinationCompletesTheFirst) {
-  FlushBuffer first_buffer;
+  igs_test::LimitedOutput first_buffer(1000);
   std::ostream first(&first_buffer);
   std::ostringstream second;
   {
@@ -414,7 +363,7 @@ TEST(OutStream, ChangeOfDestinationCompletesTheFirst) {
     out.set_section(igsTerminateSectionId);
     out.write_integer(8, 1);
     out.set_destination(&second);
-    EXPECT_EQ(first_buffer.str(), record("       1", "T      1"));
+    EXPECT_EQ(first_buffer.text, record("       1", "T      1"));
     EXPECT_EQ(first_buffer.flushes, 1);
     out.write_integer(8, 2);
     EXPECT_EQ(second.str(), "");
@@ -423,7 +372,7 @@ TEST(OutStream, ChangeOfDestinationCompletesTheFirst) {
 }
 
 TEST(OutStream, FlushThatFailsIsAFault) {
-  FlushBuffer buffer(true);
+  igs_test::LimitedOutput buffer(1000, false, true);
   std::ostream target(&buffer);
   target.exceptions(std::ios_base::badbit);
   std::ostringstream next;

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <algorithm>
+#include <stdexcept>
+#include <streambuf>
+#include <string>
+#include <string_view>
+#include <utility>
+
+// The stream buffers of the tests. None takes memory of its own but for what it keeps.
+namespace igs_test {
+
+/// Supplies a text that lives elsewhere, without a copy of it.
+class TextInput : public std::streambuf {
+ public:
+  explicit TextInput(std::string_view text) {
+    char* const begin = const_cast<char*>(text.data());  // never written to
+    setg(begin, begin, begin + text.size());
+  }
+};
+
+/// Supplies the first `size` bytes of a text, at most `step` at a time, and then ends, or throws.
+class LimitedInput : public std::streambuf {
+ public:
+  LimitedInput(std::string text, std::size_t size, bool throws, std::size_t step = std::string::npos)
+      : m_text(std::move(text)), m_size(std::min(size, m_text.size())), m_throws(throws), m_step(step) {}
+
+ protected:
+  int_type underflow() override {
+    if (m_taken == m_size) return m_throws ? throw std::runtime_error("the device is gone") : traits_type::eof();
+    char* const start = m_text.data() + m_taken;
+    const std::size_t count = std::min(m_step, m_size - m_taken);
+    m_taken += count;
+    setg(start, start, start + count);
+    return traits_type::to_int_type(*start);
+  }
+
+ private:
+  std::string m_text;
+  std::size_t m_size, m_taken = 0;
+  bool m_throws;
+  std::size_t m_step;
+};
+
+/// Counts what is written and keeps nothing.
+class NoOutput : public std::streambuf {
+ public:
+  std::size_t count = 0;
+
+ protected:
+  int_type overflow(int_type character) override { return ++count, traits_type::not_eof(character); }
+  std::streamsize xsputn(const char* /*bytes*/, std::streamsize size) override {
+    count += static_cast<std::size_t>(size);
+    return size;
+  }
+};
+
+/// Accepts `room` bytes, then fails as a full disk does, or throws. Counts flushes, which may fail, too.
+class LimitedOutput : public std::streambuf {
+ public:
+  explicit LimitedOutput(std::size_t room, bool throws = false, bool flush_fails = false)
+      : m_room(room), m_throws(throws), m_flush_fails(flush_fails) {}
+  std::string text;
+  int flushes = 0;
+
+ protected:
+  std::streamsize xsputn(const char* bytes, std::streamsize size) override {
+    const std::size_t length = std::min(static_cast<std::size_t>(size), m_room - text.size());
+    text.append(bytes, length);
+    if (m_throws && length < static_cast<std::size_t>(size)) throw std::runtime_error("the device is gone");
+    return static_cast<std::streamsize>(length);
+  }
+  int_type overflow(int_type c) override {
+    const char character = traits_type::to_char_type(c);
+    return xsputn(&character, 1) == 1 ? c : traits_type::eof();
+  }
+  int sync() override {
+    ++flushes;
+    return m_flush_fails ? -1 : 0;
+  }
+
+ private:
+  std::size_t m_room;
+  bool m_throws, m_flush_fails;
+};
+
+}  // namespace igs_test
