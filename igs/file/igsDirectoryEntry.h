@@ -73,6 +73,10 @@ class IGS_API igsDirectoryEntry {
 
   void print(utOstream& os) const;
 
+ protected:
+  /// Gives up every pointer of the entry (igsObjectPtr::unreference).
+  void unreference_children();
+
  private:
   friend class igsFile;
   friend class igsObject;
@@ -82,7 +86,6 @@ class IGS_API igsDirectoryEntry {
     m_entity_type = type;
     m_form_number = form;
   }
-  void unreference_children();
   /// Writes the entry's two records.
   void write(igsOutStream& out) const;
   void check(bool with_matrix, int min_line_weight) const;

@@ -200,10 +200,10 @@ void igsFile::repair(int delete_faulty) {
   }
 }
 
-void igsFile::replace_entity(igsObject* old, igsObject* replacement) {
-  if (old == nullptr || replacement == nullptr || old == replacement) return;
+int igsFile::replace_entity(igsObject* old, igsObject* replacement) {
+  if (old == nullptr || replacement == nullptr || old == replacement) return 0;
   igsObjectManager* const manager = replacement->manager();
-  if (&old->file() != this || manager->file() != this) return;
+  if (&old->file() != this || manager->file() != this) return 0;
 
   std::vector<igsObjectPtr*> references;
   igsObjectManagerIT pointers(old->manager());
@@ -217,6 +217,7 @@ void igsFile::replace_entity(igsObject* old, igsObject* replacement) {
   m_slots[index(manager->system_location())] = nullptr;
   m_free_slots.push_back(manager->system_location());
   manager->set_system_location(slot);
+  return 1;
 }
 
 void igsFile::print(utOstream& os) const {

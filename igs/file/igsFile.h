@@ -51,7 +51,7 @@ struct igsReadFault {
 class IGS_API igsFile {
  public:
   igsFile();
-  /// As above, with a name to be printed; nothing is opened.
+  /// As above, with a name to be asked for and printed; nothing is opened.
   explicit igsFile(const utString& pathname);
   ~igsFile();
   igsFile(const igsFile&) = delete;
@@ -78,10 +78,11 @@ class IGS_API igsFile {
   /// Checks, repairs what can be repaired and, when `delete_faulty` is not 0, deletes the entities that still have
   /// logged errors.
   void clean(int delete_faulty);
-  /// Makes `replacement` take over the DE number of `old` and every pointer to it. `old` is deleted. Both must be
-  /// entities of this file.
-  void replace_entity(igsObject* old, igsObject* replacement);
+  /// Makes `replacement` take over the DE number of `old` and every pointer to it, deletes `old` and returns 1. Refuses
+  /// with 0, nothing changed, unless these are two entities of this file.
+  int replace_entity(igsObject* old, igsObject* replacement);
 
+  const utString& pathname() const { return m_pathname; }
   /// Number of live entities.
   int num_entities() const;
   /// Number of null entities, and of entities of unknown type or form, that reading dropped.
@@ -112,7 +113,6 @@ class IGS_API igsFile {
   void print(utOstream& os) const;
 
  protected:
-  const utString& pathname() const { return m_pathname; }
   /// The parts of `read` and `write`. Return 1; return 0 where the stream cannot go on.
   int read_directory_section(igsInStream& in);
   int read_directory_entry(igsInStream& in);
@@ -120,6 +120,8 @@ class IGS_API igsFile {
   int write_data_section(std::ostream& out, igsOutStream& stream);
   int write_directory_entries(igsOutStream& stream);
   int write_parameter_data_section(std::ostream& out, std::istream& in);
+  /// As above, from the file of that name; 0, too, when it cannot be opened.
+  int write_parameter_data_section(std::ostream& out, const utString& name);
   /// Gives the error the message stream. A null error is ignored.
   void tag_error(igsError* error) const;
 

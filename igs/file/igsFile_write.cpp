@@ -216,3 +216,8 @@ int igsFile::write_parameter_data_section(std::ostream& out, std::istream& in) {
   }
   return in.eof() && out ? 1 : 0;
 }
+
+int igsFile::write_parameter_data_section(std::ostream& out, const utString& name) {
+  ubIFStream in(name);
+  return in ? write_parameter_data_section(out, in) : 0;
+}

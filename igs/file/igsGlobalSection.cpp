@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cfloat>
+#include <climits>
 #include <cmath>
+#include <limits>
 
 #include "igs/catalogue/igsInfoDB.h"
 #include "igs/errors/igsErrorLog.h"
@@ -202,7 +204,7 @@ int igsGlobalSection::read_record_delimiter(igsInStream& in, utOstream& /*messag
   if (m_parameter_delimiter == default_record_delimiter) in.set_record_delimiter('\0');
   utString text;
   read_or(in, text, utString(1, default_record_delimiter));
-  // One character cannot do both: every field would end the record.
+  // One character cannot do both: every field would end the record, and the file could not be read back.
   if (text.size() != 1 || valid_delimiter(text[0]) == 0 || text[0] == m_parameter_delimiter) {
     tag_error(new igsGlobalSectionInvalidRecordDelim(text));
     return 0;
@@ -371,7 +373,21 @@ void igsGlobalSection::parameters(Visitor visitor) const {
   visitor("DraftingStandard", m_drafting_standard);
 }
 
+void igsGlobalSection::set_what_was_never_set() {
+  const auto set = [](auto& member, auto unset, auto value) {
+    if (member == unset) member = value;
+  };
+  set(m_binary_bits_for_int, unset_int, static_cast<int>(CHAR_BIT * sizeof(int)));
+  set(m_sp_max_pow10, unset_int, std::numeric_limits<float>::max_exponent10);
+  set(m_sp_sig_digs, unset_int, std::numeric_limits<float>::digits10);
+  set(m_dp_max_pow10, unset_int, std::numeric_limits<double>::max_exponent10);
+  set(m_dp_sig_digs, unset_int, std::numeric_limits<double>::digits10);
+  set(m_minimum_resolution, undefined_real, default_resolution);
+  set(m_max_coord_value, undefined_real, DBL_MAX);
+}
+
 int igsGlobalSection::write(igsOutStream& out, utOstream& /*messages*/) {
+  set_what_was_never_set();
   out.set_section(igsGlobalSectionId);
   out.set_delimiters(utString(1, m_parameter_delimiter), utString(1, m_record_delimiter));
   ParameterWriter writer(out);

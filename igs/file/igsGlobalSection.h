@@ -26,7 +26,9 @@ class IGS_API igsGlobalSection {
   /// Copies every parameter and the owner.
   void become(const igsGlobalSection& other) { *this = other; }
 
-  /// 1 and 2. The setters refuse what valid_delimiter refuses, and a character that is the other delimiter.
+  /// 1 and 2. The setters refuse what valid_delimiter refuses, and a character that is the other delimiter: a file
+  /// whose delimiters are the same cannot be read back, every field ending the record. Reading refuses such a section,
+  /// too.
   char parameter_delimiter() const { return m_parameter_delimiter; }
   int set_parameter_delimiter(char delimiter);
   char record_delimiter() const { return m_record_delimiter; }
@@ -122,7 +124,9 @@ class IGS_API igsGlobalSection {
   /// 1 for "," and ";" and whatever can be told from a number, a Hollerith string and white space: no control
   /// character, blank, digit, "+", "-", ".", "D", "E" or "H".
   int valid_delimiter(char c) const;
-  /// Writes every parameter as it is held. 0 only when the stream cannot go on.
+  /// Writes every parameter as it is held, after those that never got a value (7 to 11, 19 and 20) have been given one:
+  /// the number formats of this machine, a resolution of 0.0001, no largest coordinate. 0 only when the stream cannot
+  /// go on.
   int write(igsOutStream& out, utOstream& messages);
   /// Gives the error this section and the message stream of the owner.
   void tag_error(igsGlobalError* error) const;
@@ -138,6 +142,7 @@ class IGS_API igsGlobalSection {
   void read_creation_date(igsInStream& in);
   void read_modification_date(igsInStream& in);
   void check_number_formats() const;
+  void set_what_was_never_set();
   void forget_last_check() const;
   void tag_fault(igsGlobalError* error) const;
   /// Hands every parameter, in order, with its label to `visitor`.

@@ -314,6 +314,7 @@ TEST(File, WritingClosesGaps) {
   delete file.entity(3);
   EXPECT_EQ(file.num_entities(), 3);
   EXPECT_THAT(printed(file), HasSubstr("NoOfEntities = 4\n"));
+  EXPECT_EQ(file.pathname(), "part.igs");
   const std::string text = written(file);
   EXPECT_EQ(column_fault(text), "");
   EXPECT_THAT(classes(file), ElementsAre("1 igs110", "3 igs110", "5 igs116"));
@@ -331,7 +332,11 @@ TEST(File, ReplacementTakesOverNumberAndReferences) {
   auto* replacement = new Node;
   const igsObjectPtr direct(replacement);
   EXPECT_EQ(replacement->de_number(), 7);
-  file.replace_entity(old, replacement);
+  igsFile elsewhere;
+  EXPECT_EQ(file.replace_entity(old, new Node), 0) << "of another file";
+  EXPECT_EQ(elsewhere.replace_entity(old, replacement), 0);
+  EXPECT_EQ(file.replace_entity(old, replacement), 1);
+  igsObjectSystem::set_current_file(file);
   EXPECT_EQ(replacement->de_number(), 1);
   EXPECT_EQ(file.entity(1), replacement);
   for (const igsObjectPtr* p : {&pointer, &direct, &point->display_symbol()}) EXPECT_EQ(p->object(), replacement);
@@ -368,6 +373,15 @@ TEST(FileIterator, PassesOverWhatItShould) {
 }
 
 // ---- check and clean
+
+TEST(File, FreshFileIsWrittenSound) {
+  igsFile fresh, back;
+  ASSERT_EQ(read_text(back, written(fresh)), 1);
+  back.check();
+  EXPECT_THAT(active_errors(back), IsEmpty());
+  EXPECT_EQ(back.global_section().binary_bits_for_int(), 32);
+  EXPECT_EQ(back.global_section().dp_sig_digs(), 15);
+}
 
 TEST(File, CleanDeletesWhatStaysFaulty) {
   IgesBuilder builder;
