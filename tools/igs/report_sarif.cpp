@@ -6,7 +6,7 @@
 #include <unordered_map>
 
 #include "directory_lines.h"
-#include "explain_table.h"
+#include "explain/texts.h"
 #include "jobs.h"
 #include "json_writer.h"
 #include "report.h"
@@ -54,9 +54,9 @@ const char* level_of(const ErrorText* text) { return text != nullptr && !text->r
 
 void write_rule(JsonWriter& json, const ErrorText& text) {
   json.begin_object();
-  json.member("id", std::string(text.name));
+  json.member("id", text.name);
   write_message(json, "shortDescription", general_sentence(text));
-  write_message(json, "help", text.repair.empty() ? "It is not repaired." : "Repair: " + std::string(text.repair));
+  write_message(json, "help", text.repair.empty() ? "It is not repaired." : "Repair: " + text.repair);
   json.key("defaultConfiguration");
   json.begin_object();
   json.member("level", level_of(&text));
@@ -71,7 +71,7 @@ void write_rule(JsonWriter& json, const ErrorText& text) {
 /// The place of every error class in the list of rules.
 std::unordered_map<std::string_view, int> rule_indices() {
   std::unordered_map<std::string_view, int> indices;
-  for (const ErrorText* text : all_error_texts()) indices.emplace(text->name, static_cast<int>(indices.size()));
+  for (const ErrorText& text : all_error_texts()) indices.emplace(text.name, static_cast<int>(indices.size()));
   return indices;
 }
 
@@ -120,7 +120,7 @@ void SarifReport::write_driver(JsonWriter& json) {
   json.member("version", IGS_VERSION);
   json.key("rules");
   json.begin_array();
-  for (const ErrorText* text : all_error_texts()) write_rule(json, *text);
+  for (const ErrorText& text : all_error_texts()) write_rule(json, text);
   json.end_array();
   json.end_object();
   json.end_object();

@@ -1,7 +1,7 @@
 #include <ostream>
 
 #include "diff_report.h"
-#include "explain_table.h"
+#include "explain/texts.h"
 #include "jobs.h"
 #include "report.h"
 #include "text.h"

@@ -4,7 +4,7 @@
 
 #include "commands.h"
 #include "exit_status.h"
-#include "explain_table.h"
+#include "explain/texts.h"
 #include "nearest.h"
 #include "report.h"
 #include "text.h"
@@ -38,7 +38,7 @@ const coResourceInfo* find_key(const std::string& name) {
 
 void complain_of_name(const std::string& name) {
   std::vector<std::string_view> known;
-  for (const ErrorText* text : all_error_texts()) known.push_back(text->name);
+  for (const ErrorText& text : all_error_texts()) known.push_back(text.name);
   for (const coResourceInfo& key : coResourceTable::keys()) known.push_back(key.name);
   const std::vector<std::string_view> near = nearest(name, known);
   complain(name, "no error class of this name" + (near.empty() ? "" : "; near names: " + joined(near)));
@@ -63,7 +63,7 @@ int run_explain(const ExplainOptions& options) {
   const Paint paint(options.color, STDOUT_FILENO);
   int status = exit_clean;
   if (options.names.empty()) {
-    for (const ErrorText* text : all_error_texts()) list(*text, paint);
+    for (const ErrorText& text : all_error_texts()) list(text, paint);
   }
   for (const std::string& name : options.names) {
     if (!describe(name, paint)) status = exit_failed;

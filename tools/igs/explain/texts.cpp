@@ -1,4 +1,4 @@
-#include "explain_table.h"
+#include "explain/texts.h"
 
 #include <algorithm>
 #include <charconv>
@@ -9,11 +9,6 @@
 #include "text.h"
 
 namespace {
-
-constexpr auto families = {file_errors,   section_errors,   directory_errors,       geometry_errors,
-                           spline_errors, composite_errors, swept_errors,           surface_errors,
-                           solid_errors,  analytic_errors,  annotation_errors,      dimension_errors,
-                           note_errors,   font_errors,      structure_entity_errors};
 
 /// The values of an error as words.
 class ValueWords : public igsErrorValueVisitor {
@@ -63,18 +58,10 @@ std::string bare_values(const std::vector<std::string>& words) {
 
 }  // namespace
 
-std::vector<const ErrorText*> all_error_texts() {
-  std::vector<const ErrorText*> texts;
-  for (const auto& family : families) {
-    for (const ErrorText& text : family()) texts.push_back(&text);
-  }
-  return texts;
-}
-
 const ErrorText* find_error_text(std::string_view name) {
   static const auto texts_by_name = [] {
     std::unordered_map<std::string_view, const ErrorText*> texts;
-    for (const ErrorText* text : all_error_texts()) texts.emplace(text->name, text);
+    for (const ErrorText& text : all_error_texts()) texts.emplace(text.name, &text);
     return texts;
   }();
   const auto found = texts_by_name.find(name);

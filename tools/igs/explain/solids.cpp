@@ -1,0 +1,63 @@
+#include "explain/rows.h"
+
+Rows solid_texts() {
+  constexpr std::string_view with_curve = "The curve is repaired; if that fails, the loop keeps its fault.";
+  constexpr std::string_view with_list = "The list is repaired; if that fails, the loop keeps its fault.";
+  constexpr std::string_view with_shell = "The shell is repaired; if that fails, the solid keeps its fault.";
+  constexpr std::string_view without_face =
+      "The face is repaired; every entry of the shell that is not a sound face then is taken out of the shell.";
+  return {
+      entity("igs186OuterShell", "the solid's outer shell"),
+      {"NullShell", "the solid has no outer shell"},
+      optional(reference("Shell", "@", "is not a shell", {with_shell})),
+      {"InvalidOrientation", "the outer shell's orientation is neither 0 nor 1"},
+      entity("igs186InnerShell", "void shell {#0}"),
+      reference("Shell", "@", "is not a shell", {with_shell}),
+      {"InvalidOrientation", "the orientation of @ is neither 0 nor 1"},
+      entity("igs186", "the solid"),
+      {"BadNumInnerShells", "the record cannot hold {0} void shells; the entity was left out"},
+      entity("igs502"),
+      {"NoVertices", "the vertex list has no vertices, or a count that its record cannot hold"},
+      {"InvalidVertex", "vertex {#0} is undefined"},
+      entity("igs504"),
+      {"NoEdges", "the edge list has no edges, or a count that its record cannot hold"},
+      entity("igs508", "the loop"),
+      {"NoOrientatedEdges", "@ has no edges, or a count that its record cannot hold"},
+      entity("igs508OrientatedEdge", "edge {0} of the loop (counted from 0)"),
+      {"NullList", "@ has no edge or vertex list"},
+      {"WrongListType", "@ refers to neither an edge list nor a vertex list"},
+      {"Wrong502EdgeType", "@ refers to a vertex list, but its type is not 1", "The type is set to 1."},
+      {"502OffsetOutOfRange", "@ uses a vertex that the vertex list does not have"},
+      {"502InvalidList", "the vertex list of @ has faults of its own",
+       "It is accepted when the vertex in use is defined; nothing is changed."},
+      {"Wrong504EdgeType", "@ refers to an edge list, but its type is not 0", "The type is set to 0."},
+      {"504OffsetOutOfRange", "@ uses an edge that the edge list does not have"},
+      {"504InvalidList", "the edge list of @ has faults of its own", with_list},
+      {"InvalidEdgeDirection", "the orientation of @ is neither 0 nor 1", "It is set to 1."},
+      entity("igs508OrientatedEdge504Edge", "edge {1} of the edge list (counted from 0), used as edge {0} of the loop"),
+      {"NullCurve", "@, has no curve"},
+      optional(reference("Curve", "the curve of @,", "is not a curve", {with_curve})),
+      {"NullFirstList", "@, has no first vertex list"},
+      optional(reference("FirstList", "the first vertex list of @,", "is not one", {with_list})),
+      {"NullSecondList", "@, has no second vertex list"},
+      optional(reference("SecondList", "the second vertex list of @,", "is not one", {with_list})),
+      {"OutOfRangeFirstListOffset", "@, starts at a vertex that its list does not have"},
+      {"OutOfRangeSecondListOffset", "@, ends at a vertex that its list does not have"},
+      entity("igs508HalfEdge", "parameter-space curve {1} of edge {0} of the loop (counted from 0)"),
+      reference("Curve", "@", "is not a curve", {with_curve}),
+      {"InvalidCurveFlag", "the isoparametric flag of @ is neither 0 nor 1", "It is set to 1."},
+      entity("igs510", "the face"),
+      {"NullSurface", "@ has no surface"},
+      optional(reference("Surface", "@'s surface", "is not a surface",
+                         {"The surface is repaired; if that fails, the face keeps its fault."})),
+      {"InvalidOuterLoopFlag", "@'s outer loop flag is neither 0 nor 1", "It is set to 0."},
+      {"NoLoops", "@ has no loops, or a count that its record cannot hold"},
+      reference("Loop", "loop {#0} of @", "is not a loop",
+                {"The loop is repaired; if that fails, the face keeps its fault."}),
+      entity("igs514", "the shell"),
+      {"NoFaces", "@ has no faces, or a count that its record cannot hold"},
+      entity("igs514OrientatedFace", "face {#0} of the shell"),
+      reference("Face", "@", "is not a face", {without_face, without_face}),
+      {"InvalidOrientation", "the orientation of @ is neither 0 nor 1", "It is set to 1."},
+  };
+}
