@@ -5,8 +5,8 @@
 #include <optional>
 #include <unordered_map>
 
-#include "model.h"
-#include "text.h"
+#include "files/model.h"
+#include "text/text.h"
 
 namespace {
 

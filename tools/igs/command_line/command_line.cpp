@@ -1,0 +1,283 @@
+#include "command_line/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <exception>
+#include <functional>
+#include <iostream>
+#include <utility>
+
+#include "command_line/arguments.h"
+#include "command_line/help.h"
+#include "command_line/nearest.h"
+#include "command_line/settings.h"
+#include "commands/commands.h"
+#include "files/complaints.h"
+#include "files/exit_status.h"
+#include "files/jobs.h"
+#include "text/text.h"
+
+namespace {
+
+constexpr const char* exit_status_help =
+    "Exit status: 0 no error is left, 1 errors are left, 2 a file could not be\n"
+    "opened, read to its end or written, or the call is wrong. The highest wins.";
+
+constexpr const char* diff_exit_status_help =
+    "Exit status: 0 the files hold the same, 1 they differ, 2 a file could not be\n"
+    "opened or read to its end, or the call is wrong.";
+
+/// The keys of --set.
+std::string keys_help() {
+  std::string keys;
+  for (const coResourceInfo& key : coResourceTable::keys()) keys += ' ' + std::string(key.name);
+  return "Keys of --set, which igs explain KEY explains:\n" + wrapped(keys, 2);
+}
+
+/// A check for CLI11: why the text is no count, empty when it is one.
+std::string is_count(const std::string& text) {
+  const bool is_digits = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+  return is_digits ? "" : '"' + printable(text) + "\" is no count";
+}
+
+/// The same for a number of jobs.
+std::string is_number_of_jobs(const std::string& text) {
+  constexpr std::size_t most_digits = 3;
+  const bool is_small = text.size() <= most_digits && std::stoul(text) <= most_jobs;
+  return is_small ? "" : printable(text) + " is too many, there are at most " + std::to_string(most_jobs);
+}
+
+/// The complaint without CLI11's turns of phrase.
+std::string complaint_of(const CLI::ParseError& error) {
+  std::string text = printable(error.what());
+  if (error.get_name() == "RequiredError") text = text.substr(0, text.find(' ')) + " is missing";
+  return text;
+}
+
+/// As is_count, for a distance.
+std::string is_tolerance(const std::string& text) {
+  double value = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, value);
+  const bool is_distance = error == std::errc() && stop == end && value >= 0 && value < HUGE_VAL;
+  return is_distance ? "" : '"' + printable(text) + "\" is no tolerance";
+}
+
+/// An option whose value is one of these words, each of which stands for a value.
+template <class Value>
+void add_choice(CLI::App& command, const std::string& name, const std::string& description,
+                const std::vector<std::pair<std::string, Value>>& choices, Value& chosen) {
+  std::vector<std::string> words;
+  for (const auto& [word, value] : choices) words.push_back(word);
+  const auto place_of = [words](const std::string& text) {
+    return static_cast<std::size_t>(std::find(words.begin(), words.end(), text) - words.begin());
+  };
+  const auto choose = [choices, place_of, &chosen](const std::string& text) {
+    chosen = choices.at(place_of(text)).second;
+  };
+  const auto is_known = [words, place_of](const std::string& text) {
+    if (place_of(text) < words.size()) return std::string();
+    return '"' + printable(text) + "\" is none of " + joined({words.begin(), words.end()});
+  };
+  command.add_option_function<std::string>(name, choose, description)
+      ->check(CLI::Validator(is_known, ""))
+      ->option_text(CLI::detail::join(words, "|"));
+}
+
+class CommandLine {
+ public:
+  CommandLine();
+  /// Returns the exit status; no exception leaves it.
+  int run(int argc, char** argv);
+
+ private:
+  int end_of_parsing(const CLI::ParseError& error, const std::vector<std::string>& words);
+  CLI::App& add_command(const char* name, const char* description, const std::function<int()>& run);
+  void add_info();
+  void add_check();
+  void add_repair();
+  void add_diff();
+  void add_print();
+  void add_explain();
+
+  // Options that several commands have.
+  void add_format(CLI::App& command, Options& options, bool has_sarif = false);
+  void add_limit(CLI::App& command, Options& options, const char* name, const char* description);
+  void add_settings(CLI::App& command, Options& options);
+  void add_color(CLI::App& command, Options& options);
+  void add_jobs(CLI::App& command);
+  CLI::Option* add_names(CLI::App& command, Options& options, const char* description, const char* text);
+
+  CLI::App m_app{"Reads, checks, repairs and writes IGES files", "igs"};
+  Options m_options;  ///< of commands that have no more
+  RepairOptions m_repair;
+  DiffOptions m_diff;
+  std::vector<std::string> m_settings;
+  int m_status = exit_clean;
+};
+
+CommandLine::CommandLine() {
+  m_app.require_subcommand(1);
+  m_app.set_help_flag("-h,--help", "show this help, or after a command that of the command");
+  m_app.set_version_flag("--version", "igs " IGS_VERSION, "show the version");
+  m_app.formatter_fn(help_text);
+  m_app.footer(exit_status_help);
+  add_info();
+  add_check();
+  add_repair();
+  add_diff();
+  add_print();
+  add_explain();
+}
+
+int CommandLine::run(int argc, char** argv) {
+  const std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+  try {
+    std::vector<std::string> arguments = arranged(m_app, words);
+    std::reverse(arguments.begin(), arguments.end());  // as CLI11 takes them
+    m_app.parse(arguments);
+  } catch (const CLI::ParseError& error) {
+    m_status = end_of_parsing(error, words);
+  } catch (const std::exception& error) {
+    std::cerr << "igs: " << error.what() << std::endl;
+    m_status = exit_failed;
+  }
+  return m_status;
+}
+
+/// Shows the help or version asked for, or complains of the call.
+int CommandLine::end_of_parsing(const CLI::ParseError& error, const std::vector<std::string>& words) {
+  if (error.get_exit_code() == 0) {
+    m_app.exit(error);
+    return flush_output() ? exit_clean : exit_failed;
+  }
+  const bool is_of_command = !words.empty() && find_command(m_app, words[0]) != nullptr;
+  const std::string command = is_of_command ? words[0] : "";
+  std::cerr << "igs: " << command << (is_of_command ? ": " : "") << complaint_of(error) << "\nRun igs " << command
+            << (is_of_command ? " " : "") << "--help for more information." << std::endl;
+  return exit_failed;
+}
+
+CLI::App& CommandLine::add_command(const char* name, const char* description, const std::function<int()>& run) {
+  CLI::App& command = *m_app.add_subcommand(name, description);
+  command.set_help_flag("-h,--help", "show this help");
+  command.footer(exit_status_help);
+  command.callback([this, run] {
+    for (const std::string& setting : m_settings) set_resource(setting);
+    m_status = run();
+  });
+  return command;
+}
+
+void CommandLine::add_format(CLI::App& command, Options& options, bool has_sarif) {
+  std::vector<std::pair<std::string, Format>> formats{{"text", Format::text}, {"json", Format::json}};
+  if (has_sarif) formats.emplace_back("sarif", Format::sarif);
+  const std::string description = "text for people; json, an object a line and a file";
+  add_choice(command, "--format", description + (has_sarif ? "; or sarif, for code review and CI" : ""), formats,
+             options.format);
+}
+
+void CommandLine::add_limit(CLI::App& command, Options& options, const char* name, const char* description) {
+  command.add_option(name, options.limit, description)->check(is_count)->option_text("N");
+}
+
+void CommandLine::add_settings(CLI::App& command, Options& options) {
+  command.add_option("--set", m_settings, "change a tolerance or option")
+      ->allow_extra_args(false)
+      ->option_text("KEY=VALUE");
+  add_limit(command, options, "--max-errors",
+            "list at most N errors a file (and N repaired ones); 1000 in text, all otherwise");
+}
+
+void CommandLine::add_color(CLI::App& command, Options& options) {
+  const std::vector<std::pair<std::string, ColorMode>> modes{
+      {"auto", ColorMode::automatic}, {"always", ColorMode::always}, {"never", ColorMode::never}};
+  add_choice(command, "--color", "colour the text form; auto, the default, heeds NO_COLOR", modes, options.color);
+}
+
+void CommandLine::add_jobs(CLI::App& command) {
+  command.add_option("--jobs", m_options.jobs, "work on N files at a time, each in a process of its own; 1 without it")
+      ->check(is_count)
+      ->check(is_number_of_jobs)
+      ->option_text("N");
+}
+
+CLI::Option* CommandLine::add_names(CLI::App& command, Options& options, const char* description, const char* text) {
+  return command.add_option("FILE", options.names, description)->required()->option_text(text);
+}
+
+void CommandLine::add_info() {
+  CLI::App& command = add_command("info", "Show the sections of files and count their entities",
+                                  [this] { return run_info(m_options); });
+  add_format(command, m_options);
+  add_color(command, m_options);
+  add_jobs(command);
+  add_names(command, m_options, "IGES files; - is standard input", "...");
+}
+
+void CommandLine::add_check() {
+  CLI::App& command = add_command("check", "List the errors of files", [this] { return run_check(m_options); });
+  add_format(command, m_options, true);
+  add_settings(command, m_options);
+  command.footer(keys_help() + exit_status_help);
+  add_color(command, m_options);
+  add_jobs(command);
+  add_names(command, m_options, "IGES files; - is standard input", "...");
+}
+
+void CommandLine::add_repair() {
+  CLI::App& command = add_command("repair", "Repair what can be repaired in a file and write the result",
+                                  [this] { return run_repair(m_repair); });
+  add_format(command, m_repair);
+  add_settings(command, m_repair);
+  command.footer(std::string("Keys of --set: see igs check --help.\n") + exit_status_help);
+  add_color(command, m_repair);
+  command.add_flag("--delete-faulty", m_repair.delete_faulty,
+                   "delete the entities that still have errors after the repairs. Sound entities whose only fault "
+                   "cannot be repaired (a wrong line count, say) go, too");
+  command.add_flag("--summary", m_repair.summary,
+                   "after the report, list what differs between what was read and what was written");
+  command
+      .add_option("-o,--output", m_repair.target,
+                  "the file to write, whole or not at all; - is standard output; may be FILE")
+      ->required()
+      ->option_text("OUT");
+  add_names(command, m_repair, "IGES file; - is standard input", " ")->expected(1);
+}
+
+void CommandLine::add_diff() {
+  CLI::App& command =
+      add_command("diff", "Say what differs between two files, entity by entity, whatever their order", [this] {
+        if (m_diff.names == std::vector<std::string>{"-", "-"}) {
+          throw CLI::ValidationError("FILE", "only one of the files can be standard input");
+        }
+        return run_diff(m_diff);
+      });
+  add_format(command, m_diff);
+  command.add_option("--tolerance", m_diff.tolerance, "reals at most T apart count as the same; equal ones without it")
+      ->check(is_tolerance)
+      ->option_text("T");
+  add_limit(command, m_diff, "--max-changes", "list at most N changes; 1000 in text, all in json");
+  add_names(command, m_diff, "the old file and the new one; one of them may be -, standard input", "OLD NEW")
+      ->expected(2);
+  command.footer(diff_exit_status_help);
+}
+
+void CommandLine::add_print() {
+  CLI::App& command = add_command("print", "Print everything a file holds", [this] { return run_print(m_options); });
+  add_names(command, m_options, "IGES file; - is standard input", " ")->expected(1);
+}
+
+void CommandLine::add_explain() {
+  CLI::App& command = add_command("explain", "Say what error classes mean and whether they are repaired",
+                                  [this] { return run_explain(m_options); });
+  add_color(command, m_options);
+  command.add_option("CLASS", m_options.names, "names as reports show them, or keys of --set; all without a name")
+      ->option_text("...");
+}
+
+}  // namespace
+
+int run_command_line(int argc, char** argv) { return CommandLine().run(argc, argv); }

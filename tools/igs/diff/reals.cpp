@@ -1,0 +1,37 @@
+#include "diff/reals.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+namespace {
+
+/// Some odd number of tolerances: few of the numbers that people choose lie on the border of two cells.
+constexpr double cell_in_tolerances = 61.803398875;
+
+double round_to_digits(double value, int digits) {
+  std::array<char, 64> text{};
+  char* const begin = text.data();
+  const auto written = std::to_chars(begin, begin + text.size(), value, std::chars_format::scientific, digits - 1);
+  double result = value;
+  const auto read = std::from_chars(begin, written.ptr, result);
+  return written.ec == std::errc() && read.ec == std::errc() ? result : value;
+}
+
+}  // namespace
+
+bool equal_reals(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+
+bool RealRule::same(double a, double b) const {
+  if (equal_reals(a, b)) return true;
+  if (m_kind == Kind::tolerance) return std::abs(a - b) <= m_tolerance;
+  return m_kind == Kind::digits && representative(a) == representative(b);
+}
+
+double RealRule::representative(double value) const {
+  if (value == 0 || !std::isfinite(value)) return value == 0 ? 0 : value;  // the sign of 0 makes no difference
+  if (m_kind == Kind::digits) return round_to_digits(value, m_digits);
+  if (m_kind == Kind::tolerance && m_tolerance > 0) return std::nearbyint(value / (m_tolerance * cell_in_tolerances));
+  return value;
+}

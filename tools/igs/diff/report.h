@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstddef>
+#include <iosfwd>
+#include <string>
+
+#include "diff/compare.h"
+
+class JsonWriter;
+
+/// Lists at most `max_changes` differences, one a line, then a line that counts them all, which begins with `title`.
+DifferenceCounts write_text_differences(std::ostream& out, const Comparison& comparison, std::size_t max_changes,
+                                        const std::string& title);
+/// Writes the members "changes" (at most `max_changes` of them), "same" and the counts of an open JSON object.
+DifferenceCounts write_json_differences(JsonWriter& json, const Comparison& comparison, std::size_t max_changes);

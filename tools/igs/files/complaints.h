@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "files/model.h"
+
+// What goes to standard error.
+
+void complain(const std::string& file, const std::string& reason);
+/// What the library had to say while it read.
+void complain_of_messages(const Model& model);
+/// Flushes standard output. False, with a complaint, when results could not be written.
+bool flush_output();
