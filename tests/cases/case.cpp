@@ -121,20 +121,23 @@ class Parser {
     if (std::regex_match(line, found, group)) {
       m_groups.push_back(
           {m_file, std::string(found[1]) + std::string(found[2]), {}, {}, "igs" + std::string(found[1])});
-      m_content = IgesBuilder();
+      if (m_subject == 0) m_common = m_content, m_subject = m_next_de;
+      m_groups.back().subject = m_next_de = m_subject;
+      m_content = m_common;
       m_settings.clear();
     } else if (std::regex_match(line, found, let)) {
       m_texts[found[1]] = found[2];
-    } else if (m_groups.empty()) {
+    } else if (std::regex_match(line, found, entity)) {
+      if (add_entity(m_content, found[2]) != std::stoi(found[1])) throw std::runtime_error("another DE number");
+      m_next_de += 2;
+    } else if (m_subject == 0) {
       throw std::runtime_error("stands in no group");
     } else if (std::regex_match(line, found, set)) {
       m_settings.emplace_back(found[1], found[2]);
     } else if (std::regex_match(line, found, prefix)) {
       m_groups.back().prefix = found[1];
     } else if (std::regex_match(line, found, print)) {
-      m_groups.back().prints[std::stoi(found[1])] = found[2];
-    } else if (std::regex_match(line, found, entity)) {
-      if (add_entity(m_content, found[2]) != std::stoi(found[1])) throw std::runtime_error("another DE number");
+      m_groups.back().prints[std::stoi(found[1])] = unescaped(found[2]);
     } else {
       take_case(line);
     }
@@ -160,7 +163,7 @@ class Parser {
         result.entities = std::stoi(item.substr(9));
       } else {
         // "?" is no error, so that the case fails and says what there is.
-        result.errors.push_back(item == "?" ? ExpectedError{item, "?"} : expected_error(item, m_groups.back().prefix));
+        result.errors.push_back(item == "?" ? ExpectedError{item, "?"} : expected_error(item, m_groups.back()));
       }
     }
     if (found[4].matched) result.after = split_items(found[4].str().substr(2), ";");
@@ -168,13 +171,13 @@ class Parser {
   }
 
   /// Changes of content that the case starts with.
-  static bool change_fields(Case& result, const std::string& change) {
+  bool change_fields(Case& result, const std::string& change) const {
     static const std::regex field(R"((?:(\d+)\.)?(\d+)(\.\.(\d*))?=([^]*))"), entry(R"((?:(\d+)\.)?d(\d+)=([^]*))"),
         form(R"((?:(\d+)\.)?form=(.*))"), data(R"((?:(\d+)\.)?data=([^]*))"), global(R"(g(\d+)=([^]*))"),
         count(R"(gcount=(\d+))"), start(R"(start=([^]*))"), added(R"(\+([^]*))"), setting(R"((kel\w+)=(.*))");
     IgesBuilder& file = result.sound;
     std::smatch found;
-    const auto de = [&found] { return found[1].matched ? std::stoi(found[1]) : 1; };
+    const auto de = [&] { return found[1].matched ? std::stoi(found[1]) : m_subject; };
     if (std::regex_match(change, found, field)) {
       const std::size_t first = number(found[2]);
       const std::size_t last = !found[3].matched        ? first
@@ -228,7 +231,8 @@ class Parser {
 
   std::string m_file, m_where, m_line;
   std::vector<CaseGroup>& m_groups;
-  IgesBuilder m_content;
+  IgesBuilder m_common, m_content;   ///< of all groups of the file, of this group
+  int m_subject = 0, m_next_de = 1;  ///< m_subject is 0 before the first group
   std::map<std::string, std::string> m_texts;
   std::vector<std::pair<std::string, std::string>> m_settings;
 };
@@ -278,18 +282,19 @@ std::vector<std::string> split_items(const std::string& text, const std::string&
   return items;
 }
 
-std::string shortened(std::string name, const std::string& key, const std::string& prefix) {
-  const std::size_t size = prefix.size();
-  if (name.rfind(prefix, 0) == 0 && std::isupper(static_cast<unsigned char>(name[size])) != 0) name.erase(0, size);
-  return name + (key == "1" ? "" : '@' + key);
+std::string shortened(std::string name, int key, const CaseGroup& group) {
+  const std::size_t size = group.prefix.size();
+  if (name.rfind(group.prefix, 0) == 0 && std::isupper(static_cast<unsigned char>(name[size])) != 0)
+    name.erase(0, size);
+  return name + (key == group.subject ? "" : '@' + std::to_string(key));
 }
 
-ExpectedError expected_error(const std::string& item, const std::string& prefix) {
+ExpectedError expected_error(const std::string& item, const CaseGroup& group) {
   static const std::regex pattern(R"(([A-Za-z]\w*)(?:@(-?\d+))?(?: ([^]*?))??(?: ([-+]+))?)");
   std::smatch found;
   if (!std::regex_match(item, found, pattern)) throw std::runtime_error("no error: " + item);
   const std::string values = found[3].matched && found[3].length() != 0 ? ' ' + found[3].str() : "";
-  return {shortened(found[1], found[2].matched ? found[2].str() : "1", prefix) + values, found[4]};
+  return {shortened(found[1], found[2].matched ? std::stoi(found[2]) : group.subject, group) + values, found[4]};
 }
 
 bool change_content(Content& content, const std::string& change) {
@@ -297,14 +302,14 @@ bool change_content(Content& content, const std::string& change) {
       entity(R"((\d+): (-?\d+)(?::(-?\d+))? ?([^]*))"), added(R"(new: ([^]*))"), gone(R"((\d+) gone)");
   std::smatch found;
   const auto place = [&content](const std::string& de) -> Content::Entity& {
-    return content.entities.at((number(de) - 1) / 2);
+    return content.entities.at(((de.empty() ? content.subject : number(de)) - 1) / 2);
   };
   const auto set = [](std::vector<std::string>& list, std::size_t at, const std::string& value) {
     if (list.size() <= at) list.resize(at + 1);
     list[at] = value;
   };
   if (std::regex_match(change, found, field)) {
-    Content::Entity& owner = place(found[1].matched ? found[1].str() : "1");
+    Content::Entity& owner = place(found[1]);
     const bool of_entry = found[2].length() != 0;
     set(of_entry ? owner.entry : owner.fields, number(found[3]) - (of_entry ? 1 : 0), found[4]);
     owner.kind = owner.entry[0] + ':' + owner.entry[14];

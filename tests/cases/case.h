@@ -20,6 +20,7 @@ struct Content {
   };
   std::vector<Entity> entities;
   std::vector<std::string> global;
+  std::size_t subject = 1;  ///< DE number of the entity whose number changes need not give
 };
 Content content_of(const std::string& text);
 
@@ -44,6 +45,7 @@ struct CaseGroup {
   std::vector<Case> cases;
   std::map<int, std::string> prints;  ///< by DE number
   std::string prefix;                 ///< of the names of errors
+  int subject = 1;                    ///< DE number of the first entity that is not common to all groups of the file
 };
 inline void PrintTo(const CaseGroup& group, std::ostream* os) { *os << group.name; }
 
@@ -53,11 +55,11 @@ std::vector<CaseGroup> all_case_groups();
 /// Splits `text` at `separator`, where no quotation marks are open, and trims the parts; empty parts are left out.
 std::vector<std::string> split_items(const std::string& text, const std::string& separator);
 
-/// "InvalidStartPoint" for igs110InvalidStartPoint of DE 1 where the prefix is igs110; "igs116InvalidPoint@3".
-std::string shortened(std::string name, const std::string& key, const std::string& prefix);
+/// "InvalidStartPoint" for igs110InvalidStartPoint of the subject where the prefix is igs110; "igs116InvalidPoint@3".
+std::string shortened(std::string name, int key, const CaseGroup& group);
 
 /// The error `item` of a case, and the signs behind it.
-ExpectedError expected_error(const std::string& item, const std::string& prefix);
+ExpectedError expected_error(const std::string& item, const CaseGroup& group);
 
 /// Applies a change, such as `3=0.5` or `5.d4=1`, to `content`; false when it is none of those that change content.
 bool change_content(Content& content, const std::string& change);

@@ -120,7 +120,7 @@ Strings changes(const Content& before, const Content& written) {
     if (was.kind != is.kind) {
       found.push_back(de + ": " + is.kind + ' ' + joined({is.fields.begin() + 1, is.fields.end()}, ","));
     } else {
-      differ(i == 0 ? "" : de + '.', was.fields, is.fields, 0);
+      differ(2 * i + 1 == before.subject ? "" : de + '.', was.fields, is.fields, 0);
     }
     Strings entry = was.entry;
     entry[0] = is.entry[0], entry[10] = is.entry[10], entry[14] = is.entry[14];
@@ -189,7 +189,9 @@ class CaseFile : public testing::TestWithParam<CaseGroup> {
     const bool is_written = write_text(checked.file, output) == 1;
     EXPECT_TRUE(is_written) << c.where;
     EXPECT_EQ(column_fault(output), "") << c.where;
-    const Content sound = content_of(c.sound.text()), written = content_of(output);
+    Content sound = content_of(c.sound.text());
+    const Content written = content_of(output);
+    sound.subject = static_cast<std::size_t>(GetParam().subject);
 
     Content expected = sound;
     Strings says, leaves;
@@ -199,7 +201,7 @@ class CaseFile : public testing::TestWithParam<CaseGroup> {
         says.push_back(item.substr(5));
       } else if (item.rfind("left ", 0) == 0) {
         left_given = true;
-        if (item != "left none") leaves.push_back(expected_error(item.substr(5), GetParam().prefix).description);
+        if (item != "left none") leaves.push_back(expected_error(item.substr(5), GetParam()).description);
       } else if (!change_content(expected, item)) {
         ADD_FAILURE() << c.where << ": no change: " << item;
       }
@@ -241,7 +243,7 @@ class CaseFile : public testing::TestWithParam<CaseGroup> {
     const bool has_key = indexed != nullptr && indexed->key() != unset_int;
     const std::string name = error.objtype().id_string(), values = describe(error).substr(name.size());
     const std::size_t key_size = has_key ? 1 + std::to_string(indexed->key()).size() : 0;
-    const std::string words = shortened(name, has_key ? std::to_string(indexed->key()) : "1", GetParam().prefix);
+    const std::string words = shortened(name, has_key ? indexed->key() : GetParam().subject, GetParam());
     return words + std::regex_replace(values.substr(key_size), std::regex("-1\\.79769313486232e\\+308"), "unset");
   }
   Strings in_words(const std::vector<igsError*>& errors) const {
