@@ -15,15 +15,16 @@ namespace igs_test {
 namespace {
 using Strings = std::vector<std::string>;
 
-/// Sets what a case asks for, for the life of this object.
+/// Sets what a case asks for, and the clock, for the life of this object.
 class Settings {
  public:
   explicit Settings(const Case& c) {
+    ut_set_clock([] { return utDateTime{2030, 1, 1, 0, 0, 0}; });
     for (const auto& [key, value] : c.settings) set(key, value);
   }
   ~Settings() {
-    coResourceTable& table = kel_resource_table_inquire();
-    table = m_before;
+    kel_resource_table_inquire() = m_before;
+    ut_set_clock(nullptr);
   }
   Settings(const Settings&) = delete;
   Settings& operator=(const Settings&) = delete;
@@ -143,7 +144,6 @@ class CaseFile : public testing::TestWithParam<CaseGroup> {
  protected:
   void run(const Case& c) {
     const Settings settings(c);
-    ut_set_clock([] { return utDateTime{2030, 1, 1, 0, 0, 0}; });
     const std::string text = c.damaged.text();
     std::string now = c.line.substr(0, c.line.find(" ->")) + " ->";
     Strings unrepaired;
