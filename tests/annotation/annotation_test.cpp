@@ -4,7 +4,6 @@
 
 #include "geometry/geometry_fixture.h"
 #include "igs/annotation/igs212.h"
-#include "igs/annotation/igs214.h"
 #include "igs/annotation/igs218.h"
 #include "igs/annotation/igs222.h"
 #include "igs/annotation/igs228.h"
@@ -52,41 +51,22 @@ TEST(Annotation, AFieldThatTheFormLacksIsNotWrittenButGivenUp) {
   }
 }
 
-TEST(Annotation, ListsOfNotesLeadersAndLines) {
+TEST(Annotation, NotesAndLinesOfHosts) {
   igsFile file;
   auto* const note = new igs212;  // 1
   igsNoteString string("M 10,5");
   string.set_start({1, 2, 0});
   string.set_slant_angle(1.5);
-  string.set_width(4);
-  string.set_height(1);
   note->add_string(string);
-  EXPECT_EQ(note->set_number_of_strings(-1), 0);
-  EXPECT_EQ(note->set_number_of_strings(3), 1);
+  EXPECT_EQ(note->set_number_of_strings(2), 1);
   string.set_font_code(igsFontCode(igsObjectPtr(new igs310)));  // 3
-  string.set_text("x");
-  EXPECT_EQ(note->set_string(1, string), 1);
-  EXPECT_EQ(note->set_string(3, string), 0);
-  EXPECT_EQ(note->string_at(3), nullptr);
-  *note->string_at(2) = string;
-  note->string_at(2)->set_font_code(igsFontCode(1003));
-  EXPECT_EQ(note->string(3).text(), "");
+  *note->string_at(1) = string;
   EXPECT_EQ(written_data(file),
-            "212,3,6,4.,1.,1,1.5,0.,0,0,1.,2.,0.,6HM 10,5,1,4.,1.,-3,1.5,0.,0,0,1.,2.,0.,1Hx,1,4.,1.,1003,1.5,0.,0,0,"
-            "1.,2.,0.,1Hx;");
+            "212,2,6,0.,0.,1,1.5,0.,0,0,1.,2.,0.,6HM 10,5,6,0.,0.,-3,1.5,0.,0,0,1.,2.,0.,6HM 10,5;");
   string = igsNoteString();
   EXPECT_EQ(file.entity(3)->num_references(), 1);
   delete file.entity(3);
   EXPECT_EQ(note->string(1).font_code().field(), 1);
-
-  auto* const leader = new igs214;
-  EXPECT_EQ(leader->set_number_of_segments(1), 1);
-  EXPECT_EQ(leader->set_tail(1, {3, 4}), 0);
-  EXPECT_EQ(leader->set_tail(0, {3, 4}), 1);
-  leader->add_tail({5, 6});
-  EXPECT_TRUE(leader->tail(2).is_undefined());
-  EXPECT_EQ(leader->tail(1), giPoint2(5, 6));
-
   auto* const line = new igsWitnessLine;
   EXPECT_EQ(line->set_size(-1), 0);
   EXPECT_EQ(line->set_size(2), 1);

@@ -3,12 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <functional>
 
 #include "geometry/geometry_fixture.h"
 #include "igs/curves/igs110.h"
 #include "igs/solids/igs186.h"
-#include "igs/solids/igs502.h"
 #include "igs/solids/igs504.h"
 #include "igs/solids/igs508.h"
 #include "igs/solids/igs510.h"
@@ -17,133 +15,72 @@
 
 namespace igs_test {
 namespace {
+template <class Record>
+std::string printed_record(const Record& record) {
+  std::ostringstream text;
+  utOstream os(text);
+  record.print_pd_data(os);
+  return text.str();
+}
+
 TEST(Solids, RecordsAreValidOnceEverythingIsGiven) {
   igsFile file;
-  const igsObjectPtr object(new igs110);
-  const auto edge = [](const igsObjectPtr& curve, const igsObjectPtr& list1, int i, const igsObjectPtr& list2, int j) {
-    igsEdge made;
-    made.set_curve(curve);
-    made.set_first_vertex(list1, i);
-    made.set_second_vertex(list2, j);
-    igsEdge copy;
+  const igsObjectPtr line(new igs110), none;
+  for (int flag = -1; flag <= 2; ++flag) {
+    const bool is_flag = flag == 0 || flag == 1;
+    EXPECT_EQ(igsOrientedFace(line, flag).valid(), is_flag) << flag;
+    EXPECT_EQ(igsOrientedShell(line, flag).valid(), is_flag) << flag;
+    EXPECT_EQ(igsHalfEdge(line, flag).valid(), is_flag) << flag;
+    EXPECT_FALSE(igsOrientedFace(none, flag).valid() || igsOrientedShell(none, flag).valid());
+    EXPECT_FALSE(igsHalfEdge(none, flag).valid());
+  }
+  const struct {
+    igsObjectPtr curve, list1;
+    int i;
+    igsObjectPtr list2;
+    int j;
+    bool valid;
+  } edges[] = {{line, line, 0, line, INT_MAX, true}, {none, line, 0, line, 0, false},
+               {line, none, 0, line, 0, false},      {line, line, 0, none, 0, false},
+               {line, line, -1, line, 0, false},     {line, line, 0, line, -1, false}};
+  for (const auto& e : edges) {
+    igsEdge made, copy;
+    made.set_curve(e.curve);
+    made.set_first_vertex(e.list1, e.i);
+    made.set_second_vertex(e.list2, e.j);
     copy.become(made);
-    return copy.valid();
-  };
-  EXPECT_TRUE(edge(object, object, 0, object, INT_MAX));
-  EXPECT_FALSE(edge({}, object, 0, object, 0));
-  EXPECT_FALSE(edge(object, {}, 0, object, 0));
-  EXPECT_FALSE(edge(object, object, 0, {}, 0));
-  EXPECT_FALSE(edge(object, object, -1, object, 0));
-  EXPECT_FALSE(edge(object, object, 0, object, INT_MIN));
-  const auto oriented = [&object](int type, const igsObjectPtr& list, int i, int orientation, const igsHalfEdge& half) {
-    igsOrientedEdge made;
-    made.set_edge_type(type);
-    made.set_edge(list, i);
-    made.set_orientation(orientation);
+    EXPECT_EQ(copy.valid(), e.valid) << &e - edges;
+  }
+  const struct {
+    int type;
+    igsObjectPtr list;
+    int i, orientation;
+    igsHalfEdge second;
+    bool valid;
+  } oriented[] = {
+      {0, line, 0, 0, {line, 0}, true},   {1, line, 9, 1, {line, 1}, true},   {2, line, 0, 0, {line, 0}, false},
+      {-1, line, 0, 0, {line, 0}, false}, {0, none, 0, 0, {line, 0}, false},  {0, line, -1, 0, {line, 0}, false},
+      {0, line, 0, 2, {line, 0}, false},  {0, line, 0, -1, {line, 0}, false}, {0, line, 0, 0, {line, 2}, false}};
+  for (const auto& o : oriented) {
+    igsOrientedEdge made, copy;
+    made.set_edge_type(o.type);
+    made.set_edge(o.list, o.i);
+    made.set_orientation(o.orientation);
     EXPECT_EQ(made.set_num_half_edges(-1), 0);
     EXPECT_EQ(made.set_num_half_edges(2), 1);
-    EXPECT_EQ(made.set_half_edge(2, half), 0);
-    EXPECT_EQ(made.set_half_edge(0, {object, 1}) + made.set_half_edge(1, half), 2);
-    igsOrientedEdge copy;
+    EXPECT_EQ(made.set_half_edge(2, o.second), 0);
+    EXPECT_EQ(made.set_half_edge(0, {line, 1}) + made.set_half_edge(1, o.second), 2);
     copy.become(made);
-    return copy.valid();
-  };
-  const igsHalfEdge half(object, 0);
-  for (const int flag : {0, 1}) {
-    EXPECT_TRUE(oriented(flag, object, 0, flag, half));
-    EXPECT_TRUE(igsOrientedFace(object, flag).valid());
-    EXPECT_TRUE(igsOrientedShell(object, flag).valid());
-    EXPECT_FALSE(igsOrientedFace({}, flag).valid());
-    EXPECT_FALSE(igsOrientedShell({}, flag).valid());
+    EXPECT_EQ(copy.valid(), o.valid) << &o - oriented;
   }
-  for (const int bad : {-1, 2}) {
-    EXPECT_FALSE(oriented(bad, object, 0, 1, half));
-    EXPECT_FALSE(oriented(0, object, 0, bad, half));
-    EXPECT_FALSE(oriented(0, object, 0, 0, {object, bad}));
-    EXPECT_FALSE(igsOrientedFace(object, bad).valid());
-    EXPECT_FALSE(igsOrientedShell(object, bad).valid());
-  }
-  EXPECT_FALSE(oriented(0, {}, 0, 0, half));
-  EXPECT_FALSE(oriented(0, object, -1, 0, half));
-  EXPECT_FALSE(oriented(0, object, 0, 0, {{}, 0}));
-}
-
-/// A list of an entity seen through its accessors; `set` and `is_set` put a reference to the line, or (1, 2, 3), there.
-struct List {
-  igsObject* entity;
-  std::function<int(int)> set_size, set;
-  std::function<bool(int)> is_set;
-  std::string data;  // written with two elements, the second one set
-};
-
-template <class T, class Set, class Get>
-List list_of(std::string data, Set set, Get is_set) {
-  T* const entity = new T;
-  return {entity, [=](int size) { return entity->set_size(size); }, [=](int i) { return set(*entity, i); },
-          [=](int i) { return is_set(*entity, i); }, std::move(data)};
-}
-
-TEST(Solids, ListsByPosition) {
-  igsFile file;
-  const igsObjectPtr line(new igs110);  // 1
-  const std::string unset = "-1.7976931348623157D+308";
-  const List lists[] = {
-      list_of<igs502>(
-          "502,2," + unset + ',' + unset + ',' + unset + ",1.,2.,3.;",
-          [](igs502& e, int i) { return e.set_vertex(i, giPoint3(1, 2, 3)); },
-          [](const igs502& e, int i) { return e.vertex(i) == giPoint3(1, 2, 3); }),
-      list_of<igs504>(
-          "504,2,0,0,1,0,1,1,0,1,0,5;",
-          [&line](igs504& e, int i) {
-            igsEdge edge;
-            edge.set_curve(line);
-            edge.set_second_vertex({}, 4);
-            return e.set_edge(i, edge);
-          },
-          [&line](const igs504& e, int i) { return e.edge(i).curve() == line; }),
-      list_of<igs508>(
-          "508,2,0,0,1,0,0,0,1,2147483647,0,0;",
-          [&line](igs508& e, int i) {
-            igsOrientedEdge edge;
-            edge.set_edge(line, INT_MAX);
-            return e.set_oriented_edge(i, edge);
-          },
-          [&line](const igs508& e, int i) { return e.oriented_edge(i).list() == line; }),
-      list_of<igs510>(
-          "510,0,2,0,0,1;", [&line](igs510& e, int i) { return e.set_loop(line, i); },
-          [&line](const igs510& e, int i) { return e.loop(i) == line; }),
-      list_of<igs514>(
-          "514,2,0,0,1,1;",
-          [&line](igs514& e, int i) {
-            return e.set_face(i, {line, 1});
-          },
-          [&line](const igs514& e, int i) { return e.face(i).face() == line; }),
-      list_of<igs186>(
-          "186,0,0,2,0,0,1,1;",
-          [&line](igs186& e, int i) {
-            return e.set_void_shell(i, {line, 1});
-          },
-          [&line](const igs186& e, int i) { return e.void_shell(i).shell() == line; }),
-  };
-  for (const List& list : lists) {
-    SCOPED_TRACE(list.data);
-    EXPECT_EQ(list.set_size(-1), 0);
-    EXPECT_EQ(list.set_size(3), 1);
-    for (const int outside : {-1, 3, INT_MIN, INT_MAX}) {
-      EXPECT_EQ(list.set(outside), 0);
-      EXPECT_FALSE(list.is_set(outside));
-    }
-    for (const int i : {1, 2}) {
-      EXPECT_FALSE(list.is_set(i));
-      EXPECT_EQ(list.set(i), 1);
-      EXPECT_TRUE(list.is_set(i));
-    }
-    EXPECT_EQ(list.set_size(2), 1);
-    EXPECT_EQ(written_data(file, list.entity->de_number()), list.data);
-    EXPECT_EQ(line->num_references(), list.data[1] == '0' && list.data[2] == '2' ? 1 : 2);
-    list.entity->unreference_children();
-    EXPECT_EQ(line->num_references(), 1);
-  }
+  const std::string null = " = {\n\t(NullPointer)\n}\n";
+  EXPECT_EQ(printed_record(igsEdge()), "Curve" + null + "FirstVertexList" + null + "FirstVertexIndex = 0\n" +
+                                           "SecondVertexList" + null + "SecondVertexIndex = 0\n");
+  EXPECT_EQ(printed_record(igsHalfEdge()), "IsoparametricFlag = 0\nCurve" + null);
+  EXPECT_EQ(printed_record(igsOrientedEdge()),
+            "EdgeType = 0\nList" + null + "Index = 0\nOrientation = 0\nNumberOfHalfEdges = 0\nHalfEdges = {\n}\n");
+  EXPECT_EQ(printed_record(igsOrientedFace()), "Face" + null + "Orientation = 0\n");
+  EXPECT_EQ(printed_record(igsOrientedShell()), "Shell" + null + "Orientation = 0\n");
 }
 
 TEST(Solids, FacesAreFoundByTheirOriginalPositionsInLinearTime) {
@@ -167,6 +104,9 @@ TEST(Solids, FacesAreFoundByTheirOriginalPositionsInLinearTime) {
     }
     shell.set_face(i, {face != nullptr ? face : file.entity(3), 7});
   }
+  for (const int outside : {-1, 3 * thirds}) EXPECT_EQ(shell.set_face(outside, {file.entity(3), 1}), 0);
+  EXPECT_EQ(shell.face(-1).face().object(), nullptr);
+  EXPECT_EQ(shell.set_size(-1), 0);
   file.check();
   EXPECT_EQ(shell.num_logged_errors(), 6 * thirds);
   file.clean(0);
