@@ -1,7 +1,5 @@
 #include "igs/annotation/igs106Base.h"
 
-#include "igs/objects/igsCast.h"
-
 int igs106Base::remove_unpaired_point() {
   if (number_of_points() < 3 || number_of_points() % 2 == 0) return 0;
   remove_last_point();
@@ -9,7 +7,3 @@ int igs106Base::remove_unpaired_point() {
 }
 
 bool igs106Base::has_paired_points() const { return number_of_points() >= 2 && number_of_points() % 2 == 0; }
-
-int igsUnpairedPoint::fix() {
-  return igs_repair<igs106Base>(object_at_key(), [](igs106Base& entity) { return entity.remove_unpaired_point(); });
-}

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "igs/curves/igsPlanarPoints.h"
-#include "igs/errors/igsError.h"
+#include "igs/errors/igsRepairs.h"
 #include "igs/objects/igsAnnotation.h"
 
 /// Base of the Copious Data (IGES 5.3, type 106) of which drawings consist: planar points and what is drawn between
@@ -19,10 +19,4 @@ class IGS_API igs106Base : public igsTyped<igs106Base, "igs106Base", igsAnnotati
 };
 
 /// Kind of the error that says that points which go in pairs do not: a last one without a partner is dropped.
-class IGS_API igsUnpairedPoint : public igsObjectError {
- public:
-  int fix() override;
-
- protected:
-  igsUnpairedPoint() = default;
-};
+using igsUnpairedPoint = igsRepairedBy<igs106Base, &igs106Base::remove_unpaired_point>;

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "igs/annotation/igsDimension.h"
+#include "igs/fields/igsNamedError.h"
 
-class igs208BadNumLeaders;
+using igs208BadNumLeaders = igsCountErrors<"igs208", "Leaders">::BadNum;
 
 /// Flag Note (IGES 5.3, type 208): a note in a frame with a pointed right end, and leaders, or none, from there.
 class IGS_API igs208 : public igsEntity<igs208, "igs208", igsDimension>, public igsLeaderList {

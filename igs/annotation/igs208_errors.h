@@ -14,10 +14,3 @@ using igs208WrongLeaderType = igs208LeaderErrors::WrongType;
 using igs208InvalidLeader = igs208LeaderErrors::Invalid;
 using igs208InvalidCorner = igsUndefinedErrors<"igs208", "Corner">::Invalid;
 using igs208InvalidAngle = igsUndefinedErrors<"igs208", "Angle">::Invalid;
-
-/// The number of leaders is negative or out of proportion to the record; carries it.
-class IGS_API igs208BadNumLeaders
-    : public igsErrorClass<igs208BadNumLeaders, "igs208BadNumLeaders", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "igs/annotation/igs208.h"
+#include "igs/fields/igsNamedError.h"
 
-class igs210BadNumLeaders;
+using igs210BadNumLeaders = igsCountErrors<"igs210", "Leaders">::BadNum;
 
 /// General Label (IGES 5.3, type 210): a note with at least one leader. It has no frame: corner and angle are neither
 /// read nor written.

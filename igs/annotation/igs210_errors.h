@@ -14,10 +14,3 @@ using igs210LeaderErrors = igsMemberErrors<"igs210", "Leader", igs210, &igs210::
 using igs210NullLeader = igs210LeaderErrors::Null;
 using igs210WrongLeaderType = igs210LeaderErrors::WrongType;
 using igs210InvalidLeader = igs210LeaderErrors::Invalid;
-
-/// The number of leaders is negative or out of proportion to the record; carries it.
-class IGS_API igs210BadNumLeaders
-    : public igsErrorClass<igs210BadNumLeaders, "igs210BadNumLeaders", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};

@@ -7,11 +7,12 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/objects/igsAnnotation.h"
 #include "igs/structure/igsTextStyle.h"
 #include "igs/support/utString.h"
 
-class igs212BadNumStrings;
+using igs212BadNumStrings = igsCountErrors<"igs212", "Strings">::BadNum;
 class igsFieldWriter;
 
 /// One string of a General Note: a text and how it is set.

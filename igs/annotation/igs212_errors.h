@@ -1,15 +1,9 @@
 #pragma once
 
-#include "igs/fields/igsNamedError.h"
+#include "igs/annotation/igs212.h"
+#include "igs/errors/igsRepairs.h"
 
 // Faults of a General Note (igs212). Those of a string carry its position first, 0-based.
-
-/// The number of strings is negative or out of proportion to the record; carries it.
-class IGS_API igs212BadNumStrings
-    : public igsErrorClass<igs212BadNumStrings, "igs212BadNumStrings", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
 
 using igs212NoStrings = igsNamedError<"igs212NoStrings">;
 
@@ -29,24 +23,13 @@ using igs212InvalidBoxHeight = igsNamedError<"igs212InvalidBoxHeight", igsObject
 using igs212WrongFontType = igsNamedError<"igs212WrongFontType", igsObjectError, int>;
 /// The text font of a string fails its own check.
 using igs212InvalidFont = igsNamedError<"igs212InvalidFont", igsReferenceDataError, int>;
-
-/// The mirror flag of a string is none of 0, 1 and 2; carries it.
-class IGS_API igs212InvalidMirrorFlag
-    : public igsErrorClass<igs212InvalidMirrorFlag, "igs212InvalidMirrorFlag", igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-  /// Sets it to 0; 0 when there is no such string.
-  int fix() override;
-};
-
-/// The rotate flag of a string is neither 0 nor 1; carries it.
-class IGS_API igs212InvalidRotateFlag
-    : public igsErrorClass<igs212InvalidRotateFlag, "igs212InvalidRotateFlag", igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-  /// Sets it to 0; 0 when there is no such string.
-  int fix() override;
-};
-
+/// The mirror flag of a string is none of 0, 1 and 2; carries it. It becomes 0.
+using igs212InvalidMirrorFlag =
+    igsNamedError<"igs212InvalidMirrorFlag",
+                  igsStoredElementDefault<igs212, &igs212::string_at, &igsNoteString::set_mirror_flag, 0>, int, int>;
+/// The rotate flag of a string is neither 0 nor 1; carries it. It becomes 0.
+using igs212InvalidRotateFlag =
+    igsNamedError<"igs212InvalidRotateFlag",
+                  igsStoredElementDefault<igs212, &igs212::string_at, &igsNoteString::set_rotate_flag, 0>, int, int>;
 /// The start of a string is undefined.
 using igs212InvalidStartPoint = igsNamedError<"igs212InvalidStartPoint", igsObjectError, int>;

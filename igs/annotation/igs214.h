@@ -5,10 +5,11 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/objects/igsAnnotation.h"
 #include "igs/support/giPoint.h"
 
-class igs214BadNumSegments;
+using igs214BadNumSegments = igsCountErrors<"igs214", "Segments">::BadNum;
 
 /// Leader or Arrow (IGES 5.3, type 214): segments from an arrowhead to tail 0, from there to tail 1, and so on. The
 /// form, 1 to 12, is the shape of the arrowhead (1 wedge, 2 triangle, 3 filled triangle, 4 none, 5 circle, 6 filled

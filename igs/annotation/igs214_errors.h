@@ -1,15 +1,9 @@
 #pragma once
 
+#include "igs/annotation/igs214.h"
 #include "igs/fields/igsNamedError.h"
 
 // Faults of a Leader (igs214).
-
-/// The number of segments is negative or out of proportion to the record; carries it.
-class IGS_API igs214BadNumSegments
-    : public igsErrorClass<igs214BadNumSegments, "igs214BadNumSegments", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
 
 using igs214NoSegments = igsNamedError<"igs214NoSegments">;
 /// A size of the arrowhead is negative.

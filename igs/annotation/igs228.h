@@ -1,9 +1,10 @@
 #pragma once
 
 #include "igs/annotation/igsDimension.h"
+#include "igs/fields/igsNamedError.h"
 
-class igs228BadNumGeometry;
-class igs228BadNumLeaders;
+using igs228BadNumGeometry = igsCountErrors<"igs228", "Geometry">::BadNum;
+using igs228BadNumLeaders = igsCountErrors<"igs228", "Leaders">::BadNum;
 
 /// General Symbol (IGES 5.3, type 228): geometry that forms a symbol, with a note, which in form 0 may be null, and
 /// with leaders, or none. Positions are 0-based.

@@ -18,17 +18,3 @@ using igs228LeaderErrors = igsMemberErrors<"igs228", "Leader", igs228, &igs228::
 using igs228NullLeader = igs228LeaderErrors::Null;
 using igs228WrongLeaderType = igs228LeaderErrors::WrongType;
 using igs228InvalidLeader = igs228LeaderErrors::Invalid;
-
-/// The number of entities that form the symbol is negative or out of proportion to the record; carries it.
-class IGS_API igs228BadNumGeometry
-    : public igsErrorClass<igs228BadNumGeometry, "igs228BadNumGeometry", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The number of leaders is negative or out of proportion to the record; carries it.
-class IGS_API igs228BadNumLeaders
-    : public igsErrorClass<igs228BadNumLeaders, "igs228BadNumLeaders", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};

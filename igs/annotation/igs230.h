@@ -6,11 +6,12 @@
 
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/fields/igsReferenceList.h"
 #include "igs/objects/igsAnnotation.h"
 #include "igs/support/giPoint.h"
 
-class igs230BadNumIslands;
+using igs230BadNumIslands = igsCountErrors<"igs230", "Islands">::BadNum;
 
 /// Sectioned Area (IGES 5.3, type 230, form 0): the region inside a closed curve and outside its islands, filled with
 /// parallel lines. Positions are 0-based.

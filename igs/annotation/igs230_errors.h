@@ -3,17 +3,8 @@
 #include "igs/annotation/igs230.h"
 #include "igs/curves/igsCurveConversion.h"
 #include "igs/fields/igsMemberErrors.h"
-#include "igs/fields/igsNamedError.h"
-#include "igs/fields/igsStoredDefault.h"
 
 // Faults of a Sectioned Area (igs230). Those of an island carry its position, 0-based, at the time of the check.
-
-/// The number of islands is negative or out of proportion to the record; carries it.
-class IGS_API igs230BadNumIslands
-    : public igsErrorClass<igs230BadNumIslands, "igs230BadNumIslands", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
 
 using igs230NullBoundary = igsReferenceErrors<"igs230", "Boundary">::Null;
 /// The boundary is no curve. Repaired by conversion.

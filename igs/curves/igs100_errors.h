@@ -1,12 +1,12 @@
 #pragma once
 
+#include "igs/curves/igs100.h"
 #include "igs/errors/igsErrorClass.h"
 
 /// The centre, an end point or the z level is undefined.
-class IGS_API igs100NoConstruct : public igsErrorClass<igs100NoConstruct, "igs100NoConstruct", igsObjectError> {};
-
+using igs100NoConstruct = igsNamedError<"igs100NoConstruct">;
 /// The mean radius is not above 0.
-class IGS_API igs100ZeroRadius : public igsErrorClass<igs100ZeroRadius, "igs100ZeroRadius", igsObjectError> {};
+using igs100ZeroRadius = igsNamedError<"igs100ZeroRadius">;
 
 /// The end points' distances from the centre differ, relative to their sum, by more than kelTolRadiusDiff.
 class IGS_API igs100InconsistRad : public igsErrorClass<igs100InconsistRad, "igs100InconsistRad", igsObjectError> {

@@ -3,9 +3,10 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsIndexedList.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/objects/igsCurve.h"
 
-class igs102BadNumCurves;
+using igs102BadNumCurves = igsCountErrors<"igs102", "Curves">::BadNum;
 
 /// Composite Curve (IGES 5.3, type 102): curves that follow each other from end to start, and points among them.
 /// Positions are 0-based. The errors of a check name sub-curves by their positions at that check; an index list

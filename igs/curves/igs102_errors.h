@@ -1,25 +1,23 @@
 #pragma once
 
+#include "igs/curves/igs102.h"
 #include "igs/curves/igsCurveConversion.h"
-#include "igs/errors/igsErrorClass.h"
+#include "igs/errors/igsRepairs.h"
 
 // Positions of sub-curves are 0-based, as they were when the curve was checked.
 
 /// There is no sub-curve.
-class IGS_API igs102NoSubCurves : public igsErrorClass<igs102NoSubCurves, "igs102NoSubCurves", igsObjectError> {};
-
+using igs102NoSubCurves = igsNamedError<"igs102NoSubCurves">;
 /// A pointer to a sub-curve is null; carries its position.
-class IGS_API igs102NullSubCurvePtr
-    : public igsErrorClass<igs102NullSubCurvePtr, "igs102NullSubCurvePtr", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs102NullSubCurvePtr = igsNamedError<"igs102NullSubCurvePtr", igsObjectError, int>;
 
 /// A sub-curve is neither a curve nor a point; carries its position. Repaired by conversion.
 class IGS_API igs102InvalidSubCurveType
     : public igsErrorClass<igs102InvalidSubCurveType, "igs102InvalidSubCurveType", igsCurveTypeError, int> {
  public:
   using igsErrorClass::igsErrorClass;
+  /// As for the other kinds of reference, but the sub-curve may have errors of its own.
+  int fix() override { return convert(); }
 
  protected:
   igsObjectPtr reference() const override;
@@ -37,19 +35,6 @@ class IGS_API igs102InvalidSubCurveData
 };
 
 /// The only sub-curve is a point.
-class IGS_API igs102OnlyPoint : public igsErrorClass<igs102OnlyPoint, "igs102OnlyPoint", igsObjectError> {};
-
-/// A point follows a point; carries the positions of both.
-class IGS_API igs102AdjacentPoints
-    : public igsErrorClass<igs102AdjacentPoints, "igs102AdjacentPoints", igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-  /// Accepts it: 1, nothing is changed.
-  int fix() override { return 1; }
-};
-
-/// The number of sub-curves is negative or out of proportion to the record; carries it.
-class IGS_API igs102BadNumCurves : public igsErrorClass<igs102BadNumCurves, "igs102BadNumCurves", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs102OnlyPoint = igsNamedError<"igs102OnlyPoint">;
+/// A point follows a point; carries the positions of both. Accepted.
+using igs102AdjacentPoints = igsNamedError<"igs102AdjacentPoints", igsAccepted<igsObjectError>, int, int>;

@@ -1,8 +1,6 @@
 #include "igs/curves/igs104_errors.h"
 
-#include "igs/curves/igs104.h"
 #include "igs/file/igsDirectoryEntry.h"
-#include "igs/objects/igsCast.h"
 
 namespace {
 int form_of(igsConicType type) {
@@ -18,17 +16,11 @@ int form_of(igsConicType type) {
   }
 }
 
-int adopt_form(igsObject* object) {
-  const igs104* const conic = igs_cast<igs104>(object);
-  const int form = conic != nullptr ? form_of(conic->coeffs().conic_type()) : 0;
-  if (form == 0) return 0;
-  conic->directory_entry().set_form_number(form);
-  return 1;
-}
 }  // namespace
 
-int igs104NotEllipse::fix() { return adopt_form(object_at_key()); }
-
-int igs104NotHyperbola::fix() { return adopt_form(object_at_key()); }
-
-int igs104NotParabola::fix() { return adopt_form(object_at_key()); }
+int igs_adopt_conic_form(igs104& conic) {
+  const int form = form_of(conic.coeffs().conic_type());
+  if (form == 0) return 0;
+  conic.directory_entry().set_form_number(form);
+  return 1;
+}

@@ -1,29 +1,20 @@
 #pragma once
 
-#include "igs/errors/igsErrorClass.h"
+#include "igs/curves/igs104.h"
+#include "igs/errors/igsRepairs.h"
 
 /// A coefficient, an end point or the z level is undefined.
-class IGS_API igs104NoConstruct : public igsErrorClass<igs104NoConstruct, "igs104NoConstruct", igsObjectError> {};
-
+using igs104NoConstruct = igsNamedError<"igs104NoConstruct">;
 /// Form 0, and the coefficients are those of no curve.
-class IGS_API igs104UnknownType : public igsErrorClass<igs104UnknownType, "igs104UnknownType", igsObjectError> {};
+using igs104UnknownType = igsNamedError<"igs104UnknownType">;
 
-// The repair of the next three sets the form that goes with the coefficients; 0 when these are those of no curve.
+/// The repair of the next three: sets the form that goes with the coefficients and returns 1; returns 0 when these are
+/// those of no curve.
+IGS_API int igs_adopt_conic_form(igs104& conic);
 
 /// Form 1, and the coefficients are not those of an ellipse.
-class IGS_API igs104NotEllipse : public igsErrorClass<igs104NotEllipse, "igs104NotEllipse", igsObjectError> {
- public:
-  int fix() override;
-};
-
+using igs104NotEllipse = igsNamedError<"igs104NotEllipse", igsRepairedBy<igs104, &igs_adopt_conic_form>>;
 /// Form 2, and the coefficients are not those of a hyperbola.
-class IGS_API igs104NotHyperbola : public igsErrorClass<igs104NotHyperbola, "igs104NotHyperbola", igsObjectError> {
- public:
-  int fix() override;
-};
-
+using igs104NotHyperbola = igsNamedError<"igs104NotHyperbola", igsRepairedBy<igs104, &igs_adopt_conic_form>>;
 /// Form 3, and the coefficients are not those of a parabola.
-class IGS_API igs104NotParabola : public igsErrorClass<igs104NotParabola, "igs104NotParabola", igsObjectError> {
- public:
-  int fix() override;
-};
+using igs104NotParabola = igsNamedError<"igs104NotParabola", igsRepairedBy<igs104, &igs_adopt_conic_form>>;

@@ -1,14 +1,12 @@
 #pragma once
 
+#include "igs/curves/igs110.h"
 #include "igs/errors/igsErrorClass.h"
 
 /// The start point is undefined.
-class IGS_API igs110InvalidStartPoint
-    : public igsErrorClass<igs110InvalidStartPoint, "igs110InvalidStartPoint", igsObjectError> {};
-
+using igs110InvalidStartPoint = igsNamedError<"igs110InvalidStartPoint">;
 /// The end point is undefined.
-class IGS_API igs110InvalidEndPoint
-    : public igsErrorClass<igs110InvalidEndPoint, "igs110InvalidEndPoint", igsObjectError> {};
+using igs110InvalidEndPoint = igsNamedError<"igs110InvalidEndPoint">;
 
 /// The end points are at most kelTolZeroLength apart; carries that tolerance.
 class IGS_API igs110CoincidentPoints

@@ -11,12 +11,6 @@
 #include "igs/support/coResourceTable.h"
 
 namespace {
-struct BreakPointErrors {
-  using UnsetKnot = igs112UnsetBreakPoint;
-  using KnotOutOfSequence = igs112BreakPointOutOfSequence;
-  using KnotsTooClose = igs112BreakPointsTooClose;
-};
-
 /// The segments of a curve as a record that can be printed.
 struct Segments {
   const igs112& curve;
@@ -128,7 +122,7 @@ void igs112::check_pd() const {
   if (m_dimension < 2 || m_dimension > 3) tag<igs112InvalidDimension>(m_dimension);
   if (number_of_segments() < 1) tag<igs112BadNumSegments>(number_of_segments());
   const double tolerance = kel_resource_table_inquire().value(kelTolCoincBreakPoints);
-  igs_check_break_points<BreakPointErrors>(*this, m_break_points, tolerance);
+  igs_check_break_points<igs112BreakPointErrors>(*this, m_break_points, tolerance);
   check_segments();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
+#include "igs/curves/igs116.h"
 #include "igs/errors/igsErrorClass.h"
 
 /// The point is undefined.
-class IGS_API igs116InvalidPoint : public igsErrorClass<igs116InvalidPoint, "igs116InvalidPoint", igsObjectError> {};
+using igs116InvalidPoint = igsNamedError<"igs116InvalidPoint">;

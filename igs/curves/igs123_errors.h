@@ -1,6 +1,7 @@
 #pragma once
 
+#include "igs/curves/igs123.h"
 #include "igs/errors/igsErrorClass.h"
 
 /// The direction is undefined.
-class IGS_API igs123NoConstruct : public igsErrorClass<igs123NoConstruct, "igs123NoConstruct", igsObjectError> {};
+using igs123NoConstruct = igsNamedError<"igs123NoConstruct">;

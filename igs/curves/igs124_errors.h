@@ -1,34 +1,22 @@
 #pragma once
 
-#include "igs/errors/igsErrorClass.h"
+#include "igs/curves/igs124.h"
+#include "igs/errors/igsRepairs.h"
 
 /// An element of the matrix is undefined or not finite.
-class IGS_API igs124NoConstruct : public igsErrorClass<igs124NoConstruct, "igs124NoConstruct", igsObjectError> {};
-
+using igs124NoConstruct = igsNamedError<"igs124NoConstruct">;
 /// The last element is not exactly 1; carries it.
-class IGS_API igs124NotHomogenous
-    : public igsErrorClass<igs124NotHomogenous, "igs124NotHomogenous", igsObjectError, double> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs124NotHomogenous = igsNamedError<"igs124NotHomogenous", igsObjectError, double>;
+
+/// The repair of the next two. With kelOptRigidTransforms set, makes the rotation rigid and the form agree with its
+/// hand when the determinant is within 100 x kelTolRigidTransformDeterminant of 1 or -1; otherwise declines: 0. Without
+/// it only makes the form agree with the determinant's sign, and declines for 0.
+IGS_API int igs_repair_hand(igs124& matrix, double determinant);
 
 /// Form 0, and the determinant of the rotation is farther than kelTolMinValue from 1; carries the determinant.
-///
-/// With kelOptRigidTransforms set, both repairs make the rotation rigid and the form agree with its hand when the
-/// determinant is within 100 x kelTolRigidTransformDeterminant of 1 or -1; otherwise they decline. Without it they only
-/// make the form agree with the determinant's sign, and decline for 0.
-class IGS_API igs124InvalidRHS : public igsErrorClass<igs124InvalidRHS, "igs124InvalidRHS", igsObjectError, double> {
- public:
-  using igsErrorClass::igsErrorClass;
-  int fix() override;
-};
-
+using igs124InvalidRHS = igsNamedError<"igs124InvalidRHS", igsRepairedBy<igs124, &igs_repair_hand>, double>;
 /// Form 1, and the determinant of the rotation is farther than kelTolMinValue from -1; carries the determinant.
-class IGS_API igs124InvalidLHS : public igsErrorClass<igs124InvalidLHS, "igs124InvalidLHS", igsObjectError, double> {
- public:
-  using igsErrorClass::igsErrorClass;
-  int fix() override;
-};
+using igs124InvalidLHS = igsNamedError<"igs124InvalidLHS", igsRepairedBy<igs124, &igs_repair_hand>, double>;
 
 /// The length of a column of the rotation differs from 1 by more than kelTolRigidTransformDeterminant.
 class IGS_API igs124InvalidUnitVectors

@@ -9,13 +9,8 @@
 #include "igs/support/coResourceTable.h"
 
 namespace {
-struct KnotErrors {
-  using UnsetKnot = igs126UnsetKnot;
-  using KnotOutOfSequence = igs126KnotOutOfSequence;
-  using MinParamOutOfRange = igs126MinParamOutOfRange;
-  using MaxParamOutOfRange = igs126MaxParamOutOfRange;
-  using NoParamRange = igs126NoParamRange;
-  using KnotsTooClose = igs126KnotsTooClose;
+struct KnotErrors : igs126KnotErrors {
+  using NoParamRange = igs126NoParamRange;  // the curve is removed
 };
 
 constexpr igsBadCount<igs126BadSumIndex> bad_count_of_126;

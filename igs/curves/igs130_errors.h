@@ -7,52 +7,26 @@
 // Faults of an Offset Curve (igs130).
 
 /// The pointer to the base curve is null.
-class IGS_API igs130NullBaseCurve : public igsErrorClass<igs130NullBaseCurve, "igs130NullBaseCurve", igsObjectError> {};
-
+using igs130NullBaseCurve = igsNamedError<"igs130NullBaseCurve">;
 /// The base curve is not a curve. Repaired by conversion.
-class IGS_API igs130WrongBaseCurveType
-    : public igsErrorClass<igs130WrongBaseCurveType, "igs130WrongBaseCurveType",
-                           igsCurveFieldError<igs130, &igs130::base_curve, &igs130::set_base_curve>> {};
-
+using igs130WrongBaseCurveType =
+    igsNamedError<"igs130WrongBaseCurveType", igsCurveFieldError<igs130, &igs130::base_curve, &igs130::set_base_curve>>;
 /// The base curve fails its own check.
-class IGS_API igs130InvalidBaseCurve
-    : public igsErrorClass<igs130InvalidBaseCurve, "igs130InvalidBaseCurve", igsReferenceDataError> {};
-
+using igs130InvalidBaseCurve = igsNamedError<"igs130InvalidBaseCurve", igsReferenceDataError>;
 /// FLAG is none of 1, 2 and 3; carries it.
-class IGS_API igs130InvalidOffsetType
-    : public igsErrorClass<igs130InvalidOffsetType, "igs130InvalidOffsetType", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igs130InvalidOffsetType = igsNamedError<"igs130InvalidOffsetType", igsObjectError, int>;
 /// The pointer to the offset function is null.
-class IGS_API igs130NullOffsetFunction
-    : public igsErrorClass<igs130NullOffsetFunction, "igs130NullOffsetFunction", igsObjectError> {};
-
+using igs130NullOffsetFunction = igsNamedError<"igs130NullOffsetFunction">;
 /// The offset function is not a curve.
-class IGS_API igs130WrongOffsetFunctionType
-    : public igsErrorClass<igs130WrongOffsetFunctionType, "igs130WrongOffsetFunctionType", igsObjectError> {};
-
+using igs130WrongOffsetFunctionType = igsNamedError<"igs130WrongOffsetFunctionType">;
 /// The offset function fails its own check.
-class IGS_API igs130InvalidOffsetFunction
-    : public igsErrorClass<igs130InvalidOffsetFunction, "igs130InvalidOffsetFunction", igsReferenceDataError> {};
-
+using igs130InvalidOffsetFunction = igsNamedError<"igs130InvalidOffsetFunction", igsReferenceDataError>;
 /// NDIM is none of 1, 2 and 3, but FLAG is 3; carries it.
-class IGS_API igs130InvalidCoordinate
-    : public igsErrorClass<igs130InvalidCoordinate, "igs130InvalidCoordinate", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igs130InvalidCoordinate = igsNamedError<"igs130InvalidCoordinate", igsObjectError, int>;
 /// PTYPE is neither 1 nor 2, but FLAG is 2 or 3; carries it.
-class IGS_API igs130InvalidTaperType
-    : public igsErrorClass<igs130InvalidTaperType, "igs130InvalidTaperType", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igs130InvalidTaperType = igsNamedError<"igs130InvalidTaperType", igsObjectError, int>;
 /// The normal is undefined or shorter than kelTolMinValue.
-class IGS_API igs130ZeroNormal : public igsErrorClass<igs130ZeroNormal, "igs130ZeroNormal", igsObjectError> {};
+using igs130ZeroNormal = igsNamedError<"igs130ZeroNormal">;
 
 /// The length of the normal differs from 1 by more than kelTolZeroLength; carries it.
 class IGS_API igs130NormalNotUnit
@@ -64,8 +38,4 @@ class IGS_API igs130NormalNotUnit
 };
 
 /// The end parameter is not above the start parameter; carries the start and the end parameter.
-class IGS_API igs130ParamsOutOfSequence
-    : public igsErrorClass<igs130ParamsOutOfSequence, "igs130ParamsOutOfSequence", igsObjectError, double, double> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs130ParamsOutOfSequence = igsNamedError<"igs130ParamsOutOfSequence", igsObjectError, double, double>;

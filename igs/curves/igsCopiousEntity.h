@@ -3,9 +3,30 @@
 #include <cstddef>
 
 #include "igs/curves/igsCopiousData.h"
+#include "igs/errors/igsRepairs.h"
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/file/igsDirectoryEntry.h"
+
+template <class Owner>
+void igs_adopt_layout(Owner& entity) {
+  entity.adopt_layout();
+}
+
+/// The faults that these entities share: the dimensionality is none of 1, 2 and 3 (carries it; it becomes the one that
+/// the form tells); the form tells another dimensionality than the data have (carries both; the form is set to match);
+/// planar points without a z level; an undefined point (carries its index, 0-based); and a number of points that is
+/// negative or out of proportion to the record (carries it).
+template <class Owner, igsName Name>
+struct igsCopiousErrors {
+  using Repair = igsRepairedBy<Owner, &igs_adopt_layout<Owner>>;
+  using InvalidDimensionality = igsNamedError<igs_joined(Name, igsName("InvalidDimensionality")), Repair, int>;
+  using InconsistForm = igsNamedError<igs_joined(Name, igsName("InconsistForm")), Repair, int, int>;
+  using InvalidZLevel = igsNamedError<igs_joined(Name, igsName("InvalidZLevel"))>;
+  using InvalidPoint = igsNamedError<igs_joined(Name, igsName("InvalidPoint")), igsObjectError, int>;
+  using BadNumPoints = igsNamedError<igs_joined(Name, igsName("BadNumPoints")), igsObjectError, int>;
+};
 
 /// What the Copious Data entities whose form tells the dimensionality have in common: their form is `BaseForm` plus the
 /// dimensionality. `Errors` names the class's errors.
@@ -78,12 +99,4 @@ void igsCopiousEntity<Self, Name, Parent, BaseForm, Errors>::check_points() cons
   for (int i = 0; i < number_of_points(); ++i) {
     if (is_point_undefined(i)) this->template tag<typename Errors::InvalidPoint>(i);
   }
-}
-
-/// The repair of a dimensionality or form that contradicts the data: 1, or 0 for a null `entity`.
-template <class CopiousEntity>
-int igs_adopt_layout(CopiousEntity* entity) {
-  if (entity == nullptr) return 0;
-  entity->adopt_layout();
-  return 1;
 }

@@ -23,10 +23,15 @@ std::size_t bytes_taken(const igsObject& curve) {
 }  // namespace
 
 int igsCurveTypeError::fix() {
+  const igsObject* const target = reference().object();
+  return target != nullptr && target->num_logged_errors() == 0 ? convert() : 0;
+}
+
+int igsCurveTypeError::convert() {
   constexpr int unshared = 2;  // the reference that is faulty, and the one held here
   igsObjectPtr target = reference();
   igsObject* const old = target.object();
-  if (old == nullptr || old->num_logged_errors() != 0) return 0;
+  if (old == nullptr) return 0;
   igsRepairRun* const run = igsRepairRun::current();
   const int de = old->de_number();
   igsObject* const shared = run != nullptr ? run->shared_conversion(de) : nullptr;

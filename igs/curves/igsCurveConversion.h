@@ -18,6 +18,8 @@ class IGS_API igsCurveTypeError : public igsObjectError {
  protected:
   igsCurveTypeError() = default;
 
+  /// What fix() does, whatever errors the entity referred to has.
+  int convert();
   /// The reference as it is now; null when there is none any more.
   virtual igsObjectPtr reference() const = 0;
   virtual void set_reference(const igsObjectPtr& curve) const = 0;

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "igs/curves/igsCopiousData.h"
+#include "igs/errors/igsRepairs.h"
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsNamedError.h"
-#include "igs/objects/igsCast.h"
 
 /// Copious data of the forms whose points are always planar: dimensionality 1. Of points that a file gives with another
 /// dimensionality, x and y are kept; the z level is then the z of the first.
@@ -38,25 +38,13 @@ class IGS_API igsPlanarPoints : public igsCopiousData {
   int m_told_dimensionality = planar;
 };
 
-/// Kind of the error that says that the dimensionality is not 1: it is, after the repair.
-template <class Owner>
-class IGS_API_TEMPLATE igsToldDimensionality : public igsObjectError {
- public:
-  int fix() override {
-    return igs_repair<Owner>(object_at_key(), [](Owner& owner) { owner.accept_dimensionality(); });
-  }
-
- protected:
-  igsToldDimensionality() = default;
-};
-
-/// The faults that all such entities share: a dimensionality that is not 1 (carries it), no z level, an undefined point
-/// (carries its index, 0-based), and a number of points (carries it) that the entity cannot have or the record cannot
-/// hold. `CountKind` is the kind of the last, which tells its repair.
+/// The faults that all such entities share: a dimensionality that is not 1 (carries it; it becomes 1), no z level, an
+/// undefined point (carries its index, 0-based), and a number of points (carries it) that the entity cannot have or the
+/// record cannot hold. `CountKind` is the kind of the last, which tells its repair.
 template <class Owner, igsName Name, class CountKind = igsObjectError>
 struct igsPlanarPointsErrors {
-  using InvalidDimensionality =
-      igsNamedError<igs_joined(Name, igsName("InvalidDimensionality")), igsToldDimensionality<Owner>, int>;
+  using InvalidDimensionality = igsNamedError<igs_joined(Name, igsName("InvalidDimensionality")),
+                                              igsRepairedBy<Owner, &igsPlanarPoints::accept_dimensionality>, int>;
   using InvalidZLevel = igsNamedError<igs_joined(Name, igsName("InvalidZLevel"))>;
   using InvalidPoint = igsNamedError<igs_joined(Name, igsName("InvalidPoint")), igsObjectError, int>;
   using BadNumPoints = igsNamedError<igs_joined(Name, igsName("BadNumPoints")), CountKind, int>;

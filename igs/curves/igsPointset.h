@@ -1,22 +1,10 @@
 #pragma once
 
 #include "igs/curves/igsCopiousEntity.h"
+#include "igs/fields/igsNamedError.h"
 
-class igsPointsetBadNumPoints;
-class igsPointsetInconsistForm;
-class igsPointsetInvalidDimensionality;
-class igsPointsetInvalidPoint;
-class igsPointsetInvalidZLevel;
-
-/// The errors of the class, by the names that igsCopiousEntity has for them.
-struct igsPointsetErrors {
-  /// The class of that name.
-  using BadNumPoints = igsPointsetBadNumPoints;
-  using InconsistForm = igsPointsetInconsistForm;
-  using InvalidDimensionality = igsPointsetInvalidDimensionality;
-  using InvalidPoint = igsPointsetInvalidPoint;
-  using InvalidZLevel = igsPointsetInvalidZLevel;
-};
+class igsPointset;
+using igsPointsetErrors = igsCopiousErrors<igsPointset, "igsPointset">;
 
 /// Copious Data (IGES 5.3, type 106) of forms 1 to 3: unconnected points.
 class IGS_API igsPointset : public igsCopiousEntity<igsPointset, "igsPointset", igsObject, 0, igsPointsetErrors> {

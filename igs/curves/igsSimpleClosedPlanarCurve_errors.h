@@ -9,14 +9,9 @@ using igsSimpleClosedPlanarCurveInvalidDimensionality = igsSimpleClosedPlanarCur
 using igsSimpleClosedPlanarCurveInvalidZLevel = igsSimpleClosedPlanarCurveErrors::InvalidZLevel;
 using igsSimpleClosedPlanarCurveBadNumPoints = igsSimpleClosedPlanarCurveErrors::BadNumPoints;
 using igsSimpleClosedPlanarCurveInvalidPoint = igsSimpleClosedPlanarCurveErrors::InvalidPoint;
-
 /// There are fewer than 3 points; carries their number.
-class IGS_API igsSimpleClosedPlanarCurveTooFewPoints
-    : public igsErrorClass<igsSimpleClosedPlanarCurveTooFewPoints, "igsSimpleClosedPlanarCurveTooFewPoints",
-                           igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igsSimpleClosedPlanarCurveTooFewPoints =
+    igsNamedError<"igsSimpleClosedPlanarCurveTooFewPoints", igsObjectError, int>;
 
 /// The last point is farther than kelTolClosureCurve3d from the first; carries their distance.
 class IGS_API igsSimpleClosedPlanarCurveNotClosed

@@ -6,8 +6,8 @@
 #include "igs/errors/igsErrorClass.h"
 #include "igs/fields/igsReferenceTest.h"
 
-// Error classes whose names follow a rule, for entity classes that share their faults. The classes' public names are
-// aliases: using igs192_1NullAxis = igsReferenceErrors<"igs192_1", "Axis">::Null.
+// Families of error classes whose names follow a rule. The classes' public names are aliases:
+// using igs192_1NullAxis = igsReferenceErrors<"igs192_1", "Axis">::Null.
 
 /// The names one behind the other.
 template <std::size_t... N>
@@ -18,21 +18,14 @@ constexpr auto igs_joined(const igsName<N>&... names) {
   return igsName(text);
 }
 
-/// The error class `Name`: all that an igsErrorClass is, where nothing but its kind tells how it is repaired.
-template <igsName Name, class Kind = igsObjectError, class... Values>
-class IGS_API_TEMPLATE igsNamedError
-    : public igsErrorClass<igsNamedError<Name, Kind, Values...>, Name, Kind, Values...> {
- public:
-  using igsErrorClass<igsNamedError, Name, Kind, Values...>::igsErrorClass;
-};
-
 /// The faults of the reference `Field` of the entity class `Owner`: it is null, it is to an entity of another class
-/// than it should be, or that entity fails its own check.
-template <igsName Owner, igsName Field>
+/// than it should be, or that entity fails its own check. `Values` tell which reference it is.
+template <igsName Owner, igsName Field, class... Values>
 struct igsReferenceErrors {
-  using Null = igsNamedError<igs_joined(Owner, igsName("Null"), Field)>;
-  using WrongType = igsNamedError<igs_joined(Owner, igsName("Wrong"), Field, igsName("Type"))>;
-  using Invalid = igsNamedError<igs_joined(Owner, igsName("Invalid"), Field), igsReferenceDataError>;
+  using Null = igsNamedError<igs_joined(Owner, igsName("Null"), Field), igsObjectError, Values...>;
+  using WrongType =
+      igsNamedError<igs_joined(Owner, igsName("Wrong"), Field, igsName("Type")), igsObjectError, Values...>;
+  using Invalid = igsNamedError<igs_joined(Owner, igsName("Invalid"), Field), igsReferenceDataError, Values...>;
 
   /// The test of a reference that may not be null, and of one that may.
   using Test = igsReferenceTest<Null, WrongType, Invalid>;
@@ -49,4 +42,11 @@ struct igsUndefinedErrors {
 template <igsName Owner, igsName Field>
 struct igsRealErrors {
   using Invalid = igsNamedError<igs_joined(Owner, igsName("Invalid"), Field), igsObjectError, double>;
+};
+
+/// The fault of the number of `Elements` of the entity class `Owner`: it is negative or out of proportion to the
+/// record; carries it. Stands beside the list, in the header of the entity class.
+template <igsName Owner, igsName Elements>
+struct igsCountErrors {
+  using BadNum = igsNamedError<igs_joined(Owner, igsName("BadNum"), Elements), igsObjectError, int>;
 };

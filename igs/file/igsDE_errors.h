@@ -1,43 +1,37 @@
 #pragma once
 
-#include "igs/errors/igsErrorClass.h"
+#include <type_traits>
+
+#include "igs/errors/igsRepairs.h"
+#include "igs/file/igsDirectoryEntry.h"
 
 // Faults of an entity's directory entry. Each is tagged with the entity's DE number.
 
-/// One class of this family. Where a value is carried it is the field as it stands in the file.
-template <class Self, igsName Name, class... Values>
-using igsDEError = igsErrorClass<Self, Name, igsObjectError, Values...>;
+/// Kind of the errors that are repaired by making an attribute 0 in the directory entry, with its setter.
+template <class Attribute, void (igsDirectoryEntry::*Set)(Attribute)>
+void igs_reset_attribute(igsObject& object) {
+  (object.directory_entry().*Set)(std::remove_cvref_t<Attribute>(0));
+}
+template <class Attribute, void (igsDirectoryEntry::*Set)(Attribute)>
+using igsResetAttribute = igsRepairedBy<igsObject, &igs_reset_attribute<Attribute, Set>>;
 
 /// Neither a colour number nor a pointer to a colour definition. `fix` sets colour 0.
-class IGS_API igsDEInvalidColour : public igsDEError<igsDEInvalidColour, "igsDEInvalidColour", int> {
- public:
-  using igsErrorClass::igsErrorClass;
-  int fix() override;
-};
-
+using igsDEInvalidColour =
+    igsNamedError<"igsDEInvalidColour", igsResetAttribute<const igsColour&, &igsDirectoryEntry::set_colour>, int>;
 /// Neither a level number nor a pointer to a list of levels. `fix` sets level 0.
-class IGS_API igsDEInvalidLevel : public igsDEError<igsDEInvalidLevel, "igsDEInvalidLevel", int> {
- public:
-  using igsErrorClass::igsErrorClass;
-  int fix() override;
-};
-
+using igsDEInvalidLevel =
+    igsNamedError<"igsDEInvalidLevel", igsResetAttribute<const igsLevel&, &igsDirectoryEntry::set_level>, int>;
 /// Neither a line font pattern nor a pointer to a line font definition. `fix` sets pattern 0.
-class IGS_API igsDEInvalidLineFont : public igsDEError<igsDEInvalidLineFont, "igsDEInvalidLineFont", int> {
- public:
-  using igsErrorClass::igsErrorClass;
-  int fix() override;
-};
-
+using igsDEInvalidLineFont =
+    igsNamedError<"igsDEInvalidLineFont", igsResetAttribute<const igsLineFont&, &igsDirectoryEntry::set_line_font>,
+                  int>;
 /// A line weight number that is negative or above the Global section's gradations. `fix` sets weight 0.
-class IGS_API igsDEInvalidLineWeight : public igsDEError<igsDEInvalidLineWeight, "igsDEInvalidLineWeight", int> {
- public:
-  using igsErrorClass::igsErrorClass;
-  int fix() override;
-};
+using igsDEInvalidLineWeight =
+    igsNamedError<"igsDEInvalidLineWeight", igsResetAttribute<int, &igsDirectoryEntry::set_line_weight>, int>;
 
 /// Another entity use flag than the entity type demands. Value: the flag demanded, which `fix` sets.
-class IGS_API igsDEInvalidEntityUse : public igsDEError<igsDEInvalidEntityUse, "igsDEInvalidEntityUse", int> {
+class IGS_API igsDEInvalidEntityUse
+    : public igsErrorClass<igsDEInvalidEntityUse, "igsDEInvalidEntityUse", igsObjectError, int> {
  public:
   using igsErrorClass::igsErrorClass;
   int fix() override;
@@ -52,57 +46,20 @@ class IGS_API igsDEInvalidMatrixData
 };
 
 /// The matrix pointer names an entity that is no transformation matrix.
-class IGS_API igsDEInvalidMatrix : public igsDEError<igsDEInvalidMatrix, "igsDEInvalidMatrix"> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsDEInvalidMatrix = igsNamedError<"igsDEInvalidMatrix">;
 /// Some number of the status has no meaning.
-class IGS_API igsDEInvalidStatusFlags : public igsDEError<igsDEInvalidStatusFlags, "igsDEInvalidStatusFlags"> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsDEInvalidStatusFlags = igsNamedError<"igsDEInvalidStatusFlags">;
 /// The blank status has no meaning.
-class IGS_API igsDEInvalidBlankStatus : public igsDEError<igsDEInvalidBlankStatus, "igsDEInvalidBlankStatus", int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsDEInvalidBlankStatus = igsNamedError<"igsDEInvalidBlankStatus", igsObjectError, int>;
 /// The subordinate entity switch has no meaning.
-class IGS_API igsDEInvalidSubordinateSwitch
-    : public igsDEError<igsDEInvalidSubordinateSwitch, "igsDEInvalidSubordinateSwitch", int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsDEInvalidSubordinateSwitch = igsNamedError<"igsDEInvalidSubordinateSwitch", igsObjectError, int>;
 /// The hierarchy has no meaning.
-class IGS_API igsDEInvalidHierarchy : public igsDEError<igsDEInvalidHierarchy, "igsDEInvalidHierarchy", int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsDEInvalidHierarchy = igsNamedError<"igsDEInvalidHierarchy", igsObjectError, int>;
 /// The view pointer is to no view.
-class IGS_API igsDEInvalidView : public igsDEError<igsDEInvalidView, "igsDEInvalidView"> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsDEInvalidView = igsNamedError<"igsDEInvalidView">;
 /// The label display pointer is to no label display associativity.
-class IGS_API igsDEInvalidLabelDisplay : public igsDEError<igsDEInvalidLabelDisplay, "igsDEInvalidLabelDisplay"> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsDEInvalidLabelDisplay = igsNamedError<"igsDEInvalidLabelDisplay">;
 /// The entity label is not valid.
-class IGS_API igsDEInvalidEntityLabel : public igsDEError<igsDEInvalidEntityLabel, "igsDEInvalidEntityLabel"> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsDEInvalidEntityLabel = igsNamedError<"igsDEInvalidEntityLabel">;
 /// A negative entity subscript number.
-class IGS_API igsDEInvalidEntitySubscript
-    : public igsDEError<igsDEInvalidEntitySubscript, "igsDEInvalidEntitySubscript", int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igsDEInvalidEntitySubscript = igsNamedError<"igsDEInvalidEntitySubscript", igsObjectError, int>;

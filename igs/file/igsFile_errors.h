@@ -1,37 +1,19 @@
 #pragma once
 
 #include "igs/errors/igsErrorClass.h"
+#include "igs/file/igsFile.h"
 
 // Faults of the file as a whole. The first constructor argument is the location: a DE number, or for
 // igsFileDENullCharacters the sequence number of the entry's first Directory record.
 
 /// The two entity type fields of a directory entry differ. Values: field 1, field 11.
-class IGS_API igsFileDEEntityTypeMismatch
-    : public igsErrorClass<igsFileDEEntityTypeMismatch, "igsFileDEEntityTypeMismatch", igsStructureError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsFileDEEntityTypeMismatch = igsNamedError<"igsFileDEEntityTypeMismatch", igsStructureError, int, int>;
 /// The entity type is none of the standard's. Value: the type.
-class IGS_API igsFileInvalidIGESEntity
-    : public igsErrorClass<igsFileInvalidIGESEntity, "igsFileInvalidIGESEntity", igsStructureError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsFileInvalidIGESEntity = igsNamedError<"igsFileInvalidIGESEntity", igsStructureError, int>;
 /// The type has no such form; its default form was taken. Values: entity type, form read.
-class IGS_API igsFileDefaultedForm
-    : public igsErrorClass<igsFileDefaultedForm, "igsFileDefaultedForm", igsStructureError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsFileDefaultedForm = igsNamedError<"igsFileDefaultedForm", igsStructureError, int, int>;
 /// The type has no such form and no default form. Values: entity type, form read.
-class IGS_API igsFileUnknownForm
-    : public igsErrorClass<igsFileUnknownForm, "igsFileUnknownForm", igsStructureError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igsFileUnknownForm = igsNamedError<"igsFileUnknownForm", igsStructureError, int, int>;
 
 /// NUL characters in a directory entry were replaced by blanks. `fix` warns and returns 1.
 class IGS_API igsFileDENullCharacters
@@ -57,18 +39,9 @@ class IGS_API igsFileBlankLine : public igsErrorClass<igsFileBlankLine, "igsFile
 };
 
 /// Parameter data do not begin where the directory entry says. Values: the first line found, the line stated.
-class IGS_API igsFileIncorrectStartOfPD
-    : public igsErrorClass<igsFileIncorrectStartOfPD, "igsFileIncorrectStartOfPD", igsStructureError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsFileIncorrectStartOfPD = igsNamedError<"igsFileIncorrectStartOfPD", igsStructureError, int, int>;
 /// Parameter data are longer or shorter than the directory entry says. Values: lines found, lines stated.
-class IGS_API igsFileIncorrectPDLineCount
-    : public igsErrorClass<igsFileIncorrectPDLineCount, "igsFileIncorrectPDLineCount", igsStructureError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igsFileIncorrectPDLineCount = igsNamedError<"igsFileIncorrectPDLineCount", igsStructureError, int, int>;
 
 /// The entity had no parameter data and was deleted. `fix` warns and returns 1.
 class IGS_API igsFileNoPDData : public igsErrorClass<igsFileNoPDData, "igsFileNoPDData", igsStructureError> {
@@ -78,11 +51,7 @@ class IGS_API igsFileNoPDData : public igsErrorClass<igsFileNoPDData, "igsFileNo
 };
 
 /// Parameter data begin with another entity type than the directory entry's. Value: the type read.
-class IGS_API igsFilePDEntityTypeMismatch
-    : public igsErrorClass<igsFilePDEntityTypeMismatch, "igsFilePDEntityTypeMismatch", igsStructureError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igsFilePDEntityTypeMismatch = igsNamedError<"igsFilePDEntityTypeMismatch", igsStructureError, int>;
 
 /// NUL characters in parameter data were replaced by blanks. `fix` warns and returns 1.
 class IGS_API igsFilePDNullCharacters
@@ -93,39 +62,15 @@ class IGS_API igsFilePDNullCharacters
 };
 
 /// Parameter data hold a real that is not a number.
-class IGS_API igsFileCorruptObjectData
-    : public igsErrorClass<igsFileCorruptObjectData, "igsFileCorruptObjectData", igsStructureError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsFileCorruptObjectData = igsNamedError<"igsFileCorruptObjectData", igsStructureError>;
 /// Parameter data end before all fields.
-class IGS_API igsFilePrematureObjectEnd
-    : public igsErrorClass<igsFilePrematureObjectEnd, "igsFilePrematureObjectEnd", igsStructureError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsFilePrematureObjectEnd = igsNamedError<"igsFilePrematureObjectEnd", igsStructureError>;
 /// Parameter data hold more fields than the entity defines.
-class IGS_API igsFileObjectExtraData
-    : public igsErrorClass<igsFileObjectExtraData, "igsFileObjectExtraData", igsStructureError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsFileObjectExtraData = igsNamedError<"igsFileObjectExtraData", igsStructureError>;
 /// A null entity was deleted.
-class IGS_API igsFileDeletedNullEntity
-    : public igsErrorClass<igsFileDeletedNullEntity, "igsFileDeletedNullEntity", igsStructureError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsFileDeletedNullEntity = igsNamedError<"igsFileDeletedNullEntity", igsStructureError>;
 /// An entity of unknown type was deleted.
-class IGS_API igsFileDeletedUnknownEntity
-    : public igsErrorClass<igsFileDeletedUnknownEntity, "igsFileDeletedUnknownEntity", igsStructureError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igsFileDeletedUnknownEntity = igsNamedError<"igsFileDeletedUnknownEntity", igsStructureError>;
 
 /// A written section exceeded the largest sequence number. Without location. `fix` says so and returns 0.
 class IGS_API igsFileLineNumberTooLarge

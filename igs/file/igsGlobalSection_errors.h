@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "igs/errors/igsErrorClass.h"
+#include "igs/file/igsGlobalSection.h"
 
 // The errors of the Global section. A `fix` without a section (see igsGlobalError::key) changes nothing and returns 0.
 
@@ -13,12 +14,14 @@ enum igsGlobalParameterKind { igsGlobalString = 1, igsGlobalInteger = 2, igsGlob
 /// parameter that has none.
 IGS_API int igs_set_global_fallback(igsGlobalSection* section, int parameter);
 
-/// An error that is repaired by giving parameter `Parameter` its fallback value.
-template <class Self, igsName Name, int Parameter, class... Values>
-class IGS_API_TEMPLATE igsGlobalParameterError : public igsErrorClass<Self, Name, igsGlobalError, Values...> {
+/// Kind of the errors that are repaired by giving parameter `Parameter` its fallback value.
+template <int Parameter>
+class IGS_API_TEMPLATE igsGlobalFallback : public igsGlobalError {
  public:
-  using igsErrorClass<Self, Name, igsGlobalError, Values...>::igsErrorClass;
-  int fix() override { return igs_set_global_fallback(this->key(), Parameter); }
+  int fix() override { return igs_set_global_fallback(key(), Parameter); }
+
+ protected:
+  igsGlobalFallback() = default;
 };
 
 /// A parameter that must be given is not: its number and its igsGlobalParameterKind. Repaired with the fallback value
@@ -53,107 +56,44 @@ class IGS_API igsGlobalSectionInvalidRecordDelim
 // Values out of range, with the value found.
 
 /// Parameter 7, bits of an integer, is out of range; carries it.
-class IGS_API igsGlobalSectionInvalidIntegerSize
-    : public igsGlobalParameterError<igsGlobalSectionInvalidIntegerSize, "igsGlobalSectionInvalidIntegerSize", 7, int> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
-
+using igsGlobalSectionInvalidIntegerSize =
+    igsNamedError<"igsGlobalSectionInvalidIntegerSize", igsGlobalFallback<7>, int>;
 /// Parameter 8, largest power of ten in single precision, is out of range; carries it.
-class IGS_API igsGlobalSectionInvalidSinglePrecMagnitude
-    : public igsGlobalParameterError<igsGlobalSectionInvalidSinglePrecMagnitude,
-                                     "igsGlobalSectionInvalidSinglePrecMagnitude", 8, int> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
-
+using igsGlobalSectionInvalidSinglePrecMagnitude =
+    igsNamedError<"igsGlobalSectionInvalidSinglePrecMagnitude", igsGlobalFallback<8>, int>;
 /// Parameter 9, significant digits in single precision, is out of range; carries it.
-class IGS_API igsGlobalSectionInvalidSinglePrecSignificance
-    : public igsGlobalParameterError<igsGlobalSectionInvalidSinglePrecSignificance,
-                                     "igsGlobalSectionInvalidSinglePrecSignificance", 9, int> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
-
+using igsGlobalSectionInvalidSinglePrecSignificance =
+    igsNamedError<"igsGlobalSectionInvalidSinglePrecSignificance", igsGlobalFallback<9>, int>;
 /// Parameter 10, largest power of ten in double precision, is out of range; carries it.
-class IGS_API igsGlobalSectionInvalidDoublePrecMagnitude
-    : public igsGlobalParameterError<igsGlobalSectionInvalidDoublePrecMagnitude,
-                                     "igsGlobalSectionInvalidDoublePrecMagnitude", 10, int> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
-
+using igsGlobalSectionInvalidDoublePrecMagnitude =
+    igsNamedError<"igsGlobalSectionInvalidDoublePrecMagnitude", igsGlobalFallback<10>, int>;
 /// Parameter 11, significant digits in double precision, is out of range; carries it.
-class IGS_API igsGlobalSectionInvalidDoublePrecSignificance
-    : public igsGlobalParameterError<igsGlobalSectionInvalidDoublePrecSignificance,
-                                     "igsGlobalSectionInvalidDoublePrecSignificance", 11, int> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
-
+using igsGlobalSectionInvalidDoublePrecSignificance =
+    igsNamedError<"igsGlobalSectionInvalidDoublePrecSignificance", igsGlobalFallback<11>, int>;
 /// Parameter 13, the model space scale, is out of range; carries it.
-class IGS_API igsGlobalSectionInvalidModelSpaceScale
-    : public igsGlobalParameterError<igsGlobalSectionInvalidModelSpaceScale, "igsGlobalSectionInvalidModelSpaceScale",
-                                     13, double> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
-
+using igsGlobalSectionInvalidModelSpaceScale =
+    igsNamedError<"igsGlobalSectionInvalidModelSpaceScale", igsGlobalFallback<13>, double>;
 /// Parameter 17, the width of the thickest line, is out of range; carries it.
-class IGS_API igsGlobalSectionInvalidMaxLineWeightWidth
-    : public igsGlobalParameterError<igsGlobalSectionInvalidMaxLineWeightWidth,
-                                     "igsGlobalSectionInvalidMaxLineWeightWidth", 17, double> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
-
+using igsGlobalSectionInvalidMaxLineWeightWidth =
+    igsNamedError<"igsGlobalSectionInvalidMaxLineWeightWidth", igsGlobalFallback<17>, double>;
 /// Parameter 18, the creation date, is no date; carries it.
-class IGS_API igsGlobalSectionInvalidFileCreationDate
-    : public igsGlobalParameterError<igsGlobalSectionInvalidFileCreationDate, "igsGlobalSectionInvalidFileCreationDate",
-                                     18, utString> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
-
+using igsGlobalSectionInvalidFileCreationDate =
+    igsNamedError<"igsGlobalSectionInvalidFileCreationDate", igsGlobalFallback<18>, utString>;
 /// Parameter 19, the resolution, is out of range; carries it.
-class IGS_API igsGlobalSectionInvalidMinResolution
-    : public igsGlobalParameterError<igsGlobalSectionInvalidMinResolution, "igsGlobalSectionInvalidMinResolution", 19,
-                                     double> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
-
+using igsGlobalSectionInvalidMinResolution =
+    igsNamedError<"igsGlobalSectionInvalidMinResolution", igsGlobalFallback<19>, double>;
 /// Parameter 20, the largest coordinate, is out of range; carries it.
-class IGS_API igsGlobalSectionInvalidMaxCoordinate
-    : public igsGlobalParameterError<igsGlobalSectionInvalidMaxCoordinate, "igsGlobalSectionInvalidMaxCoordinate", 20,
-                                     double> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
-
+using igsGlobalSectionInvalidMaxCoordinate =
+    igsNamedError<"igsGlobalSectionInvalidMaxCoordinate", igsGlobalFallback<20>, double>;
 /// Parameter 23, the version flag, is out of range; carries it.
-class IGS_API igsGlobalSectionInvalidIgesVersion
-    : public igsGlobalParameterError<igsGlobalSectionInvalidIgesVersion, "igsGlobalSectionInvalidIgesVersion", 23,
-                                     int> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
-
+using igsGlobalSectionInvalidIgesVersion =
+    igsNamedError<"igsGlobalSectionInvalidIgesVersion", igsGlobalFallback<23>, int>;
 /// Parameter 24, the drafting standard flag, is out of range; carries it.
-class IGS_API igsGlobalSectionInvalidDraftingStandard
-    : public igsGlobalParameterError<igsGlobalSectionInvalidDraftingStandard, "igsGlobalSectionInvalidDraftingStandard",
-                                     24, int> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
-
+using igsGlobalSectionInvalidDraftingStandard =
+    igsNamedError<"igsGlobalSectionInvalidDraftingStandard", igsGlobalFallback<24>, int>;
 /// Parameter 25, the modification date, is no date; carries it.
-class IGS_API igsGlobalSectionInvalidFileModificationDate
-    : public igsGlobalParameterError<igsGlobalSectionInvalidFileModificationDate,
-                                     "igsGlobalSectionInvalidFileModificationDate", 25, utString> {
- public:
-  using igsGlobalParameterError::igsGlobalParameterError;
-};
+using igsGlobalSectionInvalidFileModificationDate =
+    igsNamedError<"igsGlobalSectionInvalidFileModificationDate", igsGlobalFallback<25>, utString>;
 
 /// Parameter 16 was out of range and has become the value given. Repaired by setting that value.
 class IGS_API igsGlobalSectionInvalidMaxNumLineWeightGrads
@@ -182,53 +122,19 @@ class IGS_API igsGlobalSectionUnitNameTypeMismatch
 };
 
 /// A file of a version before 8 gives a modification date, which is ignored. No repair.
-class IGS_API igsGlobalSectionExtraModificationDate
-    : public igsErrorClass<igsGlobalSectionExtraModificationDate, "igsGlobalSectionExtraModificationDate",
-                           igsGlobalError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igsGlobalSectionExtraModificationDate = igsNamedError<"igsGlobalSectionExtraModificationDate", igsGlobalError>;
 
 // Not raised by the library; no repair.
 
 /// The units are defined by their name alone.
-class IGS_API igsGlobalSectionUserDefinedUnits
-    : public igsErrorClass<igsGlobalSectionUserDefinedUnits, "igsGlobalSectionUserDefinedUnits", igsGlobalError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsGlobalSectionUserDefinedUnits = igsNamedError<"igsGlobalSectionUserDefinedUnits", igsGlobalError>;
 /// The section cannot be read.
-class IGS_API igsGlobalSectionFatal
-    : public igsErrorClass<igsGlobalSectionFatal, "igsGlobalSectionFatal", igsGlobalError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsGlobalSectionFatal = igsNamedError<"igsGlobalSectionFatal", igsGlobalError>;
 /// The section cannot be built.
-class IGS_API igsGlobalSectionNoConstruct
-    : public igsErrorClass<igsGlobalSectionNoConstruct, "igsGlobalSectionNoConstruct", igsGlobalError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsGlobalSectionNoConstruct = igsNamedError<"igsGlobalSectionNoConstruct", igsGlobalError>;
 /// The section ends without a record delimiter.
-class IGS_API igsGlobalSectionEndNoRecordDelim
-    : public igsErrorClass<igsGlobalSectionEndNoRecordDelim, "igsGlobalSectionEndNoRecordDelim", igsGlobalError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsGlobalSectionEndNoRecordDelim = igsNamedError<"igsGlobalSectionEndNoRecordDelim", igsGlobalError>;
 /// The section ends before all parameters are given.
-class IGS_API igsGlobalSectionEndPremature
-    : public igsErrorClass<igsGlobalSectionEndPremature, "igsGlobalSectionEndPremature", igsGlobalError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igsGlobalSectionEndPremature = igsNamedError<"igsGlobalSectionEndPremature", igsGlobalError>;
 /// The section has more parameters than the standard.
-class IGS_API igsGlobalSectionEndExtraData
-    : public igsErrorClass<igsGlobalSectionEndExtraData, "igsGlobalSectionEndExtraData", igsGlobalError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igsGlobalSectionEndExtraData = igsNamedError<"igsGlobalSectionEndExtraData", igsGlobalError>;

@@ -1,17 +1,13 @@
 #pragma once
 
-#include "igs/errors/igsErrorClass.h"
+#include "igs/errors/igsRepairs.h"
+#include "igs/file/igsTerminateSection.h"
 #include "igs/input/igsFileSection.h"
 
 /// A section letter of the Terminate record is wrong. Values: the section it stands for, the text found. `fix` does
 /// nothing and returns 1: writing sets the letters right.
-class IGS_API igsTerminateSectionBadName
-    : public igsErrorClass<igsTerminateSectionBadName, "igsTerminateSectionBadName", igsTerminateError, igsFileSection,
-                           utString> {
- public:
-  using igsErrorClass::igsErrorClass;
-  int fix() override { return 1; }
-};
+using igsTerminateSectionBadName =
+    igsNamedError<"igsTerminateSectionBadName", igsAccepted<igsTerminateError>, igsFileSection, utString>;
 
 /// A count of the Terminate record is not the number of records read. Values: the section, the count in the record, the
 /// number of records. `fix` hands the latter to the setter of the count and returns 1, or 0 without a section (see
@@ -25,8 +21,4 @@ class IGS_API igsTerminateSectionBadCount
 };
 
 /// Not raised by the library; no repair.
-class IGS_API igsTerminateSectionNoConstruct
-    : public igsErrorClass<igsTerminateSectionNoConstruct, "igsTerminateSectionNoConstruct", igsTerminateError> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igsTerminateSectionNoConstruct = igsNamedError<"igsTerminateSectionNoConstruct", igsTerminateError>;

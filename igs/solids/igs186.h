@@ -3,10 +3,11 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/objects/igsSolid.h"
 #include "igs/solids/igsOrientedShell.h"
 
-class igs186BadNumInnerShells;
+using igs186BadNumInnerShells = igsCountErrors<"igs186", "InnerShells">::BadNum;
 
 /// Manifold Solid B-Rep Object (IGES 5.3, type 186): a solid by its outer shell and the shells of the voids in it.
 /// Positions are 0-based.

@@ -5,9 +5,11 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/support/giPoint.h"
 
-class igs502NoVertices;
+/// The vertex list is empty, or its count is negative or out of proportion to the record.
+using igs502NoVertices = igsNamedError<"igs502NoVertices">;
 
 /// Vertex List (IGES 5.3, type 502, form 1): the corners of a boundary representation, in model units. Positions are
 /// 0-based.

@@ -3,9 +3,11 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/solids/igsEdge.h"
 
-class igs504NoEdges;
+/// The edge list is empty, or its count is negative or out of proportion to the record.
+using igs504NoEdges = igsNamedError<"igs504NoEdges">;
 
 /// Edge List (IGES 5.3, type 504, form 1). Positions are 0-based. What the edges refer to is checked by the loops that
 /// use them.

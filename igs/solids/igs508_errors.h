@@ -1,47 +1,26 @@
 #pragma once
 
-#include "igs/errors/igsErrorClass.h"
+#include "igs/errors/igsRepairs.h"
+#include "igs/fields/igsNamedError.h"
+#include "igs/solids/igs508.h"
 
 // Faults of a Loop (igs508). Positions are 0-based; the faults of a loop's edge carry the edge's position. What fails
 // its own check is repaired for the loop when it has been repaired itself, unless told otherwise.
 
-/// The loop has no edges, or the number of its edges, or of the parameter-space curves of one, is negative or out of
-/// proportion to the record.
-class IGS_API igs508NoOrientatedEdges
-    : public igsErrorClass<igs508NoOrientatedEdges, "igs508NoOrientatedEdges", igsObjectError> {};
-
 /// A pointer to a list is null.
-class IGS_API igs508OrientatedEdgeNullList
-    : public igsErrorClass<igs508OrientatedEdgeNullList, "igs508OrientatedEdgeNullList", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igs508OrientatedEdgeNullList = igsNamedError<"igs508OrientatedEdgeNullList", igsObjectError, int>;
 /// What should be a list is neither an edge list nor a vertex list.
-class IGS_API igs508OrientatedEdgeWrongListType
-    : public igsErrorClass<igs508OrientatedEdgeWrongListType, "igs508OrientatedEdgeWrongListType", igsObjectError,
-                           int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs508OrientatedEdgeWrongListType = igsNamedError<"igs508OrientatedEdgeWrongListType", igsObjectError, int>;
 
-/// The list is one of vertices, the edge type says otherwise.
-class IGS_API igs508OrientatedEdgeWrong502EdgeType
-    : public igsErrorClass<igs508OrientatedEdgeWrong502EdgeType, "igs508OrientatedEdgeWrong502EdgeType", igsObjectError,
-                           int> {
- public:
-  using igsErrorClass::igsErrorClass;
-  /// Sets the edge type to 1.
-  int fix() override;
-};
-
+/// Kind of the errors that say that a flag of a loop's edge has a value that it cannot have there: it becomes `Value`.
+template <void (igsOrientedEdge::*Set)(int), int Value>
+using igs508StoredFlag = igsStoredElementDefault<igs508, &igs508::oriented_edge_at, Set, Value>;
+/// The list is one of vertices, the edge type says otherwise. It becomes 1.
+using igs508OrientatedEdgeWrong502EdgeType =
+    igsNamedError<"igs508OrientatedEdgeWrong502EdgeType", igs508StoredFlag<&igsOrientedEdge::set_edge_type, 1>, int>;
 /// The vertex list has no such vertex.
-class IGS_API igs508OrientatedEdge502OffsetOutOfRange
-    : public igsErrorClass<igs508OrientatedEdge502OffsetOutOfRange, "igs508OrientatedEdge502OffsetOutOfRange",
-                           igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs508OrientatedEdge502OffsetOutOfRange =
+    igsNamedError<"igs508OrientatedEdge502OffsetOutOfRange", igsObjectError, int>;
 
 /// The vertex list fails its own check.
 class IGS_API igs508OrientatedEdge502InvalidList
@@ -53,154 +32,46 @@ class IGS_API igs508OrientatedEdge502InvalidList
   int fix() override;
 };
 
-/// The list is one of edges, the edge type says otherwise.
-class IGS_API igs508OrientatedEdgeWrong504EdgeType
-    : public igsErrorClass<igs508OrientatedEdgeWrong504EdgeType, "igs508OrientatedEdgeWrong504EdgeType", igsObjectError,
-                           int> {
- public:
-  using igsErrorClass::igsErrorClass;
-  /// Sets the edge type to 0.
-  int fix() override;
-};
-
+/// The list is one of edges, the edge type says otherwise. It becomes 0.
+using igs508OrientatedEdgeWrong504EdgeType =
+    igsNamedError<"igs508OrientatedEdgeWrong504EdgeType", igs508StoredFlag<&igsOrientedEdge::set_edge_type, 0>, int>;
 /// The edge list has no such edge.
-class IGS_API igs508OrientatedEdge504OffsetOutOfRange
-    : public igsErrorClass<igs508OrientatedEdge504OffsetOutOfRange, "igs508OrientatedEdge504OffsetOutOfRange",
-                           igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igs508OrientatedEdge504OffsetOutOfRange =
+    igsNamedError<"igs508OrientatedEdge504OffsetOutOfRange", igsObjectError, int>;
 /// The edge list fails its own check.
-class IGS_API igs508OrientatedEdge504InvalidList
-    : public igsErrorClass<igs508OrientatedEdge504InvalidList, "igs508OrientatedEdge504InvalidList",
-                           igsReferenceDataError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The orientation is neither 0 nor 1.
-class IGS_API igs508OrientatedEdgeInvalidEdgeDirection
-    : public igsErrorClass<igs508OrientatedEdgeInvalidEdgeDirection, "igs508OrientatedEdgeInvalidEdgeDirection",
-                           igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-  /// Sets it to 1.
-  int fix() override;
-};
+using igs508OrientatedEdge504InvalidList =
+    igsNamedError<"igs508OrientatedEdge504InvalidList", igsReferenceDataError, int>;
+/// The orientation is neither 0 nor 1. It becomes 1.
+using igs508OrientatedEdgeInvalidEdgeDirection =
+    igsNamedError<"igs508OrientatedEdgeInvalidEdgeDirection", igs508StoredFlag<&igsOrientedEdge::set_orientation, 1>,
+                  int>;
 
 // Of the edge in an edge list that a loop uses; these carry the position in the loop and the one in the list.
 
-/// The edge has no curve.
-class IGS_API igs508OrientatedEdge504EdgeNullCurve
-    : public igsErrorClass<igs508OrientatedEdge504EdgeNullCurve, "igs508OrientatedEdge504EdgeNullCurve", igsObjectError,
-                           int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// What should be the edge's curve is not a curve.
-class IGS_API igs508OrientatedEdge504EdgeWrongCurveType
-    : public igsErrorClass<igs508OrientatedEdge504EdgeWrongCurveType, "igs508OrientatedEdge504EdgeWrongCurveType",
-                           igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The edge's curve fails its own check.
-class IGS_API igs508OrientatedEdge504EdgeInvalidCurve
-    : public igsErrorClass<igs508OrientatedEdge504EdgeInvalidCurve, "igs508OrientatedEdge504EdgeInvalidCurve",
-                           igsReferenceDataError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The edge has no first vertex list.
-class IGS_API igs508OrientatedEdge504EdgeNullFirstList
-    : public igsErrorClass<igs508OrientatedEdge504EdgeNullFirstList, "igs508OrientatedEdge504EdgeNullFirstList",
-                           igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// What should be the first vertex list is something else.
-class IGS_API igs508OrientatedEdge504EdgeWrongFirstListType
-    : public igsErrorClass<igs508OrientatedEdge504EdgeWrongFirstListType,
-                           "igs508OrientatedEdge504EdgeWrongFirstListType", igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The first vertex list fails its own check.
-class IGS_API igs508OrientatedEdge504EdgeInvalidFirstList
-    : public igsErrorClass<igs508OrientatedEdge504EdgeInvalidFirstList, "igs508OrientatedEdge504EdgeInvalidFirstList",
-                           igsReferenceDataError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The edge has no second vertex list.
-class IGS_API igs508OrientatedEdge504EdgeNullSecondList
-    : public igsErrorClass<igs508OrientatedEdge504EdgeNullSecondList, "igs508OrientatedEdge504EdgeNullSecondList",
-                           igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// What should be the second vertex list is something else.
-class IGS_API igs508OrientatedEdge504EdgeWrongSecondListType
-    : public igsErrorClass<igs508OrientatedEdge504EdgeWrongSecondListType,
-                           "igs508OrientatedEdge504EdgeWrongSecondListType", igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The second vertex list fails its own check.
-class IGS_API igs508OrientatedEdge504EdgeInvalidSecondList
-    : public igsErrorClass<igs508OrientatedEdge504EdgeInvalidSecondList, "igs508OrientatedEdge504EdgeInvalidSecondList",
-                           igsReferenceDataError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The first vertex list has no such vertex.
-class IGS_API igs508OrientatedEdge504EdgeOutOfRangeFirstListOffset
-    : public igsErrorClass<igs508OrientatedEdge504EdgeOutOfRangeFirstListOffset,
-                           "igs508OrientatedEdge504EdgeOutOfRangeFirstListOffset", igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The second vertex list has no such vertex.
-class IGS_API igs508OrientatedEdge504EdgeOutOfRangeSecondListOffset
-    : public igsErrorClass<igs508OrientatedEdge504EdgeOutOfRangeSecondListOffset,
-                           "igs508OrientatedEdge504EdgeOutOfRangeSecondListOffset", igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs508EdgeCurveErrors = igsReferenceErrors<"igs508OrientatedEdge504Edge", "Curve", int, int>;
+using igs508OrientatedEdge504EdgeNullCurve = igs508EdgeCurveErrors::Null;
+using igs508OrientatedEdge504EdgeWrongCurveType = igs508EdgeCurveErrors::WrongType;
+using igs508OrientatedEdge504EdgeInvalidCurve = igs508EdgeCurveErrors::Invalid;
+using igs508EdgeFirstListErrors = igsReferenceErrors<"igs508OrientatedEdge504Edge", "FirstList", int, int>;
+using igs508OrientatedEdge504EdgeNullFirstList = igs508EdgeFirstListErrors::Null;
+using igs508OrientatedEdge504EdgeWrongFirstListType = igs508EdgeFirstListErrors::WrongType;
+using igs508OrientatedEdge504EdgeInvalidFirstList = igs508EdgeFirstListErrors::Invalid;
+using igs508EdgeSecondListErrors = igsReferenceErrors<"igs508OrientatedEdge504Edge", "SecondList", int, int>;
+using igs508OrientatedEdge504EdgeNullSecondList = igs508EdgeSecondListErrors::Null;
+using igs508OrientatedEdge504EdgeWrongSecondListType = igs508EdgeSecondListErrors::WrongType;
+using igs508OrientatedEdge504EdgeInvalidSecondList = igs508EdgeSecondListErrors::Invalid;
+/// The first or the second vertex list has no such vertex.
+using igs508OrientatedEdge504EdgeOutOfRangeFirstListOffset =
+    igsNamedError<"igs508OrientatedEdge504EdgeOutOfRangeFirstListOffset", igsObjectError, int, int>;
+using igs508OrientatedEdge504EdgeOutOfRangeSecondListOffset =
+    igsNamedError<"igs508OrientatedEdge504EdgeOutOfRangeSecondListOffset", igsObjectError, int, int>;
 
 // Of a loop edge's curves in parameter space; these carry the edge's position and the curve's.
 
-/// There is no curve in parameter space.
-class IGS_API igs508HalfEdgeNullCurve
-    : public igsErrorClass<igs508HalfEdgeNullCurve, "igs508HalfEdgeNullCurve", igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// What should be the curve in parameter space is not a curve.
-class IGS_API igs508HalfEdgeWrongCurveType
-    : public igsErrorClass<igs508HalfEdgeWrongCurveType, "igs508HalfEdgeWrongCurveType", igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The curve in parameter space fails its own check.
-class IGS_API igs508HalfEdgeInvalidCurve
-    : public igsErrorClass<igs508HalfEdgeInvalidCurve, "igs508HalfEdgeInvalidCurve", igsReferenceDataError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs508HalfEdgeCurveErrors = igsReferenceErrors<"igs508HalfEdge", "Curve", int, int>;
+using igs508HalfEdgeNullCurve = igs508HalfEdgeCurveErrors::Null;
+using igs508HalfEdgeWrongCurveType = igs508HalfEdgeCurveErrors::WrongType;
+using igs508HalfEdgeInvalidCurve = igs508HalfEdgeCurveErrors::Invalid;
 
 /// The isoparametric flag is neither 0 nor 1.
 class IGS_API igs508HalfEdgeInvalidCurveFlag

@@ -5,8 +5,10 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 
-class igs510NoLoops;
+/// The face has no loops, or their number is negative or out of proportion to the record.
+using igs510NoLoops = igsNamedError<"igs510NoLoops">;
 
 /// Face (IGES 5.3, type 510, form 1): the part of a surface within loops. Positions are 0-based.
 class IGS_API igs510 : public igsEntity<igs510, "igs510", igsObject> {

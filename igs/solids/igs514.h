@@ -3,9 +3,11 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsIndexedList.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/solids/igsOrientedFace.h"
 
-class igs514NoFaces;
+/// The shell has no faces, or their number is negative or out of proportion to the record.
+using igs514NoFaces = igsNamedError<"igs514NoFaces">;
 
 /// Shell (IGES 5.3, type 514, form 1): a connected set of faces. Positions are 0-based. The errors of a check name
 /// faces by their positions at that check; an index list remembers where these went when repairs took faces out.

@@ -4,10 +4,13 @@
 
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/objects/igsObjectPtr.h"
 #include "igs/support/export.h"
 
-class igs508NoOrientatedEdges;
+/// The loop has no edges, or the number of its edges, or of the parameter-space curves of one, is negative or out of
+/// proportion to the record.
+using igs508NoOrientatedEdges = igsNamedError<"igs508NoOrientatedEdges">;
 class utOstream;
 
 /// The curve in a surface's parameter space that an edge of a loop follows. The flag is 1 when it is isoparametric, 0

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "igs/errors/igsRepairs.h"
 #include "igs/fields/igsNamedError.h"
-#include "igs/fields/igsStoredDefault.h"
 #include "igs/structure/igs304_1.h"
 
 // Faults of a Line Font Definition of form 1 (igs304_1).

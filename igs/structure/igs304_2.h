@@ -5,11 +5,12 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/objects/igsStructure.h"
 #include "igs/support/undefined.h"
 #include "igs/support/utString.h"
 
-class igs304_2BadNumSegments;
+using igs304_2BadNumSegments = igsCountErrors<"igs304_2", "Segments">::BadNum;
 
 /// Line Font Definition (IGES 5.3, type 304), form 2: segments, each visible or blank, that a line repeats. Positions
 /// are 0-based, lengths model units.

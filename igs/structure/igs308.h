@@ -3,10 +3,11 @@
 #include <utility>
 
 #include "igs/fields/igsEntity.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/structure/igsCompound.h"
 #include "igs/support/utString.h"
 
-class igs308BadNumEntities;
+using igs308BadNumEntities = igsCountErrors<"igs308", "Entities">::BadNum;
 
 /// Subfigure Definition (IGES 5.3, type 308): entities of any class that instances (type 408) place in the model
 /// together.

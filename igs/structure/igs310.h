@@ -5,11 +5,14 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/file/igsDEAttribute.h"
 #include "igs/objects/igsStructure.h"
 
-class igs310BadNumCharacters;
-class igs310BadNumMotions;
+using igs310BadNumCharacters = igsCountErrors<"igs310", "Characters">::BadNum;
+/// The number of pen motions of a character is negative or out of proportion to the record; carries the position of the
+/// character and the number.
+using igs310BadNumMotions = igsNamedError<"igs310BadNumMotions", igsObjectError, int, int>;
 
 /// A step of the pen that draws a character, in grid units from the character's origin.
 struct igsPenMotion {

@@ -1,23 +1,9 @@
 #pragma once
 
 #include "igs/fields/igsNamedError.h"
+#include "igs/structure/igs310.h"
 
 // Faults of a Text Font Definition (igs310). Positions of characters and of their pen motions are 0-based.
-
-/// The number of characters is negative or out of proportion to the record; carries it.
-class IGS_API igs310BadNumCharacters
-    : public igsErrorClass<igs310BadNumCharacters, "igs310BadNumCharacters", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The number of pen motions of a character is negative or out of proportion to the record; carries the position of the
-/// character and the number.
-class IGS_API igs310BadNumMotions
-    : public igsErrorClass<igs310BadNumMotions, "igs310BadNumMotions", igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
 
 /// What the superseded font is said to be is no text font, or one that fails its own check.
 using igs310WrongSupersededFontType = igsReferenceErrors<"igs310", "SupersededFont">::WrongType;

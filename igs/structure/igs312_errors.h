@@ -1,7 +1,7 @@
 #pragma once
 
+#include "igs/errors/igsRepairs.h"
 #include "igs/fields/igsNamedError.h"
-#include "igs/fields/igsStoredDefault.h"
 #include "igs/structure/igs312.h"
 
 // Faults of a Text Display Template (igs312).

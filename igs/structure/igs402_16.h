@@ -3,10 +3,11 @@
 #include <vector>
 
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/structure/igsGroup.h"
 
-class igs402_16BadNumEntities;
-class igs402_16BadNumTransforms;
+using igs402_16BadNumEntities = igsCountErrors<"igs402_16", "Entities">::BadNum;
+using igs402_16BadNumTransforms = igsCountErrors<"igs402_16", "Transforms">::BadNum;
 
 /// Planar Associativity (IGES 5.3, type 402 form 16): a group of entities that lie in one plane, the XY plane of the
 /// space that a matrix (igs124) maps to model space.

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "igs/errors/igsRepairs.h"
 #include "igs/fields/igsNamedError.h"
-#include "igs/fields/igsStoredDefault.h"
 #include "igs/structure/igs402_16.h"
 
 // Faults of a planar associativity (igs402_16) beside those of every group (igsGroup_errors.h).
@@ -14,17 +14,3 @@ using igs402_16InvalidNumberOfTransforms =
 
 using igs402_16WrongMatrixType = igsReferenceErrors<"igs402_16", "Matrix">::WrongType;
 using igs402_16InvalidMatrix = igsReferenceErrors<"igs402_16", "Matrix">::Invalid;
-
-/// The number of transforms is negative or out of proportion to the record; carries it.
-class IGS_API igs402_16BadNumTransforms
-    : public igsErrorClass<igs402_16BadNumTransforms, "igs402_16BadNumTransforms", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The number of members is negative or out of proportion to the record; carries it.
-class IGS_API igs402_16BadNumEntities
-    : public igsErrorClass<igs402_16BadNumEntities, "igs402_16BadNumEntities", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};

@@ -4,10 +4,11 @@
 #include <vector>
 
 #include "igs/fields/igsEntity.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/structure/igsCompound.h"
 
-class igs402_3BadNumEntities;
-class igs402_3BadNumViews;
+using igs402_3BadNumEntities = igsCountErrors<"igs402_3", "Entities">::BadNum;
+using igs402_3BadNumViews = igsCountErrors<"igs402_3", "Views">::BadNum;
 
 /// Views Visible Associativity (IGES 5.3, type 402 form 3): the views (igs410_0) in which its members are shown. The
 /// list of members may be empty: the entities then name this one in the view field of their directory entries.

@@ -7,28 +7,11 @@
 
 /// There are no views.
 using igs402_3NoViews = igsNamedError<"igs402_3NoViews">;
-
 /// A pointer to a view is null, or what should be a view is none. Everything that is no view is taken out of the list
 /// of views; the others keep their order.
 using igs402_3NullView = igsDroppedMemberError<"igs402_3NullView", igs402_3, &igs402_3::drop_unusable_views>;
 using igs402_3WrongViewType = igsDroppedMemberError<"igs402_3WrongViewType", igs402_3, &igs402_3::drop_unusable_views>;
-
 /// A view fails its own check.
 using igs402_3InvalidView = igsNamedError<"igs402_3InvalidView", igsReferenceDataError, int>;
-
 /// A pointer to a member is null. All null members are taken out; the others keep their order.
 using igs402_3NullEntity = igsDroppedMemberError<"igs402_3NullEntity", igs402_3, &igs402_3::drop_null_entities>;
-
-/// The number of views is negative or out of proportion to the record; carries it.
-class IGS_API igs402_3BadNumViews
-    : public igsErrorClass<igs402_3BadNumViews, "igs402_3BadNumViews", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The number of members is negative or out of proportion to the record; carries it.
-class IGS_API igs402_3BadNumEntities
-    : public igsErrorClass<igs402_3BadNumEntities, "igs402_3BadNumEntities", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};

@@ -7,12 +7,13 @@
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsIndexedList.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/structure/igsCompound.h"
 #include "igs/support/giPoint.h"
 #include "igs/support/undefined.h"
 
-class igs404BadNumEntities;
-class igs404BadNumViews;
+using igs404BadNumEntities = igsCountErrors<"igs404", "Entities">::BadNum;
+using igs404BadNumViews = igsCountErrors<"igs404", "Views">::BadNum;
 
 /// One view of a drawing, and where it lies on the sheet.
 class IGS_API igs404View {

@@ -1,20 +1,16 @@
 #pragma once
 
-#include "igs/fields/igsNamedError.h"
+#include "igs/errors/igsErrorClass.h"
+#include "igs/structure/igs404.h"
 #include "igs/structure/igsCompound_errors.h"
 
 // Faults of a drawing (igs404). Positions of views and members are 0-based, as they were when it was checked.
 
 /// A fault of one view of the drawing; carries its position.
-class IGS_API igs404ViewError : public igsTyped<igs404ViewError, "igs404ViewError", igsObjectError> {
+class IGS_API igs404ViewError : public igsErrorClass<igs404ViewError, "igs404ViewError", igsObjectError, int> {
  public:
-  explicit igs404ViewError(int view) : m_view(view) {}
-
-  int view() const { return m_view; }
-  void visit_values(igsErrorValueVisitor& visitor) const override { visitor.value(m_view); }
-
- private:
-  int m_view;
+  using igsErrorClass::igsErrorClass;
+  int view() const { return value<0>(); }
 };
 
 /// A pointer to a view is null.
@@ -26,11 +22,7 @@ class IGS_API igs404NullViewPointer : public igsTyped<igs404NullViewPointer, "ig
 };
 
 /// What should be a view is none.
-class IGS_API igs404InvalidViewPointer
-    : public igsTyped<igs404InvalidViewPointer, "igs404InvalidViewPointer", igs404ViewError> {
- public:
-  using igsTyped::igsTyped;
-};
+using igs404InvalidViewPointer = igsNamedError<"igs404InvalidViewPointer", igs404ViewError>;
 
 /// A view fails its own check.
 class IGS_API igs404BadViewPointer : public igsTyped<igs404BadViewPointer, "igs404BadViewPointer", igs404ViewError> {
@@ -42,30 +34,7 @@ class IGS_API igs404BadViewPointer : public igsTyped<igs404BadViewPointer, "igs4
 
 /// The origin of a view is undefined; carries the view's position.
 using igs404InvalidOrigin = igsNamedError<"igs404InvalidOrigin", igsObjectError, int>;
-
 /// A pointer to a member is null; carries its position.
-class IGS_API igs404NullEntityPointer
-    : public igsTyped<igs404NullEntityPointer, "igs404NullEntityPointer", igsCompoundEntityError> {
- public:
-  using igsTyped::igsTyped;
-};
-
+using igs404NullEntityPointer = igsNamedError<"igs404NullEntityPointer", igsCompoundEntityError>;
 /// A member fails its own check; carries its position.
-class IGS_API igs404BadEntityPointer
-    : public igsTyped<igs404BadEntityPointer, "igs404BadEntityPointer", igsCompoundEntityError> {
- public:
-  using igsTyped::igsTyped;
-};
-
-/// The number of views is negative or out of proportion to the record; carries it.
-class IGS_API igs404BadNumViews : public igsErrorClass<igs404BadNumViews, "igs404BadNumViews", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The number of members is negative or out of proportion to the record; carries it.
-class IGS_API igs404BadNumEntities
-    : public igsErrorClass<igs404BadNumEntities, "igs404BadNumEntities", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs404BadEntityPointer = igsNamedError<"igs404BadEntityPointer", igsCompoundEntityError>;

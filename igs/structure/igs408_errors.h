@@ -1,7 +1,7 @@
 #pragma once
 
+#include "igs/errors/igsRepairs.h"
 #include "igs/fields/igsNamedError.h"
-#include "igs/fields/igsStoredDefault.h"
 #include "igs/structure/igs408.h"
 
 // Faults of a singular subfigure instance (igs408).

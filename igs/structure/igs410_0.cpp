@@ -1,6 +1,7 @@
 #include "igs/structure/igs410_0.h"
 
 #include "igs/fields/igsEntityFields.h"
+#include "igs/fields/igsReferenceTest.h"
 #include "igs/structure/igs410_0_errors.h"
 #include "igs/surfaces/igs108.h"
 

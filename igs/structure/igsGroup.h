@@ -1,9 +1,10 @@
 #pragma once
 
 #include "igs/fields/igsEntity.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/structure/igsCompound.h"
 
-class igsGroupBadNumEntities;
+using igsGroupBadNumEntities = igsCountErrors<"igsGroup", "Entities">::BadNum;
 
 /// Group (IGES 5.3, type 402): entities of any class that belong together, for reasons of the sender's. This class
 /// stands for the ordered ones, forms 14 (the members point back to the group) and 15 (they do not), and is the base of

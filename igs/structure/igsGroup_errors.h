@@ -8,13 +8,5 @@
 
 /// The group has no members.
 using igsGroupNoEntities = igsNamedError<"igsGroupNoEntities">;
-
 /// A pointer to a member is null. All null members are taken out; the others keep their order.
 using igsGroupNullEntity = igsDroppedMemberError<"igsGroupNullEntity", igsGroup, &igsGroup::drop_null_entities>;
-
-/// The number of members is negative or out of proportion to the record; carries it.
-class IGS_API igsGroupBadNumEntities
-    : public igsErrorClass<igsGroupBadNumEntities, "igsGroupBadNumEntities", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};

@@ -15,7 +15,3 @@ int igs108UnexpectedBoundary::fix() {
     }
   });
 }
-
-int igs108InvalidSymbolSize::fix() {
-  return igs_repair<igs108>(object_at_key(), [](igs108& plane) { plane.set_symbol_size(0); });
-}

@@ -11,18 +11,6 @@
 #include "igs/surfaces/igs114_errors.h"
 
 namespace {
-struct BreakPointErrorsU {
-  using UnsetKnot = igs114UnsetUBreakPoint;
-  using KnotOutOfSequence = igs114UBreakPointOutOfSequence;
-  using KnotsTooClose = igs114UBreakPointsTooClose;
-};
-
-struct BreakPointErrorsV {
-  using UnsetKnot = igs114UnsetVBreakPoint;
-  using KnotOutOfSequence = igs114VBreakPointOutOfSequence;
-  using KnotsTooClose = igs114VBreakPointsTooClose;
-};
-
 /// The patches of a surface as a record that can be printed.
 struct Patches {
   const igs114& surface;
@@ -178,8 +166,8 @@ void igs114::check_pd() const {
   if (m_count_u < 1) tag<igs114BadNumUPatches>(m_count_u);
   if (m_count_v < 1) tag<igs114BadNumVPatches>(m_count_v);
   const double tolerance = kel_resource_table_inquire().value(kelTolCoincBreakPoints);
-  igs_check_break_points<BreakPointErrorsU>(*this, m_break_points_u, tolerance);
-  igs_check_break_points<BreakPointErrorsV>(*this, m_break_points_v, tolerance);
+  igs_check_break_points<igs114UBreakPointErrors>(*this, m_break_points_u, tolerance);
+  igs_check_break_points<igs114VBreakPointErrors>(*this, m_break_points_v, tolerance);
   check_patches();
 }
 

@@ -7,37 +7,23 @@
 // Faults of a Surface of Revolution (igs120).
 
 /// The pointer to the axis is null.
-class IGS_API igs120NullAxis : public igsErrorClass<igs120NullAxis, "igs120NullAxis", igsObjectError> {};
-
+using igs120NullAxis = igsNamedError<"igs120NullAxis">;
 /// The axis is not a line.
-class IGS_API igs120WrongAxisType : public igsErrorClass<igs120WrongAxisType, "igs120WrongAxisType", igsObjectError> {};
-
+using igs120WrongAxisType = igsNamedError<"igs120WrongAxisType">;
 /// The axis fails its own check.
-class IGS_API igs120InvalidAxis : public igsErrorClass<igs120InvalidAxis, "igs120InvalidAxis", igsReferenceDataError> {
-};
-
+using igs120InvalidAxis = igsNamedError<"igs120InvalidAxis", igsReferenceDataError>;
 /// The pointer to the generatrix is null.
-class IGS_API igs120NullGenerator : public igsErrorClass<igs120NullGenerator, "igs120NullGenerator", igsObjectError> {};
-
+using igs120NullGenerator = igsNamedError<"igs120NullGenerator">;
 /// The generatrix is not a curve. Repaired by conversion.
-class IGS_API igs120WrongGeneratorType
-    : public igsErrorClass<igs120WrongGeneratorType, "igs120WrongGeneratorType",
-                           igsCurveFieldError<igs120, &igs120::generator, &igs120::set_generator>> {};
-
+using igs120WrongGeneratorType =
+    igsNamedError<"igs120WrongGeneratorType", igsCurveFieldError<igs120, &igs120::generator, &igs120::set_generator>>;
 /// The generatrix fails its own check.
-class IGS_API igs120InvalidGenerator
-    : public igsErrorClass<igs120InvalidGenerator, "igs120InvalidGenerator", igsReferenceDataError> {};
-
+using igs120InvalidGenerator = igsNamedError<"igs120InvalidGenerator", igsReferenceDataError>;
 /// An angle is undefined.
-class IGS_API igs120InvalidAngles : public igsErrorClass<igs120InvalidAngles, "igs120InvalidAngles", igsObjectError> {};
-
+using igs120InvalidAngles = igsNamedError<"igs120InvalidAngles">;
 /// The angles differ by less than kelTolCoincAngles, which may mean nothing or a full turn; carries the start and the
 /// terminate angle.
-class IGS_API igs120CoincidentAngles
-    : public igsErrorClass<igs120CoincidentAngles, "igs120CoincidentAngles", igsObjectError, double, double> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs120CoincidentAngles = igsNamedError<"igs120CoincidentAngles", igsObjectError, double, double>;
 
 /// The terminate angle is below the start angle; carries the start and the terminate angle.
 class IGS_API igs120AnglesOutOfSequence

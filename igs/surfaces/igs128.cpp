@@ -8,24 +8,6 @@
 #include "igs/surfaces/igs128_errors.h"
 
 namespace {
-struct KnotErrorsU {
-  using UnsetKnot = igs128UnsetKnotU;
-  using KnotOutOfSequence = igs128KnotUOutOfSequence;
-  using MinParamOutOfRange = igs128MinParamUOutOfRange;
-  using MaxParamOutOfRange = igs128MaxParamUOutOfRange;
-  using NoParamRange = igs128NoUParamRange;
-  using KnotsTooClose = igs128UKnotsTooClose;
-};
-
-struct KnotErrorsV {
-  using UnsetKnot = igs128UnsetKnotV;
-  using KnotOutOfSequence = igs128KnotVOutOfSequence;
-  using MinParamOutOfRange = igs128MinParamVOutOfRange;
-  using MaxParamOutOfRange = igs128MaxParamVOutOfRange;
-  using NoParamRange = igs128NoVParamRange;
-  using KnotsTooClose = igs128VKnotsTooClose;
-};
-
 bool can_be_counted(std::int64_t order_u, std::int64_t order_v, std::int64_t count_u, std::int64_t count_v) {
   return order_u + count_u <= INT_MAX && order_v + count_v <= INT_MAX && count_u * count_v <= INT_MAX;
 }
@@ -270,8 +252,8 @@ void igs128::check_flags() const {
 
 void igs128::check_knot_vectors() const {
   const double tolerance = kel_resource_table_inquire().value(kelTolCoincBreakPoints);
-  igs_check_knots<KnotErrorsU>(*this, m_u, tolerance);
-  igs_check_knots<KnotErrorsV>(*this, m_v, tolerance);
+  igs_check_knots<igs128UErrors>(*this, m_u, tolerance);
+  igs_check_knots<igs128VErrors>(*this, m_v, tolerance);
 }
 
 void igs128::check_homogenous_control_points() const {

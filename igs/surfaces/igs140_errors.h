@@ -6,19 +6,12 @@
 // Faults of an Offset Surface (igs140).
 
 /// The offset indicator is undefined or shorter than kelTolMinValue.
-class IGS_API igs140ZeroIndicator : public igsErrorClass<igs140ZeroIndicator, "igs140ZeroIndicator", igsObjectError> {};
-
+using igs140ZeroIndicator = igsNamedError<"igs140ZeroIndicator">;
 /// The distance is undefined.
-class IGS_API igs140InvalidDistance
-    : public igsErrorClass<igs140InvalidDistance, "igs140InvalidDistance", igsObjectError> {};
-
+using igs140InvalidDistance = igsNamedError<"igs140InvalidDistance">;
 /// The pointer to the surface is null.
-class IGS_API igs140NullSurface : public igsErrorClass<igs140NullSurface, "igs140NullSurface", igsObjectError> {};
-
+using igs140NullSurface = igsNamedError<"igs140NullSurface">;
 /// The surface is not a surface.
-class IGS_API igs140WrongSurfaceType
-    : public igsErrorClass<igs140WrongSurfaceType, "igs140WrongSurfaceType", igsObjectError> {};
-
+using igs140WrongSurfaceType = igsNamedError<"igs140WrongSurfaceType">;
 /// The surface fails its own check.
-class IGS_API igs140InvalidSurface
-    : public igsErrorClass<igs140InvalidSurface, "igs140InvalidSurface", igsReferenceDataError> {};
+using igs140InvalidSurface = igsNamedError<"igs140InvalidSurface", igsReferenceDataError>;

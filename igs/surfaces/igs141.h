@@ -2,10 +2,11 @@
 
 #include <vector>
 
+#include "igs/fields/igsNamedError.h"
 #include "igs/objects/igsObject.h"
 #include "igs/surfaces/igsModelSpaceCurve.h"
 
-class igs141BadNumModelSpaceCurves;
+using igs141BadNumModelSpaceCurves = igsCountErrors<"igs141", "ModelSpaceCurves">::BadNum;
 enum class igsSupply;
 
 /// Boundary (IGES 5.3, type 141): the curves that bound a region of a surface, each in model space and, where

@@ -12,10 +12,6 @@ igsModelSpaceCurve* model_space_curve_of(igsObject* object, int i) {
 }
 }  // namespace
 
-int igs141InvalidPreferrenceFlag::fix() {
-  return igs_repair<igs141>(object_at_key(), [](igs141& boundary) { boundary.set_preferred_representation(0); });
-}
-
 int igs141InvalidReversalFlag::fix() {
   igsModelSpaceCurve* const curve = model_space_curve_of(object_at_key(), value<0>());
   if (curve == nullptr) return 0;

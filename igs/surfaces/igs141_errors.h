@@ -1,44 +1,23 @@
 #pragma once
 
 #include "igs/curves/igsCurveConversion.h"
-#include "igs/errors/igsErrorClass.h"
+#include "igs/errors/igsRepairs.h"
+#include "igs/surfaces/igs141.h"
 
 // Positions are 0-based: of a model-space curve, then of one of its parameter-space curves.
 
 /// TYPE is neither 0 nor 1; carries it.
-class IGS_API igs141InvalidBoundedSurfRep
-    : public igsErrorClass<igs141InvalidBoundedSurfRep, "igs141InvalidBoundedSurfRep", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// PREF is outside 0 to 3; carries it.
-class IGS_API igs141InvalidPreferrenceFlag
-    : public igsErrorClass<igs141InvalidPreferrenceFlag, "igs141InvalidPreferrenceFlag", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-  /// Sets it to 0.
-  int fix() override;
-};
-
+using igs141InvalidBoundedSurfRep = igsNamedError<"igs141InvalidBoundedSurfRep", igsObjectError, int>;
+/// PREF is outside 0 to 3; carries it. It becomes 0.
+using igs141InvalidPreferrenceFlag =
+    igsNamedError<"igs141InvalidPreferrenceFlag", igsStoredDefault<igs141, &igs141::set_preferred_representation, 0>,
+                  int>;
 /// There is no surface.
-class IGS_API igs141NullSurfacePtr
-    : public igsErrorClass<igs141NullSurfacePtr, "igs141NullSurfacePtr", igsObjectError> {};
-
+using igs141NullSurfacePtr = igsNamedError<"igs141NullSurfacePtr">;
 /// What should be the surface is none.
-class IGS_API igs141InvalidSurfaceType
-    : public igsErrorClass<igs141InvalidSurfaceType, "igs141InvalidSurfaceType", igsObjectError> {};
-
+using igs141InvalidSurfaceType = igsNamedError<"igs141InvalidSurfaceType">;
 /// The surface fails its own check.
-class IGS_API igs141InvalidSurfaceData
-    : public igsErrorClass<igs141InvalidSurfaceData, "igs141InvalidSurfaceData", igsReferenceDataError> {};
-
-/// There is no model-space curve, or their number is negative or out of proportion to the record; carries it.
-class IGS_API igs141BadNumModelSpaceCurves
-    : public igsErrorClass<igs141BadNumModelSpaceCurves, "igs141BadNumModelSpaceCurves", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs141InvalidSurfaceData = igsNamedError<"igs141InvalidSurfaceData", igsReferenceDataError>;
 
 /// SENSE of a model-space curve is neither 1 nor 2; carries its position and the value.
 class IGS_API igs141InvalidReversalFlag
@@ -50,11 +29,7 @@ class IGS_API igs141InvalidReversalFlag
 };
 
 /// A pointer to a model-space curve is null; carries its position.
-class IGS_API igs141NullModelSpaceCurvePtr
-    : public igsErrorClass<igs141NullModelSpaceCurvePtr, "igs141NullModelSpaceCurvePtr", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs141NullModelSpaceCurvePtr = igsNamedError<"igs141NullModelSpaceCurvePtr", igsObjectError, int>;
 
 /// A model-space curve is neither a curve nor a point; carries its position. Repaired by conversion.
 class IGS_API igs141InvalidModelSpaceCurveType
@@ -69,30 +44,13 @@ class IGS_API igs141InvalidModelSpaceCurveType
 };
 
 /// A model-space curve fails its own check; carries its position.
-class IGS_API igs141InvalidModelSpaceCurveData
-    : public igsErrorClass<igs141InvalidModelSpaceCurveData, "igs141InvalidModelSpaceCurveData", igsReferenceDataError,
-                           int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igs141InvalidModelSpaceCurveData = igsNamedError<"igs141InvalidModelSpaceCurveData", igsReferenceDataError, int>;
 /// TYPE is 0, and a model-space curve has parameter-space curves; carries its position.
-class IGS_API igs141UnexpectedParamCurves
-    : public igsErrorClass<igs141UnexpectedParamCurves, "igs141UnexpectedParamCurves", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igs141UnexpectedParamCurves = igsNamedError<"igs141UnexpectedParamCurves", igsObjectError, int>;
 /// A pointer to a parameter-space curve is null; carries both positions.
-class IGS_API igs141NullParameterCurvePtr
-    : public igsErrorClass<igs141NullParameterCurvePtr, "igs141NullParameterCurvePtr", igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igs141NullParameterCurvePtr = igsNamedError<"igs141NullParameterCurvePtr", igsObjectError, int, int>;
 /// A parameter-space curve lies on a plane (type 108), which has no parameters.
-class IGS_API igs141Trim2DNonParametricSurface
-    : public igsErrorClass<igs141Trim2DNonParametricSurface, "igs141Trim2DNonParametricSurface", igsObjectError> {};
+using igs141Trim2DNonParametricSurface = igsNamedError<"igs141Trim2DNonParametricSurface">;
 
 /// A parameter-space curve is no curve; carries both positions. Repaired by conversion.
 class IGS_API igs141InvalidParameterCurveType
@@ -107,17 +65,5 @@ class IGS_API igs141InvalidParameterCurveType
 };
 
 /// A parameter-space curve fails its own check; carries both positions.
-class IGS_API igs141InvalidParameterCurveData
-    : public igsErrorClass<igs141InvalidParameterCurveData, "igs141InvalidParameterCurveData", igsReferenceDataError,
-                           int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
-/// The number of parameter-space curves of a model-space curve is negative or out of proportion to the record; carries
-/// the position of the model-space curve and the number.
-class IGS_API igs141BadNumAssocParamCurves
-    : public igsErrorClass<igs141BadNumAssocParamCurves, "igs141BadNumAssocParamCurves", igsObjectError, int, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
+using igs141InvalidParameterCurveData =
+    igsNamedError<"igs141InvalidParameterCurveData", igsReferenceDataError, int, int>;

@@ -1,52 +1,27 @@
 #pragma once
 
 #include "igs/errors/igsErrorClass.h"
+#include "igs/surfaces/igs142.h"
 
 /// CRTN is outside 0 to 3; carries it.
-class IGS_API igs142InvalidCurveCreation
-    : public igsErrorClass<igs142InvalidCurveCreation, "igs142InvalidCurveCreation", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igs142InvalidCurveCreation = igsNamedError<"igs142InvalidCurveCreation", igsObjectError, int>;
 /// PREF is outside 0 to 3; carries it.
-class IGS_API igs142InvalidPrefRepresentation
-    : public igsErrorClass<igs142InvalidPrefRepresentation, "igs142InvalidPrefRepresentation", igsObjectError, int> {
- public:
-  using igsErrorClass::igsErrorClass;
-};
-
+using igs142InvalidPrefRepresentation = igsNamedError<"igs142InvalidPrefRepresentation", igsObjectError, int>;
 /// There is no surface.
-class IGS_API igs142NullSurfacePtr
-    : public igsErrorClass<igs142NullSurfacePtr, "igs142NullSurfacePtr", igsObjectError> {};
-
+using igs142NullSurfacePtr = igsNamedError<"igs142NullSurfacePtr">;
 /// What should be the surface is none.
-class IGS_API igs142InvalidSurfaceType
-    : public igsErrorClass<igs142InvalidSurfaceType, "igs142InvalidSurfaceType", igsObjectError> {};
-
+using igs142InvalidSurfaceType = igsNamedError<"igs142InvalidSurfaceType">;
 /// The surface fails its own check.
-class IGS_API igs142InvalidSurfaceData
-    : public igsErrorClass<igs142InvalidSurfaceData, "igs142InvalidSurfaceData", igsReferenceDataError> {};
-
+using igs142InvalidSurfaceData = igsNamedError<"igs142InvalidSurfaceData", igsReferenceDataError>;
 /// What should be the curve in the parameter space of the surface is no curve.
-class IGS_API igs142InvalidCurve2dType
-    : public igsErrorClass<igs142InvalidCurve2dType, "igs142InvalidCurve2dType", igsObjectError> {};
-
+using igs142InvalidCurve2dType = igsNamedError<"igs142InvalidCurve2dType">;
 /// The curve in the parameter space of the surface fails its own check.
-class IGS_API igs142InvalidCurve2dData
-    : public igsErrorClass<igs142InvalidCurve2dData, "igs142InvalidCurve2dData", igsReferenceDataError> {};
-
+using igs142InvalidCurve2dData = igsNamedError<"igs142InvalidCurve2dData", igsReferenceDataError>;
 /// There is a curve in the parameter space of a plane (type 108), which has no parameters.
-class IGS_API igs142Trim2DNonParametricSurface
-    : public igsErrorClass<igs142Trim2DNonParametricSurface, "igs142Trim2DNonParametricSurface", igsObjectError> {};
-
+using igs142Trim2DNonParametricSurface = igsNamedError<"igs142Trim2DNonParametricSurface">;
 /// What should be the curve in model space is no curve.
-class IGS_API igs142InvalidCurve3dType
-    : public igsErrorClass<igs142InvalidCurve3dType, "igs142InvalidCurve3dType", igsObjectError> {};
-
+using igs142InvalidCurve3dType = igsNamedError<"igs142InvalidCurve3dType">;
 /// The curve in model space fails its own check.
-class IGS_API igs142InvalidCurve3dData
-    : public igsErrorClass<igs142InvalidCurve3dData, "igs142InvalidCurve3dData", igsReferenceDataError> {};
-
+using igs142InvalidCurve3dData = igsNamedError<"igs142InvalidCurve3dData", igsReferenceDataError>;
 /// There is neither a curve in parameter space nor one in model space.
-class IGS_API igs142NoTrimCurves : public igsErrorClass<igs142NoTrimCurves, "igs142NoTrimCurves", igsObjectError> {};
+using igs142NoTrimCurves = igsNamedError<"igs142NoTrimCurves">;

@@ -5,8 +5,9 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 
-class igs143BadNumBoundaries;
+using igs143BadNumBoundaries = igsCountErrors<"igs143", "Boundaries">::BadNum;
 
 /// Bounded Surface (IGES 5.3, type 143): the region of a surface inside boundaries (igs141). Positions are 0-based.
 class IGS_API igs143 : public igsEntity<igs143, "igs143", igsObject> {

@@ -5,9 +5,10 @@
 
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/fields/igsReferenceList.h"
 
-class igs144BadNumInnerBounds;
+using igs144BadNumInnerBounds = igsCountErrors<"igs144", "InnerBounds">::BadNum;
 
 /// Trimmed (Parametric) Surface (IGES 5.3, type 144): the region of a surface inside the outer boundary and outside the
 /// inner boundaries, all of them curves on that surface (igs142). Positions are 0-based.

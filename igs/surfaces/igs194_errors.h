@@ -1,6 +1,7 @@
 #pragma once
 
 #include "igs/fields/igsNamedError.h"
+#include "igs/surfaces/igs194.h"
 
 // See igsNamedError.h for what each family of errors says.
 

@@ -4,10 +4,13 @@
 
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/fields/igsNamedError.h"
 #include "igs/objects/igsObjectPtr.h"
 #include "igs/support/export.h"
 
-class igs141BadNumAssocParamCurves;
+/// The number of parameter-space curves of a model-space curve is negative or out of proportion to the record; carries
+/// the position of the model-space curve and the number.
+using igs141BadNumAssocParamCurves = igsNamedError<"igs141BadNumAssocParamCurves", igsObjectError, int, int>;
 
 /// One curve of a Boundary (igs141): a curve in model space, and the curves in the parameter space of the surface that
 /// it is the image of, in the same order. Positions are 0-based.

@@ -226,14 +226,15 @@ TEST(Igs102, ASharedPointSetStaysForTheOthers) {
   EXPECT_EQ(object_errors(file).size(), 0U);
 }
 
-TEST(Igs102, APointSetHasToBeSoundAndConvertible) {
+TEST(Igs102, APointSetHasToBeConvertibleButNotSound) {
   igsFile file;
   igs102* const composite = make_composite("SLs");
   auto* const sextuples = static_cast<igsPointset*>(sub_curve(*composite, 2));
   sextuples->set_size(igsCopiousData::with_vectors, 1);
   sextuples->set_point(0, giPoint3(1, 2, 3));
   file.check();
-  EXPECT_EQ(error_named(file, "igs102InvalidSubCurveType 1 0").fix(), 0);
+  EXPECT_EQ(error_named(file, "igs102InvalidSubCurveType 1 0").fix(), 1);
+  EXPECT_TRUE(file.entity(3)->isa(igsPolyline::type()));
   EXPECT_EQ(error_named(file, "igs102InvalidSubCurveType 1 2").fix(), 0);
   EXPECT_EQ(sub_curves(*composite), (std::vector<int>{3, 5, 7}));
   EXPECT_EQ(file.num_entities(), 4);

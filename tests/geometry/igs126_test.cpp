@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "geometry/spline_fixture.h"
+#include "igs/curves/igs126_errors.h"
 #include "igs/objects/igsPlaceholders.h"
 
 namespace igs_test {
@@ -256,6 +257,21 @@ TEST(Igs126, RepairsAreProvedByTheNextCheck) {
     EXPECT_EQ(fix_all(*entity), c.answers);
     EXPECT_EQ(written_data(file), "126," + c.after.data() + ';');
     EXPECT_EQ(found_by_check(*entity), c.found);
+  }
+}
+
+TEST(Igs126, TheFlagThatAnErrorCarriesTellsItsRepair) {
+  for (const int flag : {0, 1}) {
+    igsFile file;
+    read_entity(
+        file, 126,
+        Curve{.flags = "0,0," + std::to_string(flag) + ",0", .weights = flag == 0 ? "2.,2.,2.,2." : "1.,2.,1.,1."}
+            .data());
+    file.entity(1)->check();
+    auto* const error = static_cast<igs126WeightsAndRatFlagDisagree*>(object_errors(file).at(0));
+    EXPECT_EQ(error->value<0>(), flag);
+    EXPECT_EQ(error->fix() + error->fix(), 2);  // the second does not undo the first
+    EXPECT_EQ(entity_of<igs126>(file).rational_flag(), 1 - flag);
   }
 }
 
