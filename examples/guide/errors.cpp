@@ -2,7 +2,7 @@
 #include <fstream>
 #include <iostream>
 
-#include "igs/curves/igs110_errors.h"
+#include "igs/errors.h"
 #include "igs/igs.h"
 #include "igs/objects/igsCast.h"
 
@@ -61,11 +61,11 @@ int main() {
   print_errors(file);
 
   // [kinds]
-  int too_short = 0;
   igsSimpleSectionLogIT errors(file.error_log().object_log());
   while (++errors) {
-    if (errors()->isa(igs110CoincidentPoints::type())) ++too_short;
+    if (!errors()->isa(igs110CoincidentPoints::type())) continue;
+    const auto& error = static_cast<const igs110CoincidentPoints&>(*errors());
+    std::cout << "DE " << error.key() << " is at most " << error.value<0>() << " long\n";
   }
-  std::cout << too_short << " line without a length\n";
   // [kinds]
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "igs/annotation/igs204.h"
 #include "igs/fields/igsNamedError.h"
 
 // See igsNamedError.h for what each family of errors says.

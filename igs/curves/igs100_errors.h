@@ -1,6 +1,5 @@
 #pragma once
 
-#include "igs/curves/igs100.h"
 #include "igs/errors/igsErrorClass.h"
 
 /// The centre, an end point or the z level is undefined.

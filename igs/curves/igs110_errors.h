@@ -1,6 +1,5 @@
 #pragma once
 
-#include "igs/curves/igs110.h"
 #include "igs/errors/igsErrorClass.h"
 
 /// The start point is undefined.

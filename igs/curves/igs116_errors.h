@@ -1,6 +1,5 @@
 #pragma once
 
-#include "igs/curves/igs116.h"
 #include "igs/errors/igsErrorClass.h"
 
 /// The point is undefined.

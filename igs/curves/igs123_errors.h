@@ -1,6 +1,5 @@
 #pragma once
 
-#include "igs/curves/igs123.h"
 #include "igs/errors/igsErrorClass.h"
 
 /// The direction is undefined.

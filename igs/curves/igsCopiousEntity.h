@@ -9,6 +9,7 @@
 #include "igs/fields/igsNamedError.h"
 #include "igs/file/igsDirectoryEntry.h"
 
+/// Makes the dimensionality and the form say what the points really are.
 template <class Owner>
 void igs_adopt_layout(Owner& entity) {
   entity.adopt_layout();
@@ -20,6 +21,7 @@ void igs_adopt_layout(Owner& entity) {
 /// negative or out of proportion to the record (carries it).
 template <class Owner, igsName Name>
 struct igsCopiousErrors {
+  /// The kind of the first two.
   using Repair = igsRepairedBy<Owner, &igs_adopt_layout<Owner>>;
   using InvalidDimensionality = igsNamedError<igs_joined(Name, igsName("InvalidDimensionality")), Repair, int>;
   using InconsistForm = igsNamedError<igs_joined(Name, igsName("InconsistForm")), Repair, int, int>;

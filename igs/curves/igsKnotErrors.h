@@ -10,8 +10,10 @@
 // The errors of numbers that must not fall, in families: the knots and limits of B-splines, the break points of
 // parametric splines. `T` is the entity class with the name `Owner`. Indices are 0-based.
 
+/// The value of kelTolCoincBreakPoints.
 inline double igs_knot_tolerance() { return kel_resource_table_inquire().value(kelTolCoincBreakPoints); }
 
+// The repairs, by what `Raise` does to the entity or what a direction's igsKnotVector does.
 template <auto Raise, class T>
 int igs_raise_break_point(T& spline, int i, double /*found*/, double previous) {
   return std::invoke(Raise, spline, i, previous, igs_knot_tolerance());

@@ -16,6 +16,7 @@
 template <class T, auto Repair, class Kind = igsObjectError>
 class igsRepairedBy;
 
+/// An error of that kind that carries values.
 template <class T, auto Repair, class Kind, class... Values>
 class IGS_API_TEMPLATE igsErrorValues<igsRepairedBy<T, Repair, Kind>, Values...>
     : public igsErrorValues<Kind, Values...> {
@@ -39,6 +40,7 @@ class IGS_API_TEMPLATE igsErrorValues<igsRepairedBy<T, Repair, Kind>, Values...>
   }
 };
 
+/// What igsStoredDefault and igsStoredElementDefault do.
 template <class T, auto Set, int Default>
 void igs_store_default(T& entity) {
   std::invoke(Set, entity, Default);

@@ -17,6 +17,7 @@ template <igsName Owner, igsName Member, class T, auto DropNulls>
 struct igsMemberErrors {
   /// The three error classes ...
   using Null = igsDroppedMemberError<igs_joined(Owner, igsName("Null"), Member), T, DropNulls>;
+  /// ... each with the position ...
   using WrongType = typename igsReferenceErrors<Owner, Member, int>::WrongType;
   using Invalid = typename igsReferenceErrors<Owner, Member, int>::Invalid;
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "igs/errors/igsErrorClass.h"
-#include "igs/file/igsFile.h"
 
 // Faults of the file as a whole. The first constructor argument is the location: a DE number, or for
 // igsFileDENullCharacters the sequence number of the entry's first Directory record.

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "igs/errors/igsErrorClass.h"
-#include "igs/file/igsGlobalSection.h"
 
 // The errors of the Global section. A `fix` without a section (see igsGlobalError::key) changes nothing and returns 0.
 
@@ -33,25 +32,18 @@ class IGS_API igsGlobalSectionIllegalDefault
   int fix() override;
 };
 
-// Delimiters, with the text that stands in their place. No repair: the file cannot be read.
+/// Kind of the errors that say that a delimiter is unusable; carries the text that stands in its place. No repair: the
+/// file cannot be read.
+class IGS_API igsUnusableDelimiter : public igsErrorValues<igsGlobalError, utString> {
+ public:
+  using igsErrorValues::igsErrorValues;
+  explicit igsUnusableDelimiter(char found) : igsErrorValues(utString(1, found)) {}
+};
 
 /// Parameter 1, the parameter delimiter, is unusable.
-class IGS_API igsGlobalSectionInvalidParamDelim
-    : public igsErrorClass<igsGlobalSectionInvalidParamDelim, "igsGlobalSectionInvalidParamDelim", igsGlobalError,
-                           utString> {
- public:
-  using igsErrorClass::igsErrorClass;
-  explicit igsGlobalSectionInvalidParamDelim(char found) : igsErrorClass(utString(1, found)) {}
-};
-
+using igsGlobalSectionInvalidParamDelim = igsNamedError<"igsGlobalSectionInvalidParamDelim", igsUnusableDelimiter>;
 /// Parameter 2, the record delimiter, is unusable.
-class IGS_API igsGlobalSectionInvalidRecordDelim
-    : public igsErrorClass<igsGlobalSectionInvalidRecordDelim, "igsGlobalSectionInvalidRecordDelim", igsGlobalError,
-                           utString> {
- public:
-  using igsErrorClass::igsErrorClass;
-  explicit igsGlobalSectionInvalidRecordDelim(char found) : igsErrorClass(utString(1, found)) {}
-};
+using igsGlobalSectionInvalidRecordDelim = igsNamedError<"igsGlobalSectionInvalidRecordDelim", igsUnusableDelimiter>;
 
 // Values out of range, with the value found.
 

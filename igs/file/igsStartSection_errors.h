@@ -1,7 +1,6 @@
 #pragma once
 
 #include "igs/errors/igsErrorClass.h"
-#include "igs/file/igsStartSection.h"
 
 /// Sequence numbers of the Start section were out of order. `fix` warns and returns 1.
 class IGS_API igsStartSectionInvalid

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "igs/errors/igsRepairs.h"
-#include "igs/file/igsTerminateSection.h"
 #include "igs/input/igsFileSection.h"
 
 /// A section letter of the Terminate record is wrong. Values: the section it stands for, the text found. `fix` does

@@ -10,6 +10,7 @@
 class IGS_API igs404ViewError : public igsErrorClass<igs404ViewError, "igs404ViewError", igsObjectError, int> {
  public:
   using igsErrorClass::igsErrorClass;
+  /// The view's position.
   int view() const { return value<0>(); }
 };
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "igs/errors/igsErrorClass.h"
-#include "igs/structure/igs416.h"
 
 /// The name of the file that an external reference (igs416) refers to is empty or blank.
 using igs416NoFileName = igsNamedError<"igs416NoFileName">;

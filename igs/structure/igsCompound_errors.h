@@ -1,7 +1,6 @@
 #pragma once
 
 #include "igs/errors/igsError.h"
-#include "igs/structure/igsCompound.h"
 
 /// A fault of one member of a compound entity.
 class IGS_API igsCompoundEntityError

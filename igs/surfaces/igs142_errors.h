@@ -1,7 +1,6 @@
 #pragma once
 
 #include "igs/errors/igsErrorClass.h"
-#include "igs/surfaces/igs142.h"
 
 /// CRTN is outside 0 to 3; carries it.
 using igs142InvalidCurveCreation = igsNamedError<"igs142InvalidCurveCreation", igsObjectError, int>;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "igs/fields/igsNamedError.h"
-#include "igs/surfaces/igs192.h"
 
 // See igsNamedError.h for what each family of errors says.
 
