@@ -125,5 +125,19 @@ TEST(Solids, FacesAreFoundByTheirOriginalPositionsInLinearTime) {
   EXPECT_EQ(shell.get_current_index(0), 0) << "a check starts anew";
   EXPECT_EQ(shell.num_logged_errors(), 0);
 }
+
+TEST(Solids, AWrongOuterShellIsReplacedWhateverStandsThereByThen) {
+  igsFile file;
+  auto* const solid = new igs186;           // DE 1
+  solid->set_outer_shell({new igs510, 1});  // DE 3
+  EXPECT_EQ(solid->check(), 0);
+  igsError* const error = object_errors(file).front();
+  for (const int de : {5, 7}) {
+    EXPECT_EQ(error->fix(), 0);
+    EXPECT_EQ(solid->outer_shell().shell().object(), file.entity(de));
+    EXPECT_TRUE(file.entity(de)->isa(igs514::type()));
+    EXPECT_EQ(solid->outer_shell().orientation(), 0);
+  }
+}
 }  // namespace
 }  // namespace igs_test
