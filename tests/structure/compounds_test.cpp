@@ -88,6 +88,36 @@ TEST(Compounds, TheLastFaultLeftDoesTheWork) {
   EXPECT_EQ(subfigure->get_current_index(1), 1) << "a check starts anew";
 }
 
+TEST(Compounds, ListsAreRepairedAgainAfterAnotherCheck) {
+  const struct {
+    int type, form;
+    const char* data;
+    int target;                          // type of DE 3 and 5
+    const char *target_data, *repaired;  // where the second one is DE 3
+  } cases[] = {
+      {308, 0, "0,1HA,3,0,3,5", 116, "0.,0.,0.", "308,0,1HA,1,3;"},
+      {402, 7, "3,0,3,5", 116, "0.,0.,0.", "402,1,3;"},
+      {402, 3, "3,0,0,3,5", 410, "1,1.", "402,1,0,3;"},
+      {404, 0, "3,0,1.,2.,3,3.,4.,5,5.,6.,0", 410, "1,1.", "404,1,3,5.,6.,0;"},
+      {404, 0, "0,3,0,3,5", 116, "0.,0.,0.", "404,0,1,3;"},
+      {208, 0, "0.,0.,0.,0.,0,3,0,3,5", 214, "1,1.,1.,0.,0.,0.,1.,1.", "208,0.,0.,0.,0.,0,1,3;"},
+      {228, 0, "0,3,0,3,5,3,0,3,5", 214, "1,1.,1.,0.,0.,0.,1.,1.", "228,0,1,3,1,3;"},
+      {230, 0, "5,1,0.,0.,0.,1.,1.,3,0,3,5", 110, "0.,0.,0.,1.,0.,0.", "230,3,1,0.,0.,0.,1.,1.,1,3;"},
+      {144, 0, "0,0,3,0,0,3,5", 142, "0,0,0,0,0", "144,0,0,1,0,3;"},
+  };
+  for (const auto& c : cases) {
+    IgesBuilder builder;
+    builder.entity(c.type, c.form, c.data);
+    for (int i = 0; i < 2; ++i) builder.entity(c.target, c.target == 214 ? 1 : 0, c.target_data);
+    igsFile file;
+    ASSERT_EQ(read_text(file, builder.text()), 1);
+    file.clean(0);
+    delete file.entity(3);
+    file.clean(0);
+    EXPECT_EQ(written_data(file), c.repaired);
+  }
+}
+
 TEST(Compounds, CurvesOnSurfacesAreCountedInGroupsAndInstances) {
   igsFile file;
   auto* const instance = new igs408;
