@@ -16,6 +16,8 @@
 
 #include "igs/errors/igsErrorLog.h"
 #include "igs/file/igsFile.h"
+#include "igs/input/igsInStream.h"
+#include "igs/objects/igsObject.h"
 #include "igs/support/kelabsOutput.h"
 #include "igs/support/undefined.h"
 #include "igs/support/utOstream.h"
@@ -265,6 +267,17 @@ inline int read_text(igsFile& file, const std::string& text, std::string* messag
   const int result = file.read(in, os);
   if (messages != nullptr) *messages = report.str();
   return result;
+}
+
+/// Reads free-format parameter data, without the type number, into an entity: what read_pd_data answers.
+inline int read_fields(igsObject& entity, const std::string& data) {
+  IgesBuilder builder;
+  builder.entity_with_raw_data(110, 0, data + ';');
+  builder.order("P");
+  std::istringstream text(builder.text());
+  igsInStream in(text);
+  in.reset();  // into the Parameter Data section
+  return entity.read_pd_data(in);
 }
 
 /// Writes a file to a string; the result of igsFile::write.

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "geometry/geometry_fixture.h"
-#include "igs/input/igsInStream.h"
 
 namespace igs_test {
 
@@ -26,17 +24,6 @@ inline const igsObject* read_entity(igsFile& file, int type, const std::string& 
   builder.entity(type, form, data);
   read_text(file, builder.text());
   return file.entity(1);
-}
-
-/// Reads free-format parameter data, without the type number, into an entity: what read_pd_data answers.
-inline int read_fields(igsObject& entity, const std::string& data) {
-  IgesBuilder builder;
-  builder.entity_with_raw_data(110, 0, data + ';');
-  builder.order("P");
-  std::istringstream text(builder.text());
-  igsInStream in(text);
-  in.reset();  // into the Parameter Data section
-  return entity.read_pd_data(in);
 }
 
 /// What is found in an entity read from its data: by its check, or by the reader, which drops it then.
