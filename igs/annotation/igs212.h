@@ -59,8 +59,8 @@ class IGS_API igs212 : public igsEntity<igs212, "igs212", igsAnnotation> {
   /// Cuts the list, or lengthens it by empty strings, and returns 1; 0 for a negative number.
   int set_number_of_strings(int number) { return igs_resize(m_strings, number); }
   const std::vector<igsNoteString>& strings() const { return m_strings; }
-  /// A copy; an empty string outside the list.
-  igsNoteString string(int i) const { return igs_element(m_strings, i); }
+  /// Good until their number changes; an empty string outside the list.
+  const igsNoteString& string(int i) const { return igs_element(m_strings, i); }
   /// Stores string `i` and returns 1; 0 outside the list.
   int set_string(int i, const igsNoteString& string) { return igs_set_element(m_strings, i, string); }
   /// Puts a string behind the last one.

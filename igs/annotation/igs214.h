@@ -34,8 +34,8 @@ class IGS_API igs214 : public igsEntity<igs214, "igs214", igsAnnotation> {
   int number_of_segments() const { return static_cast<int>(m_tails.size()); }
   /// Cuts the list of tails, or lengthens it by undefined points, and returns 1; 0 for a negative number.
   int set_number_of_segments(int number) { return igs_resize(m_tails, number); }
-  /// An undefined point outside the list.
-  giPoint2 tail(int i) const { return igs_element(m_tails, i); }
+  /// Good until their number changes; an undefined point outside the list.
+  const giPoint2& tail(int i) const { return igs_element(m_tails, i); }
   /// Stores tail `i` and returns 1; 0 outside the list.
   int set_tail(int i, const giPoint2& point) { return igs_set_element(m_tails, i, point); }
   /// Lengthens the leader by a segment to `point`.

@@ -16,8 +16,8 @@ class IGS_API igs228 : public igsEntity<igs228, "igs228", igsDimension>, public 
   int number_of_geometry() const { return m_geometry.size(); }
   const std::vector<igsObjectPtr>& geometry() const { return std::as_const(m_geometry).elements(); }
   void set_geometry(std::vector<igsObjectPtr> geometry) { m_geometry.assign(std::move(geometry)); }
-  /// Null outside the list. Entities of any class.
-  igsObjectPtr geometry(int i) const { return m_geometry.get(i); }
+  /// Of any class; good until the list is changed, null outside it.
+  const igsObjectPtr& geometry(int i) const { return m_geometry.get(i); }
   /// Stores entity `i` and returns 1; 0 outside the list.
   int set_geometry(int i, const igsObjectPtr& geometry) { return m_geometry.set(i, geometry); }
   /// Where the entity that was at `original` at the last check is now; -1 when it was taken out or never existed.

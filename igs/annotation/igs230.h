@@ -38,8 +38,8 @@ class IGS_API igs230 : public igsEntity<igs230, "igs230", igsAnnotation> {
   /// The closed curves whose insides are left out.
   const std::vector<igsObjectPtr>& islands() const { return std::as_const(m_islands).elements(); }
   void set_islands(std::vector<igsObjectPtr> islands) { m_islands.assign(std::move(islands)); }
-  /// Null outside the list.
-  igsObjectPtr island(int i) const { return m_islands.get(i); }
+  /// Good until the list is changed; null outside it.
+  const igsObjectPtr& island(int i) const { return m_islands.get(i); }
   /// Stores island `i` and returns 1; 0 outside the list.
   int set_island(int i, const igsObjectPtr& island) { return m_islands.set(i, island); }
   /// Where the island that was at `original` at the last check is now; -1 when it was taken out or never existed.

@@ -57,8 +57,8 @@ class IGS_API igsLeaderList {
   int number_of_leaders() const { return m_leaders.size(); }
   const std::vector<igsObjectPtr>& leaders() const { return std::as_const(m_leaders).elements(); }
   void set_leaders(std::vector<igsObjectPtr> leaders) { m_leaders.assign(std::move(leaders)); }
-  /// Null outside the list.
-  igsObjectPtr leader(int i) const { return m_leaders.get(i); }
+  /// Good until the list is changed; null outside it.
+  const igsObjectPtr& leader(int i) const { return m_leaders.get(i); }
   /// Stores leader `i` and returns 1; 0 outside the list.
   int set_leader(int i, const igsObjectPtr& leader) { return m_leaders.set(i, leader); }
   /// Where the leader that was at `original` at the last check is now; -1 when it was taken out or never existed.

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <utility>
+#include <vector>
+
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsIndexedList.h"
@@ -15,10 +18,14 @@ class IGS_API igs102 : public igsEntity<igs102, "igs102", igsCurve> {
  public:
   igs102();
 
-  int number_of_sub_curves() const { return static_cast<int>(m_sub_curves.elements().size()); }
+  int number_of_sub_curves() const { return static_cast<int>(sub_curves().size()); }
   /// Cuts the list, or lengthens it by null pointers, and returns 1; 0 for a negative size.
   int set_size(int size);
-  /// Gives sub-curve `i` and returns 1; returns 0 and leaves `sub_curve` alone outside the list.
+  /// The whole list, which may be changed in place; the index list knows nothing of it.
+  const std::vector<igsObjectPtr>& sub_curves() const { return std::as_const(m_sub_curves).elements(); }
+  std::vector<igsObjectPtr>& sub_curves() { return m_sub_curves.elements(); }
+  /// Makes `sub_curve` a reference to sub-curve `i`, which counts like any other, and returns 1; returns 0 and leaves
+  /// it alone outside the list.
   int sub_curve(int i, igsObjectPtr& sub_curve) const;
   /// Stores sub-curve `i` and returns 1; 0 outside the list.
   int set_sub_curve(int i, const igsObjectPtr& sub_curve);

@@ -3,17 +3,19 @@
 #include <cstddef>
 #include <vector>
 
-// Access to the lists of entities by position, as hosts see it: 0-based, and any int may be asked for.
+// Access to the lists of entities by position, as hosts see it: 0-based, and any int may be asked for. Of references to
+// entities, copies count as references, too: what is returned by reference should be kept as one.
 
 template <class Element>
 bool igs_is_position(const std::vector<Element>& list, int i) {
   return i >= 0 && static_cast<std::size_t>(i) < list.size();
 }
 
-/// Element `i`; a default-made one outside the list.
+/// Element `i`, good until the list is changed; a default-made one outside the list.
 template <class Element>
-Element igs_element(const std::vector<Element>& list, int i) {
-  return igs_is_position(list, i) ? list[static_cast<std::size_t>(i)] : Element();
+const Element& igs_element(const std::vector<Element>& list, int i) {
+  static const Element none{};
+  return igs_is_position(list, i) ? list[static_cast<std::size_t>(i)] : none;
 }
 
 /// Gives element `i` and returns 1; returns 0 and leaves `element` alone outside the list.

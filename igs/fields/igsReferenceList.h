@@ -12,8 +12,8 @@ class igsReferenceList : public igsIndexedList<igsObjectPtr> {
  public:
   /// Number of references, null ones too.
   int size() const { return static_cast<int>(elements().size()); }
-  /// Reference `i`; a null pointer outside the list.
-  igsObjectPtr get(int i) const { return igs_element(elements(), i); }
+  /// Reference `i`, good until the list is changed; a null pointer outside the list.
+  const igsObjectPtr& get(int i) const { return igs_element(elements(), i); }
   /// Stores reference `i` and returns 1; 0 outside the list.
   int set(int i, const igsObjectPtr& reference) { return igs_set_element(elements(), i, reference); }
   /// Replaces the whole list.

@@ -21,8 +21,11 @@ class IGS_API igs186 : public igsEntity<igs186, "igs186", igsSolid> {
   int number_of_void_shells() const { return static_cast<int>(m_void_shells.size()); }
   /// Cuts the list of void shells, or lengthens it by null shells, and returns 1; 0 for a negative size.
   int set_size(int size) { return igs_resize(m_void_shells, size); }
-  /// A null shell outside the list.
-  igsOrientedShell void_shell(int i) const { return igs_element(m_void_shells, i); }
+  /// The whole list, which may be changed in place.
+  const igsOrientedShellcoDynArr& void_shells() const { return m_void_shells; }
+  igsOrientedShellcoDynArr& void_shells() { return m_void_shells; }
+  /// Good until the size of the list changes; a null shell outside it.
+  const igsOrientedShell& void_shell(int i) const { return igs_element(m_void_shells, i); }
   /// Stores void shell `i` and returns 1; 0 outside the list.
   int set_void_shell(int i, const igsOrientedShell& shell) { return igs_set_element(m_void_shells, i, shell); }
 

@@ -20,8 +20,8 @@ class IGS_API igs502 : public igsEntity<igs502, "igs502", igsObject> {
   int number_of_vertices() const { return static_cast<int>(m_vertices.size()); }
   /// Cuts the list, or lengthens it by undefined points, and returns 1; 0 for a negative size.
   int set_size(int size) { return igs_resize(m_vertices, size); }
-  /// Undefined outside the list.
-  giPoint3 vertex(int i) const { return igs_element(m_vertices, i); }
+  /// Good until the size of the list changes; undefined outside it.
+  const giPoint3& vertex(int i) const { return igs_element(m_vertices, i); }
   /// Stores vertex `i` and returns 1; 0 outside the list.
   int set_vertex(int i, const giPoint3& vertex) { return igs_set_element(m_vertices, i, vertex); }
 

@@ -18,8 +18,8 @@ class IGS_API igs504 : public igsEntity<igs504, "igs504", igsObject> {
   int number_of_edges() const { return static_cast<int>(m_edges.size()); }
   /// Cuts the list, or lengthens it by edges that refer to nothing, and returns 1; 0 for a negative size.
   int set_size(int size) { return igs_resize(m_edges, size); }
-  /// An edge that refers to nothing outside the list.
-  igsEdge edge(int i) const { return igs_element(m_edges, i); }
+  /// Good until the size of the list changes; an edge that refers to nothing outside it.
+  const igsEdge& edge(int i) const { return igs_element(m_edges, i); }
   /// Stores edge `i` and returns 1; 0 outside the list.
   int set_edge(int i, const igsEdge& edge) { return igs_set_element(m_edges, i, edge); }
 

@@ -87,16 +87,16 @@ void igs508::check_vertex_use(int i, const igsOrientedEdge& edge) const {
 void igs508::check_edge_use(int i, const igsOrientedEdge& edge) const {
   const auto& list = static_cast<const igs504&>(*edge.list().object());
   if (edge.edge_type() != edge_type_edge) tag<igs508OrientatedEdgeWrong504EdgeType>(i);
-  const bool outside = is_outside(edge.index(), list.number_of_edges());
-  if (outside) tag<igs508OrientatedEdge504OffsetOutOfRange>(i);
+  if (is_outside(edge.index(), list.number_of_edges())) tag<igs508OrientatedEdge504OffsetOutOfRange>(i);
   if (list.check() == 0) tag_reference<igs508OrientatedEdge504InvalidList>(edge.list(), i);
-  if (!outside) check_edge(i, edge);
+  check_edge(i, edge);
 }
 
 void igs508::check_edge(int i, const igsOrientedEdge& oriented_edge) const {
   const int number = oriented_edge.index();
-  const auto& list = static_cast<const igs504&>(*oriented_edge.list().object());
-  const igsEdge& edge = list.edges()[static_cast<std::size_t>(number)];
+  const igs504* const list = igs_cast<igs504>(oriented_edge.list().object());
+  if (list == nullptr || is_outside(number, list->number_of_edges())) return;
+  const igsEdge& edge = list->edge(number);
   EdgeCurveTest::check(*this, edge.curve(), igsKindOf<igsCurve>(), i, number);
   const igsObject* const first = FirstListTest::check(*this, edge.first_list(), igsExactly<igs502>(), i, number);
   const igsObject* const second = SecondListTest::check(*this, edge.second_list(), igsExactly<igs502>(), i, number);

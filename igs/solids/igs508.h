@@ -11,8 +11,11 @@ class IGS_API igs508 : public igsEntity<igs508, "igs508", igsObject> {
   int number_of_oriented_edges() const { return static_cast<int>(m_oriented_edges.size()); }
   /// Cuts the list, or lengthens it by edges that refer to nothing, and returns 1; 0 for a negative size.
   int set_size(int size) { return igs_resize(m_oriented_edges, size); }
-  /// A copy; an edge that refers to nothing outside the list.
-  igsOrientedEdge oriented_edge(int i) const { return igs_element(m_oriented_edges, i); }
+  /// The whole list, which may be changed in place.
+  const igsOrientedEdgecoDynArr& oriented_edges() const { return m_oriented_edges; }
+  igsOrientedEdgecoDynArr& oriented_edges() { return m_oriented_edges; }
+  /// Good until the size of the list changes; an edge that refers to nothing outside it.
+  const igsOrientedEdge& oriented_edge(int i) const { return igs_element(m_oriented_edges, i); }
   /// Stores oriented edge `i` and returns 1; 0 outside the list.
   int set_oriented_edge(int i, const igsOrientedEdge& edge) { return igs_set_element(m_oriented_edges, i, edge); }
   /// The place of oriented edge `i`, good until the size of the list changes; null outside the list.
@@ -27,12 +30,17 @@ class IGS_API igs508 : public igsEntity<igs508, "igs508", igsObject> {
     visit.list("OrientedEdges", count, entity.m_oriented_edges, igsBadCount<igs508NoOrientatedEdges>());
   }
 
- private:
+ protected:
+  // The steps of check_pd(). `i`: the position of the oriented edge.
+
   void check_oriented_edges() const;
-  void check_vertex_use(int i, const igsOrientedEdge& edge) const;
-  void check_edge_use(int i, const igsOrientedEdge& edge) const;
+  /// Checks what `edge` names in an edge list (igs504); nothing where that has no such edge.
   void check_edge(int i, const igsOrientedEdge& edge) const;
   void check_halfedges(int i, const igsOrientedEdge& edge) const;
+
+ private:
+  void check_vertex_use(int i, const igsOrientedEdge& edge) const;
+  void check_edge_use(int i, const igsOrientedEdge& edge) const;
 
   igsOrientedEdgecoDynArr m_oriented_edges;
 };

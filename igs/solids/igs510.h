@@ -24,8 +24,8 @@ class IGS_API igs510 : public igsEntity<igs510, "igs510", igsObject> {
   int number_of_loops() const { return static_cast<int>(m_loops.size()); }
   /// Cuts the list, or lengthens it by null pointers, and returns 1; 0 for a negative size.
   int set_size(int size) { return igs_resize(m_loops, size); }
-  /// Null outside the list.
-  igsObjectPtr loop(int i) const { return igs_element(m_loops, i); }
+  /// Good until the size of the list changes; null outside it.
+  const igsObjectPtr& loop(int i) const { return igs_element(m_loops, i); }
   /// Stores loop `i` and returns 1; 0 outside the list.
   int set_loop(const igsObjectPtr& loop, int i) { return igs_set_element(m_loops, i, loop); }
 

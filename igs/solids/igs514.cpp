@@ -1,7 +1,5 @@
 #include "igs/solids/igs514.h"
 
-#include <utility>
-
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/fields/igsReferenceTest.h"
@@ -27,11 +25,11 @@ void igsOrientedFace::print_pd_data(utOstream& os) const {
 
 igs514::igs514() { set_directory_entry_type(igsEntity514, 1); }
 
-int igs514::set_size(int size) { return igs_resize(m_faces.elements(), size); }
+int igs514::set_size(int size) { return igs_resize(faces(), size); }
 
-igsOrientedFace igs514::face(int i) const { return igs_element(std::as_const(m_faces).elements(), i); }
+const igsOrientedFace& igs514::face(int i) const { return igs_element(faces(), i); }
 
-int igs514::set_face(int i, const igsOrientedFace& face) { return igs_set_element(m_faces.elements(), i, face); }
+int igs514::set_face(int i, const igsOrientedFace& face) { return igs_set_element(faces(), i, face); }
 
 void igs514::remove_faulty_faces(int original) { m_faces.purge(original, is_sound_face); }
 
@@ -41,9 +39,8 @@ int igs514::set_orientation_of_original(int original, int orientation) {
 
 void igs514::check_pd() const {
   m_faces.restart_index();
-  const igsOrientedFacecoDynArr& faces = m_faces.elements();
-  if (faces.empty()) tag<igs514NoFaces>();
-  for (int i = 0; const igsOrientedFace& face : faces) {
+  if (faces().empty()) tag<igs514NoFaces>();
+  for (int i = 0; const igsOrientedFace& face : faces()) {
     FaceTest::check(*this, face.face(), igsExactly<igs510>(), i);
     if (face.orientation() != 0 && face.orientation() != 1) tag<igs514OrientatedFaceInvalidOrientation>(i);
     ++i;

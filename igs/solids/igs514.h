@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsIndexedList.h"
@@ -15,11 +17,14 @@ class IGS_API igs514 : public igsEntity<igs514, "igs514", igsObject> {
  public:
   igs514();
 
-  int number_of_faces() const { return static_cast<int>(m_faces.elements().size()); }
+  int number_of_faces() const { return static_cast<int>(faces().size()); }
   /// Cuts the list, or lengthens it by null faces, and returns 1; 0 for a negative size.
   int set_size(int size);
-  /// A null face outside the list.
-  igsOrientedFace face(int i) const;
+  /// The whole list, which may be changed in place; the index list knows nothing of it.
+  const igsOrientedFacecoDynArr& faces() const { return std::as_const(m_faces).elements(); }
+  igsOrientedFacecoDynArr& faces() { return m_faces.elements(); }
+  /// Good until the list is changed; a null face outside it.
+  const igsOrientedFace& face(int i) const;
   /// Stores face `i` and returns 1; 0 outside the list.
   int set_face(int i, const igsOrientedFace& face);
 

@@ -63,8 +63,8 @@ class IGS_API igsOrientedEdge {
   int num_half_edges() const { return static_cast<int>(m_half_edges.size()); }
   /// Cuts the list, or lengthens it by half edges without a curve, and returns 1; 0 for a negative number.
   int set_num_half_edges(int number) { return igs_resize(m_half_edges, number); }
-  /// A half edge without a curve outside the list.
-  igsHalfEdge half_edge(int i) const { return igs_element(m_half_edges, i); }
+  /// Good until their number changes; a half edge without a curve outside the list.
+  const igsHalfEdge& half_edge(int i) const { return igs_element(m_half_edges, i); }
   /// Stores half edge `i` and returns 1; 0 outside the list.
   int set_half_edge(int i, const igsHalfEdge& half_edge) { return igs_set_element(m_half_edges, i, half_edge); }
   /// The place of half edge `i`, good until their number changes; null outside the list.

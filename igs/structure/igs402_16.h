@@ -20,8 +20,8 @@ class IGS_API igs402_16 : public igsEntity<igs402_16, "igs402_16", igsGroup> {
   int number_of_transforms() const { return static_cast<int>(m_matrices.size()); }
   /// Cuts the list of matrices, or lengthens it by null ones, and returns 1; 0 for a negative number.
   int set_number_of_transforms(int number) { return igs_resize(m_matrices, number); }
-  /// Null for the identity.
-  igsObjectPtr matrix() const { return igs_element(m_matrices, 0); }
+  /// Null for the identity. Good until the number of transforms changes.
+  const igsObjectPtr& matrix() const { return igs_element(m_matrices, 0); }
   /// Stores the matrix and returns 1; 0 while the number of transforms is 0.
   int set_matrix(const igsObjectPtr& matrix) { return igs_set_element(m_matrices, 0, matrix); }
 

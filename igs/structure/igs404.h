@@ -58,8 +58,8 @@ class IGS_API igs404 : public igsEntity<igs404, "igs404", igsCompound> {
   /// Of the list of views.
   int number_of_views() const { return static_cast<int>(views().size()); }
   const std::vector<igs404View>& views() const { return std::as_const(m_views).elements(); }
-  /// A copy; a null view outside the list.
-  igs404View view(int i) const { return igs_element(views(), i); }
+  /// Good until the list is changed; a null view outside it.
+  const igs404View& view(int i) const { return igs_element(views(), i); }
   /// Stores view `i` and returns 1; 0 outside the list.
   int set_view(int i, const igs404View& view) { return igs_set_element(m_views.elements(), i, view); }
   /// Replaces the whole list of views.

@@ -8,18 +8,13 @@
 #include "igs/solids/igs186.h"
 #include "igs/solids/igs510.h"
 #include "igs/solids/igs514.h"
+#include "igs/structure/igs308.h"
+#include "igs/structure/igs408.h"
+#include "igs/structure/igsGroup.h"
+#include "igs/surfaces/igs142.h"
 
 namespace {
-// The classes of groups, curves on surfaces and subfigure instances belong to other rooms; type records compare by
-// name.
-constexpr kluTypeInfo group_type{"igsGroup"};
-constexpr kluTypeInfo curve_on_surface_type{"igs142"};
-constexpr kluTypeInfo subfigure_instance_type{"igs408"};
-
-igsCompound* as_group(const igsObjectPtr& member) {
-  igsObject* const object = member.object();
-  return object != nullptr && object->typeof(group_type) ? static_cast<igsCompound*>(object) : nullptr;
-}
+igsCompound* as_group(const igsObjectPtr& member) { return igs_cast<igsGroup>(member.object()); }
 }  // namespace
 
 void igsCompound::set_number_of_entities(int count) {
@@ -27,7 +22,7 @@ void igsCompound::set_number_of_entities(int count) {
   if (count >= 0) m_entities.elements() = igsObjectPtrcoDynArr(static_cast<std::size_t>(count));
 }
 
-igsObjectPtr igsCompound::get_entity(int position) const { return std::as_const(m_entities).get(position); }
+const igsObjectPtr& igsCompound::get_entity(int position) const { return std::as_const(m_entities).get(position); }
 
 int igsCompound::set_entity(int position, const igsObjectPtr& entity) { return m_entities.set(position, entity); }
 
@@ -58,6 +53,10 @@ int igsCompound::get_original_index(int value) const {
   return -1;
 }
 
+std::int64_t igsCompound::growth_limit() const {
+  return std::max(always_flattened, flattened_per_entity * file().num_entities());
+}
+
 // Every group is entered once and flattened after the groups that it holds.
 void igsCompound::flatten_groups() {
   struct Step {
@@ -67,7 +66,7 @@ void igsCompound::flatten_groups() {
   std::vector<Step> path{{this, 0}};
   std::unordered_set<const igsCompound*> entered{this};
   std::unordered_set<const igsCompound*> flattened;
-  std::int64_t members_left = std::max(always_flattened, flattened_per_entity * file().num_entities());
+  std::int64_t members_left = growth_limit();
   while (!path.empty()) {
     Step& step = path.back();
     if (step.next_member < step.compound->size()) {
@@ -98,74 +97,46 @@ void igsCompound::replace_groups(const std::unordered_set<const igsCompound*>& f
   set_entities(std::move(members));
 }
 
-namespace {
-/// Puts the members of groups, and what subfigure instances refer to, on a list of entities still to be looked at.
-class MemberCollector : public igsPointerVisitor {
- public:
-  void visit(igsObjectPtr& pointer) override {
-    if (pointer.object() != nullptr) m_waiting.push_back(pointer.object());
-  }
-  igsObject* next() {
-    if (m_waiting.empty()) return nullptr;
-    igsObject* const object = m_waiting.back();
-    m_waiting.pop_back();
-    return object;
-  }
-  /// True the first time that an entity is to be descended into.
-  bool enter(const igsObject* object) { return m_entered.insert(object).second; }
-
- private:
-  std::vector<igsObject*> m_waiting;
-  std::unordered_set<const igsObject*> m_entered;
-};
-}  // namespace
-
 int igsCompound::count_142() const {
-  MemberCollector members;
-  members.enter(this);
-  const_cast<igsCompound*>(this)->visit_pointers(members);
+  std::vector<const igsCompound*> waiting{this};
+  std::unordered_set<const igsCompound*> entered{this};
+  const auto enter = [&](const igsCompound* compound) {
+    if (compound != nullptr && entered.insert(compound).second) waiting.push_back(compound);
+  };
   int count = 0;
-  while (igsObject* const object = members.next()) {
-    if (object->isa(curve_on_surface_type)) ++count;
-    const bool has_members = object->typeof(igsCompound::type()) || object->isa(subfigure_instance_type);
-    if (has_members && members.enter(object)) object->visit_pointers(members);
+  while (!waiting.empty()) {
+    const igsCompound* const compound = waiting.back();
+    waiting.pop_back();
+    for (const igsObjectPtr& member : compound->entities()) {
+      const igs408* const instance = igs_cast<igs408>(member.object());
+      if (igs_cast<igs142>(member.object()) != nullptr) ++count;
+      enter(as_group(member));
+      if (instance != nullptr) enter(igs_cast<igs308>(instance->subfigure().object()));
+    }
   }
   return count;
 }
 
 namespace {
-/// Takes solids and shells apart. Every shell gives its faces once, or a small file could make a list without end.
-class FaceCollector {
- public:
-  explicit FaceCollector(igsObjectPtrcoDynArr& list) : m_list(list) {}
-
-  /// False for an entity that is neither a solid nor a shell.
-  bool add(const igsObjectPtr& entity) {
-    const igs186* const solid = igs_cast<igs186>(entity.object());
-    if (solid != nullptr) {
-      add_shell(solid->outer_shell().shell(), solid->de_number());
-      for (int i = 0; i < solid->number_of_void_shells(); ++i) {
-        add_shell(solid->void_shell(i).shell(), solid->de_number());
-      }
-    } else if (igs_cast<igs514>(entity.object()) != nullptr) {
-      add_shell(entity, 0);
-    } else {
-      return false;
-    }
-    return true;
-  }
-
- private:
-  void add_shell(const igsObjectPtr& shell, int solid_de) {
-    if (m_seen.insert(shell.object()).second) igsCompound::add_514_faces(shell, m_list, solid_de);
-  }
-
-  igsObjectPtrcoDynArr& m_list;
-  std::unordered_set<const igsObject*> m_seen;
-};
-
 bool is_solid_or_shell(const igsObjectPtr& entity) {
   return igs_cast<igs186>(entity.object()) != nullptr || igs_cast<igs514>(entity.object()) != nullptr;
+}
+
+template <class Use>
+void for_each_shell(const igsObjectPtr& solid_or_shell, Use use) {
+  const igs186* const solid = igs_cast<igs186>(solid_or_shell.object());
+  if (solid == nullptr) return use(solid_or_shell);
+  use(solid->outer_shell().shell());
+  for (const igsOrientedShell& shell : solid->void_shells()) use(shell.shell());
+}
+
+std::int64_t shells_and_faces(const igsObjectPtr& solid_or_shell) {
+  std::int64_t number = 0;
+  for_each_shell(solid_or_shell, [&number](const igsObjectPtr& reference) {
+    const igs514* const shell = igs_cast<igs514>(reference.object());
+    number += 1 + (shell != nullptr ? shell->number_of_faces() : 0);
+  });
+  return number;
 }
 }  // namespace
 
@@ -173,9 +144,15 @@ void igsCompound::explode_solids() {
   const igsObjectPtrcoDynArr& old_members = entities();
   if (std::none_of(old_members.begin(), old_members.end(), is_solid_or_shell)) return;
   igsObjectPtrcoDynArr members;
-  FaceCollector faces(members);
+  std::int64_t left = growth_limit();
   for (const igsObjectPtr& member : old_members) {
-    if (!faces.add(member)) members.push_back(member);
+    if (left >= 0 && is_solid_or_shell(member)) left -= shells_and_faces(member);
+    if (left < 0 || !is_solid_or_shell(member)) {
+      members.push_back(member);
+      continue;
+    }
+    const int solid_de = igs_cast<igs186>(member.object()) != nullptr ? member.de_number() : 0;
+    for_each_shell(member, [&](const igsObjectPtr& shell) { add_514_faces(shell, members, solid_de); });
   }
   set_entities(std::move(members));
 }
@@ -183,8 +160,7 @@ void igsCompound::explode_solids() {
 void igsCompound::add_514_faces(const igsObjectPtr& shell, igsObjectPtrcoDynArr& list, int solid_de) {
   const igs514* const faces = igs_cast<igs514>(shell.object());
   if (faces == nullptr) return;
-  for (int i = 0; i < faces->number_of_faces(); ++i) {
-    const igsOrientedFace oriented_face = faces->face(i);
+  for (const igsOrientedFace& oriented_face : faces->faces()) {
     if (oriented_face.face().object() == nullptr) continue;
     list.push_back(oriented_face.face());
     igs510* const face = igs_cast<igs510>(oriented_face.face().object());

@@ -23,8 +23,8 @@ class IGS_API igsCompound : public igsTyped<igsCompound, "igsCompound", igsObjec
   int number_of_entities() const { return m_number_of_entities; }
   /// Stores the count and, when it is not negative, replaces the list by that many null pointers.
   void set_number_of_entities(int count);
-  /// Member `position`; null outside the list.
-  igsObjectPtr get_entity(int position) const;
+  /// Member `position`, good until the list is changed; null outside the list.
+  const igsObjectPtr& get_entity(int position) const;
   /// Stores member `position` and returns 1; 0 outside the list.
   int set_entity(int position, const igsObjectPtr& entity);
   /// The members in their present order.
@@ -50,13 +50,16 @@ class IGS_API igsCompound : public igsTyped<igsCompound, "igsCompound", igsObjec
   /// file: once the lists together would grow by more than flattened_per_entity members for each entity of the file
   /// (and by more than always_flattened), a group too many stays what it is, a member, and nothing is lost.
   void flatten_groups();
-  /// The limits of flatten_groups.
+  /// The limits of flatten_groups and explode_solids.
   static constexpr std::int64_t flattened_per_entity = 16;
   static constexpr std::int64_t always_flattened = 10'000;
-  /// Number of curves on a surface among the members, those in groups and in the subfigures of singular instances too.
+  /// Number of curves on a surface (igs142) among the members, and among those of groups and of the subfigures of
+  /// singular instances (igs408), however deeply nested. Each group and subfigure is looked into once; subfigures that
+  /// are members themselves, and other compounds, are not.
   int count_142() const;
   /// Replaces every solid (igs186) and shell (igs514) among the members by the faces of its shells, in order, those of
-  /// voids too. A shell that is met again, by itself or in another solid, has given its faces already.
+  /// voids too. A list may name one shell again and again: the first solid or shell with which the shells and faces
+  /// together would be more than flatten_groups allows stays a member, and so do those after it.
   void explode_solids();
   /// Appends the faces of a shell (igs514) to `list`, null ones not; nothing for anything else. Every igs510 among them
   /// is told the orientation that the shell gives it, and `solid_de`, the DE number of its solid or 0.
@@ -78,6 +81,7 @@ class IGS_API igsCompound : public igsTyped<igsCompound, "igsCompound", igsObjec
   }
 
  private:
+  std::int64_t growth_limit() const;
   void replace_groups(const std::unordered_set<const igsCompound*>& flattened, std::int64_t& members_left);
 
   int m_number_of_entities = unset_int;

@@ -27,6 +27,9 @@ class IGS_API igs141 : public igsTyped<igs141, "igs141", igsObject> {
   int number_of_model_space_curves() const { return static_cast<int>(m_model_space_curves.size()); }
   /// Cuts the list, or lengthens it by curves with null pointers, and returns 1; 0 for a negative size.
   int set_size(int size) { return igs_resize(m_model_space_curves, size); }
+  /// The whole list, which may be changed in place.
+  const std::vector<igsModelSpaceCurve>& model_space_curves() const { return m_model_space_curves; }
+  std::vector<igsModelSpaceCurve>& model_space_curves() { return m_model_space_curves; }
   /// Gives a pointer to model-space curve `i`, which this entity owns and which is good until the list is changed, and
   /// returns 1; returns 0 and leaves `curve` alone outside the list.
   int model_space_curve(int i, igsModelSpaceCurve** curve);

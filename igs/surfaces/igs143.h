@@ -24,7 +24,8 @@ class IGS_API igs143 : public igsEntity<igs143, "igs143", igsObject> {
   const std::vector<igsObjectPtr>& boundaries() const { return m_boundaries; }
   /// Cuts the list, or lengthens it by null pointers, and returns 1; 0 for a negative size.
   int set_size(int size) { return igs_resize(m_boundaries, size); }
-  /// Gives boundary `i` and returns 1; returns 0 and leaves `boundary` alone outside the list.
+  /// Makes `boundary` a reference to boundary `i`, which counts like any other, and returns 1; returns 0 and leaves it
+  /// alone outside the list.
   int boundary(int i, igsObjectPtr& boundary) const { return igs_get_element(m_boundaries, i, boundary); }
   /// Stores boundary `i` and returns 1; 0 outside the list.
   int set_boundary(int i, const igsObjectPtr& boundary) { return igs_set_element(m_boundaries, i, boundary); }

@@ -28,7 +28,8 @@ class IGS_API igs144 : public igsEntity<igs144, "igs144", igsObject> {
   int number_of_inner_boundaries() const { return m_inner_boundaries.size(); }
   const std::vector<igsObjectPtr>& inner_boundaries() const;
   void set_inner_boundaries(std::vector<igsObjectPtr> boundaries) { m_inner_boundaries.assign(std::move(boundaries)); }
-  /// Gives inner boundary `i` and returns 1; returns 0 and leaves `boundary` alone outside the list.
+  /// Makes `boundary` a reference to inner boundary `i`, which counts like any other, and returns 1; returns 0 and
+  /// leaves it alone outside the list.
   int inner_boundary(int i, igsObjectPtr& boundary) const;
   /// Stores inner boundary `i` and returns 1; 0 outside the list.
   int set_inner_boundary(int i, const igsObjectPtr& boundary) { return m_inner_boundaries.set(i, boundary); }

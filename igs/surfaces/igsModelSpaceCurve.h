@@ -29,7 +29,9 @@ class IGS_API igsModelSpaceCurve {
   int number_of_parameter_curves() const { return static_cast<int>(m_parameter_curves.size()); }
   /// Cuts the list of parameter-space curves, or lengthens it by null pointers, and returns 1; 0 for a negative size.
   int set_size(int size) { return igs_resize(m_parameter_curves, size); }
-  /// Gives parameter-space curve `j` and returns 1; returns 0 and leaves `curve` alone outside the list.
+  const std::vector<igsObjectPtr>& parameter_curves() const { return m_parameter_curves; }
+  /// Makes `curve` a reference to parameter-space curve `j`, which counts like any other, and returns 1; returns 0 and
+  /// leaves it alone outside the list.
   int parameter_curve(int j, igsObjectPtr& curve) const { return igs_get_element(m_parameter_curves, j, curve); }
   /// Stores parameter-space curve `j` and returns 1; 0 outside the list.
   int set_parameter_curve(int j, const igsObjectPtr& curve) { return igs_set_element(m_parameter_curves, j, curve); }

@@ -123,7 +123,8 @@ TEST(Compounds, CurvesOnSurfacesAreCountedInGroupsAndInstances) {
   auto* const instance = new igs408;
   auto* const group = compound_of<igs402_7>({new igs142, instance, nullptr});
   instance->set_subfigure(compound_of<igs308>({new igs142, sound(), instance, group}));
-  EXPECT_EQ(compound_of<igs308>({group, new igs142, instance})->count_142(), 3);
+  auto* const of_its_own = compound_of<igs308>({new igs142});
+  EXPECT_EQ(compound_of<igs308>({group, new igs142, instance, of_its_own})->count_142(), 3);
 }
 
 TEST(Compounds, LongListsAndDeepChains) {
@@ -198,7 +199,11 @@ TEST(Compounds, SolidsGiveTheirFaces) {
     EXPECT_EQ(static_cast<igs510*>(faces[i])->orientation(), i == 0 ? 0 : 1);
     EXPECT_EQ(static_cast<igs510*>(faces[i])->solid_id(), 11);
   }
-  EXPECT_EQ(exploded({shell}), (std::vector<int>{1, 3}));
+  EXPECT_EQ(exploded({hollow, solid, solid}), (std::vector<int>{5, 1, 3, 5, 1, 3, 5}));
+  EXPECT_EQ(exploded({shell, shell}), (std::vector<int>{1, 3, 1, 3}));
+  const std::vector<int> endless = exploded(std::vector<igsObject*>(4000, shell));
+  EXPECT_EQ(endless.size(), 2 * 3333 + 667) << "too many to stand here";
+  EXPECT_EQ(endless.back(), 7);
   EXPECT_EQ(static_cast<igs510*>(faces[0])->solid_id(), 0);
   igsObjectPtrcoDynArr list;
   shell->set_face(1, {point, 1});
