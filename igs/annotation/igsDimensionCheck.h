@@ -1,7 +1,5 @@
 #pragma once
 
-#include <new>
-
 #include "igs/annotation/igs212.h"
 #include "igs/annotation/igs214.h"
 #include "igs/annotation/igsDimension.h"
@@ -41,22 +39,17 @@ class igsDimensionCheck {
 
   template <igsName Field, class Point>
   void defined(const Point& point) const {
-    if (point.is_undefined()) tag<typename igsUndefinedErrors<Owner, Field>::Invalid>();
+    if (point.is_undefined()) m_dimension.tag<typename igsUndefinedErrors<Owner, Field>::Invalid>();
   }
   template <igsName Field>
   void defined(double value) const {
-    if (is_undefined_real(value)) tag<typename igsUndefinedErrors<Owner, Field>::Invalid>();
+    if (is_undefined_real(value)) m_dimension.tag<typename igsUndefinedErrors<Owner, Field>::Invalid>();
   }
   template <igsName Field>
   void above_0(double value) const {
-    if (!(value > 0)) tag<typename igsRealErrors<Owner, Field>::Invalid>(value);
+    if (!(value > 0)) m_dimension.tag<typename igsRealErrors<Owner, Field>::Invalid>(value);
   }
 
  private:
-  template <class Error, class... Values>
-  void tag(Values... values) const {
-    m_dimension.tag_error(new (std::nothrow) Error(values...));
-  }
-
   const igsDimension& m_dimension;
 };

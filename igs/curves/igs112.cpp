@@ -1,119 +1,49 @@
 #include "igs/curves/igs112.h"
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
-#include <string>
 
 #include "igs/curves/igs112_errors.h"
 #include "igs/curves/igsSplineData.h"
 #include "igs/fields/igsEntityFields.h"
-#include "igs/fields/igsListAccess.h"
 #include "igs/support/coResourceTable.h"
 
 namespace {
-/// The segments of a curve as a record that can be printed.
-struct Segments {
-  const igs112& curve;
-
-  template <class E, class V>
-  static void fields(E& segments, V& visit) {
-    igsCubicSegment segment;
-    for (int i = 0; segments.curve.segment(i, segment) != 0; ++i) {
-      visit(('(' + std::to_string(i) + ')').c_str(), segment);
-    }
-  }
-};
-
-constexpr igsBadCount<igs112BadNumSegments> bad_count_of_112;
+bool leaves_plane(const igsCubicSegment& segment, double tolerance) {
+  const auto& z = segment.z.coefficients();
+  return std::any_of(z.begin() + 1, z.end(), [tolerance](double coefficient) {
+    return !is_undefined_real(coefficient) && std::abs(coefficient) > tolerance;
+  });
+}
 }  // namespace
 
-igs112::igs112() { set_directory_entry_type(igsEntity112, 0); }
+igs112::igs112() {
+  set_directory_entry_type(igsEntity112, 0);
+  m_end_values.set_unset_to_zero();
+}
 
 int igs112::set_size(int segments) {
   if (segments < 1 || segments == INT_MAX) return 0;
   const auto size = static_cast<std::size_t>(segments);
-  std::vector<double> coefficients(size * igsCubicSegment::size, undefined_real);
+  std::vector<igsCubicSegment> unset_segments(size);
   m_break_points.assign(size + 1, undefined_real);
-  m_coefficients.swap(coefficients);
+  m_segments.swap(unset_segments);
   return 1;
 }
 
-int igs112::number_of_segments() const { return static_cast<int>(m_coefficients.size() / igsCubicSegment::size); }
-
-int igs112::break_point(int i, double& value) const { return igs_get_element(m_break_points, i, value); }
-int igs112::set_break_point(int i, double value) { return igs_set_element(m_break_points, i, value); }
 int igs112::raise_break_point(int i, double previous, double tolerance) {
   return igs_raise_knot(m_break_points, i, previous, tolerance);
 }
 
-int igs112::segment(int i, igsCubicSegment& segment) const {
-  return igs_get_piece(m_coefficients, igs_position(i), segment);
-}
-int igs112::set_segment(int i, const igsCubicSegment& segment) {
-  return igs_set_piece(m_coefficients, igs_position(i), segment);
-}
-
-igsCubicSegment igs112::end_values() const {
-  igsCubicSegment values;
-  igs_get_piece(m_end_values, 0, values);
-  return values;
-}
-void igs112::set_end_values(const igsCubicSegment& values) { igs_set_piece(m_end_values, 0, values); }
-
-igsObject* igs112::make_one() { return new igs112; }
-
 int igs112::read_pd_data(igsInStream& in) {
-  int count = 0;
-  for (int* const field : {&m_spline_type, &m_continuity, &m_dimension, &count}) in.read_integer(*field);
-  if (read_segments(in, count) == 0) {
-    tag<igs112BadNumSegments>(count);
+  const int is_usable = igsEntity::read_pd_data(in);
+  m_end_values.set_unset_to_zero();
+  if (is_usable == 0) {
     m_break_points = std::vector<double>();
-    m_coefficients = std::vector<double>();
-    return 0;
+    m_segments.clear();
   }
-  for (double& value : m_end_values) in.read_double(value);
-  return 1;
-}
-
-// The arrays grow as their values arrive.
-int igs112::read_segments(igsInStream& in, int count) {
-  constexpr std::int64_t size = igsCubicSegment::size;
-  return count > 0 && igs_read_reals(in, std::int64_t{count} + 1, m_break_points) != 0 &&
-                 igs_read_reals(in, count * size, m_coefficients, m_break_points.size()) != 0
-             ? 1
-             : 0;
-}
-
-template <class V>
-void igs112::written_fields(V& visit) const {
-  visit("SplineType", m_spline_type);
-  visit("Continuity", m_continuity);
-  visit("Dimension", m_dimension);
-  visit("NumberOfSegments", number_of_segments());
-  visit.list("BreakPoints", 0, m_break_points, bad_count_of_112);
-  visit("Segments", Segments{*this});
-  visit("EndValues", end_values());
-}
-
-void igs112::write_pd_data(igsOutStream& out) {
-  igsFieldWriter writer(out);
-  written_fields(writer);
-}
-
-void igs112::visit_fields(igsFieldVisitor& visitor) const {
-  igsFieldShower shower(visitor);
-  written_fields(shower);
-}
-
-void igs112::print_pd_data(utOstream& os) const {
-  igsFieldPrinter printer(os);
-  printer("SplineType", m_spline_type);
-  printer("Continuity", m_continuity);
-  printer("Dimension", m_dimension);
-  printer("NumberOfSegments", number_of_segments());
-  printer.list("BreakPoints", 0, m_break_points, bad_count_of_112);
-  printer("Segments", Segments{*this});
-  printer("EndValues", end_values());
+  return is_usable;
 }
 
 void igs112::check_pd() const {
@@ -127,20 +57,17 @@ void igs112::check_pd() const {
 }
 
 void igs112::check_segments() const {
-  const auto count = static_cast<std::size_t>(number_of_segments());
-  for (std::size_t i = 0; i < count; ++i) {
-    if (igs_piece_is_unset<4>(m_coefficients, i)) tag<igs112UnsetCoefficient>(static_cast<int>(i));
+  for (int i = 0; const igsCubicSegment& segment : m_segments) {
+    if (segment.has_unset()) tag<igs112UnsetCoefficient>(i);
+    ++i;
   }
+  if (m_dimension != 2) return;
   const double tolerance = kel_resource_table_inquire().value(kelTolMinValue);
-  for (std::size_t i = 0; m_dimension == 2 && i < count; ++i) {
-    if (!leaves_plane(i, tolerance)) continue;
-    tag<igs112NotPlanar>(static_cast<int>(i));
-    break;
+  for (int i = 0; const igsCubicSegment& segment : m_segments) {
+    if (leaves_plane(segment, tolerance)) {
+      tag<igs112NotPlanar>(i);
+      break;
+    }
+    ++i;
   }
-}
-
-bool igs112::leaves_plane(std::size_t segment, double tolerance) const {
-  const double* const z = m_coefficients.data() + (segment + 1) * igsCubicSegment::size - 4;
-  return std::any_of(z + 1, z + 4,
-                     [tolerance](double value) { return !is_undefined_real(value) && std::abs(value) > tolerance; });
 }

@@ -5,8 +5,6 @@
 
 // Faults of a Parametric Spline Curve (igs112). Indices are 0-based.
 
-/// Fewer than one segment, which ends the read of the curve, as does a number that the record cannot hold; carries it.
-using igs112BadNumSegments = igsNamedError<"igs112BadNumSegments", igsObjectError, int>;
 /// CTYPE is none of 1 to 6; carries it. It becomes 3, cubic.
 using igs112InvalidSplineType =
     igsNamedError<"igs112InvalidSplineType", igsStoredDefault<igs112, &igs112::set_spline_type, 3>, int>;

@@ -6,11 +6,6 @@
 
 igs123::igs123() { set_directory_entry_type(igsEntity123, 0); }
 
-void igs123::write_pd_data(igsOutStream& out) {
-  const igsParametricFormat format(out);
-  igsEntity::write_pd_data(out);
-}
-
 void igs123::check_pd() const {
   if (m_direction.is_undefined()) tag<igs123NoConstruct>();
 }

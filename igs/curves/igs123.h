@@ -12,13 +12,12 @@ class IGS_API igs123 : public igsEntity<igs123, "igs123", igsObject> {
   const giVector3& direction() const { return m_direction; }
   void set_direction(const giVector3& direction) { m_direction = direction; }
 
-  void write_pd_data(igsOutStream& out) override;
   void check_pd() const override;
   void check_de() const override;
 
   template <class E, class V>
   static void fields(E& entity, V& visit) {
-    visit("Direction", entity.m_direction);
+    visit.parametric([&] { visit("Direction", entity.m_direction); });
   }
 
  private:

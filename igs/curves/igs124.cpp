@@ -11,8 +11,6 @@
 #include "igs/support/coResourceTable.h"
 
 namespace {
-constexpr int rows_in_file = 3;
-
 using Columns = std::array<giVector3, 3>;
 
 Columns rotation_columns(const giXform3& transform) {
@@ -57,8 +55,6 @@ int igs124::make_rigid(bool left_handed) {
   return 1;
 }
 
-igsObject* igs124::make_one() { return new igs124; }
-
 int igs124::read_pd_data(igsInStream& in) {
   double elements[4][4] = {{}, {}, {}, {0, 0, 0, 1}};
   for (int i = 0; i < rows_in_file; ++i) {
@@ -66,27 +62,6 @@ int igs124::read_pd_data(igsInStream& in) {
   }
   set_matrix(elements);
   return 1;
-}
-
-template <class V>
-void igs124::written_fields(V& visit) const {
-  constexpr const char* labels[rows_in_file][4] = {
-      {"R11", "R12", "R13", "T1"}, {"R21", "R22", "R23", "T2"}, {"R31", "R32", "R33", "T3"}};
-  visit.parametric([&] {
-    for (int i = 0; i < rows_in_file; ++i) {
-      for (int j = 0; j < 4; ++j) visit(labels[i][j], m_transform.element(i, j));
-    }
-  });
-}
-
-void igs124::write_pd_data(igsOutStream& out) {
-  igsFieldWriter writer(out);
-  written_fields(writer);
-}
-
-void igs124::visit_fields(igsFieldVisitor& visitor) const {
-  igsFieldShower shower(visitor);
-  written_fields(shower);
 }
 
 void igs124::print_pd_data(utOstream& os) const {

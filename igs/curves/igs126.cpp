@@ -5,15 +5,12 @@
 #include "igs/curves/igs126_errors.h"
 #include "igs/curves/igsSplineData.h"
 #include "igs/fields/igsEntityFields.h"
-#include "igs/fields/igsListAccess.h"
 #include "igs/support/coResourceTable.h"
 
 namespace {
 struct KnotErrors : igs126KnotErrors {
   using NoParamRange = igs126NoParamRange;  // the curve is removed
 };
-
-constexpr igsBadCount<igs126BadSumIndex> bad_count_of_126;
 }  // namespace
 
 igs126::igs126() { set_directory_entry_type(igsEntity126, 0); }
@@ -30,11 +27,6 @@ int igs126::set_order_size(int order, int count) {
   return 1;
 }
 
-int igs126::control_point(int i, giPoint3& point) const { return igs_get_element(m_control_points, i, point); }
-int igs126::set_control_point(int i, const giPoint3& point) { return igs_set_element(m_control_points, i, point); }
-int igs126::weight(int i, double& weight) const { return igs_get_element(m_weights, i, weight); }
-int igs126::set_weight(int i, double weight) { return igs_set_element(m_weights, i, weight); }
-
 void igs126::parametric_limits(double& start, double& end) const {
   start = m_direction.start();
   end = m_direction.end();
@@ -45,8 +37,6 @@ int igs126::set_unit_normal(const giVector3& normal) {
   m_unit_normal = normal;
   return 1;
 }
-
-igsObject* igs126::make_one() { return new igs126; }
 
 int igs126::read_pd_data(igsInStream& in) {
   int order = 0, count = 0;
@@ -113,34 +103,6 @@ int igs126::refuse_size(int sum_index) {
   m_weights = std::vector<double>();
   m_control_points = std::vector<giPoint3>();
   return 0;
-}
-
-template <class V>
-void igs126::written_fields(V& visit) const {
-  visit("SumIndex", number_of_control_points() - 1);
-  visit("Degree", order() - 1);
-  visit("Planar", m_planar_flag);
-  visit("Closed", m_closed_flag);
-  visit("Rational", m_rational_flag);
-  visit("Periodic", m_periodic_flag);
-  visit.parametric([&] { visit.list("Knots", 0, m_direction.knots(), bad_count_of_126); });
-  visit.list("Weights", 0, m_weights, bad_count_of_126);
-  visit.list("ControlPoints", 0, m_control_points, bad_count_of_126);
-  visit.parametric([&] {
-    visit("StartParameter", m_direction.start());
-    visit("EndParameter", m_direction.end());
-  });
-  visit("UnitNormal", m_unit_normal);
-}
-
-void igs126::write_pd_data(igsOutStream& out) {
-  igsFieldWriter writer(out);
-  written_fields(writer);
-}
-
-void igs126::visit_fields(igsFieldVisitor& visitor) const {
-  igsFieldShower shower(visitor);
-  written_fields(shower);
 }
 
 void igs126::print_pd_data(utOstream& os) const {

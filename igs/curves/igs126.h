@@ -3,6 +3,9 @@
 #include <vector>
 
 #include "igs/curves/igsKnotVector.h"
+#include "igs/fields/igsBoundedList.h"
+#include "igs/fields/igsEntity.h"
+#include "igs/fields/igsListAccess.h"
 #include "igs/objects/igsCurve.h"
 #include "igs/support/giPoint.h"
 #include "igs/support/giVector.h"
@@ -12,7 +15,7 @@
 ///
 /// A new curve is empty: set_order_size() makes its arrays. Setters and getters that name an element return 1; they
 /// return 0 and leave everything as it is when there is no such element.
-class IGS_API igs126 : public igsTyped<igs126, "igs126", igsCurve> {
+class IGS_API igs126 : public igsWrittenEntity<igs126, "igs126", igsCurve> {
  public:
   igs126();
 
@@ -25,11 +28,11 @@ class IGS_API igs126 : public igsTyped<igs126, "igs126", igsCurve> {
   int number_of_knots() const { return m_direction.number_of_knots(); }
 
   /// In model units.
-  int control_point(int i, giPoint3& point) const;
-  int set_control_point(int i, const giPoint3& point);
+  int control_point(int i, giPoint3& point) const { return igs_get_element(m_control_points, i, point); }
+  int set_control_point(int i, const giPoint3& point) { return igs_set_element(m_control_points, i, point); }
   /// Above 0 in a sound curve.
-  int weight(int i, double& weight) const;
-  int set_weight(int i, double weight);
+  int weight(int i, double& weight) const { return igs_get_element(m_weights, i, weight); }
+  int set_weight(int i, double weight) { return igs_set_element(m_weights, i, weight); }
   /// None is below the one before it in a sound curve.
   int knot(int i, double& value) const { return m_direction.knot(i, value); }
   int set_knot(int i, double value) { return m_direction.set_knot(i, value); }
@@ -58,34 +61,53 @@ class IGS_API igs126 : public igsTyped<igs126, "igs126", igsCurve> {
   /// Returns 1; returns 0 and stores nothing for an undefined vector.
   int set_unit_normal(const giVector3& normal);
 
-  igsObject* make_one() override;
   /// Returns 0, no array made, when the sizes cannot be used or there are arrays already.
   int read_pd_data(igsInStream& in) override;
-  void write_pd_data(igsOutStream& out) override;
   void print_pd_data(utOstream& os) const override;
-  void visit_fields(igsFieldVisitor& visitor) const override;
   void check_pd() const override;
 
- private:
-  /// What is written, stated once for the writer and for field visitors.
   template <class V>
-  void written_fields(V& visit) const;
+  static void fields(const igs126& curve, V& visit) {
+    visit("SumIndex", curve.number_of_control_points() - 1);
+    visit("Degree", curve.order() - 1);
+    visit("Planar", curve.m_planar_flag);
+    visit("Closed", curve.m_closed_flag);
+    visit("Rational", curve.m_rational_flag);
+    visit("Periodic", curve.m_periodic_flag);
+    visit.parametric([&] { visit.list("Knots", 0, curve.m_direction.knots(), igsBadCount<void>()); });
+    visit.list("Weights", 0, curve.m_weights, igsBadCount<void>());
+    visit.list("ControlPoints", 0, curve.m_control_points, igsBadCount<void>());
+    visit.parametric([&] {
+      visit("StartParameter", curve.m_direction.start());
+      visit("EndParameter", curve.m_direction.end());
+    });
+    visit("UnitNormal", curve.m_unit_normal);
+  }
 
+ protected:
+  // The steps of read_pd_data(), in their order. Each returns 1; or 0 where the read of the curve ends, the error
+  // tagged.
+
+  /// Reads the sum index and the degree; gives the order and the number of control points that they announce.
   int read_curve_size(igsInStream& in, int& order, int& count);
   int read_flags(igsInStream& in);
   int read_knots(igsInStream& in, int order, int count);
   int read_homogenous_control_points(igsInStream& in, int count);
   int read_parametric_limits(igsInStream& in);
   int read_unit_normal(igsInStream& in);
-  int refuse_size(int sum_index);
+
+  // The steps of check_pd(), in their order.
 
   void check_curve_size() const;
   void check_flags() const;
   void check_knots() const;
   void check_homogenous_control_points() const;
-  void check_weights() const;
   void check_parametric_limits() const;
   void check_unit_normal() const;
+
+ private:
+  int refuse_size(int sum_index);
+  void check_weights() const;
 
   int m_planar_flag = 0;
   int m_closed_flag = 0;

@@ -30,9 +30,7 @@ int igs_read_reals(igsInStream& in, std::int64_t count, std::vector<double>& rea
     real = undefined_real;
     return igsSupply::empty;
   };
-  if (igs_read_bounded(in, count, reals, read, undefined_real) == 0) return 0;
-  reals.shrink_to_fit();
-  return 1;
+  return igs_read_bounded(in, count, reals, read, undefined_real);
 }
 
 int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& points, std::size_t read_before) {
@@ -48,9 +46,7 @@ int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& 
     point = giPoint3(xyz[0], xyz[1], xyz[2]);
     return given ? igsSupply::given : igsSupply::empty;
   };
-  if (igs_read_bounded(in, count, points, read) == 0) return 0;
-  points.shrink_to_fit();
-  return 1;
+  return igs_read_bounded(in, count, points, read);
 }
 
 void igs_print_flag(utOstream& os, const char* label, int value, int true_value) {

@@ -3,11 +3,11 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <new>
 #include <vector>
 
 #include "igs/curves/igsGeometryChecks.h"
 #include "igs/curves/igsKnotVector.h"
+#include "igs/fields/igsListAccess.h"
 #include "igs/objects/igsObject.h"
 #include "igs/support/giPoint.h"
 
@@ -25,27 +25,6 @@ int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& 
 void igs_print_flag(utOstream& os, const char* label, int value, int true_value = 1);
 /// What PROP3 holds for a rational spline: 0, and 1 for a polynomial one.
 inline constexpr int rational_means_true = 0;
-
-template <class Error, class... Values>
-void igs_tag(const igsObject& entity, Values... values) {
-  entity.tag_error(new (std::nothrow) Error(values...));
-}
-
-/// Copy element `i` out of or into `list` and return 1; return 0 where there is none.
-template <class Element>
-int igs_get(const std::vector<Element>& list, std::size_t i, Element& element) {
-  if (i >= list.size()) return 0;
-  element = list[i];
-  return 1;
-}
-template <class Element>
-int igs_set(std::vector<Element>& list, std::size_t i, const Element& element) {
-  if (i >= list.size()) return 0;
-  list[i] = element;
-  return 1;
-}
-/// The position of index `i`; beyond the end of any list when it is negative.
-inline std::size_t igs_position(int i) { return i < 0 ? SIZE_MAX : static_cast<std::size_t>(i); }
 
 /// How far weights agree with the first one.
 struct igsWeightSpread {
@@ -67,9 +46,9 @@ void igs_check_knot_sequence(const igsObject& entity, const std::vector<double>&
   double previous = undefined_real;
   for (std::size_t i = 0; i < knots.size(); ++i) {
     const double knot = knots[i];
-    if (is_undefined_real(knot)) igs_tag<typename Errors::UnsetKnot>(entity, static_cast<int>(i));
+    if (is_undefined_real(knot)) entity.tag<typename Errors::UnsetKnot>(static_cast<int>(i));
     if (knot < previous) {
-      igs_tag<typename Errors::KnotOutOfSequence>(entity, static_cast<int>(i), knot, previous);
+      entity.tag<typename Errors::KnotOutOfSequence>(static_cast<int>(i), knot, previous);
     } else {
       previous = knot;
     }
@@ -85,7 +64,7 @@ void igs_check_break_points(const igsObject& entity, const std::vector<double>& 
   for (const double point : points) {
     if (!(point >= previous)) continue;
     if (!is_undefined_real(previous) && point - previous < tolerance) {
-      igs_tag<typename Errors::KnotsTooClose>(entity);
+      entity.tag<typename Errors::KnotsTooClose>();
       break;
     }
     previous = point;
@@ -95,9 +74,10 @@ void igs_check_break_points(const igsObject& entity, const std::vector<double>& 
 /// Raises knot or break point `i` to `previous`, the largest one before it, and returns 1; returns 0 and changes
 /// nothing where it is not less than `tolerance` below.
 inline int igs_raise_knot(std::vector<double>& knots, int i, double previous, double tolerance) {
-  double value = 0;
-  if (igs_get(knots, igs_position(i), value) == 0 || !(previous - value < tolerance)) return 0;
-  return igs_set(knots, igs_position(i), previous);
+  double* const knot = igs_place(knots, i);
+  if (knot == nullptr || !(previous - *knot < tolerance)) return 0;
+  *knot = previous;
+  return 1;
 }
 
 /// Tags `entity` with the faults of one direction: of the knots, of the limits in respect of the range, and of the
@@ -113,14 +93,14 @@ void igs_check_knots(const igsObject& entity, const igsKnotVector& direction, do
   const double low = knots[first], high = knots[last];
   const auto outside = [low, high](double limit) { return limit < low || limit > high; };
   if (direction.order() > 1) {
-    if (outside(direction.start())) igs_tag<typename Errors::MinParamOutOfRange>(entity, direction.start(), low, high);
-    if (outside(direction.end())) igs_tag<typename Errors::MaxParamOutOfRange>(entity, direction.end(), low, high);
-    if (high <= low) igs_tag<typename Errors::NoParamRange>(entity, low);
+    if (outside(direction.start())) entity.tag<typename Errors::MinParamOutOfRange>(direction.start(), low, high);
+    if (outside(direction.end())) entity.tag<typename Errors::MaxParamOutOfRange>(direction.end(), low, high);
+    if (high <= low) entity.tag<typename Errors::NoParamRange>(low);
   }
   for (std::size_t i = first; i < last; ++i) {
     const double distance = std::abs(knots[i + 1] - knots[i]);
     if (distance > 0 && distance < tolerance) {
-      igs_tag<typename Errors::KnotsTooClose>(entity);
+      entity.tag<typename Errors::KnotsTooClose>();
       break;
     }
   }

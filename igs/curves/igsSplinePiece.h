@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <span>
 
 #include "igs/support/undefined.h"
 #include "igs/support/utOstream.h"
@@ -17,6 +16,7 @@ class igsPolynomial {
 
   /// All of them.
   const std::array<double, N>& coefficients() const { return m_coefficients; }
+  std::array<double, N>& coefficients() { return m_coefficients; }
   /// `i` has to be below `N`.
   double& operator[](std::size_t i) { return m_coefficients[i]; }
   double operator[](std::size_t i) const { return m_coefficients[i]; }
@@ -41,6 +41,20 @@ struct igsSplinePiece {
   /// One a coordinate.
   igsPolynomial<N> x, y, z;
 
+  /// True when a coefficient was never set.
+  bool has_unset() const {
+    const auto has_unset = [](const igsPolynomial<N>& polynomial) {
+      return std::any_of(polynomial.coefficients().begin(), polynomial.coefficients().end(), is_undefined_real);
+    };
+    return has_unset(x) || has_unset(y) || has_unset(z);
+  }
+  /// Makes 0 what was never set.
+  void set_unset_to_zero() {
+    for (igsPolynomial<N>* const polynomial : {&x, &y, &z}) {
+      std::replace(polynomial->coefficients().begin(), polynomial->coefficients().end(), undefined_real, 0.0);
+    }
+  }
+
   bool operator==(const igsSplinePiece&) const = default;
 
   template <class E, class V>
@@ -50,29 +64,3 @@ struct igsSplinePiece {
     visit("Z", piece.z);
   }
 };
-
-/// Copy piece `i` out of or into the coefficients of all pieces and return 1; return 0 where there is none.
-template <std::size_t N>
-int igs_get_piece(std::span<const double> coefficients, std::size_t i, igsSplinePiece<N>& piece) {
-  if (i >= coefficients.size() / piece.size) return 0;
-  const double* next = coefficients.data() + i * piece.size;
-  for (igsPolynomial<N>* const polynomial : {&piece.x, &piece.y, &piece.z}) {
-    for (std::size_t k = 0; k < N; ++k) (*polynomial)[k] = *next++;
-  }
-  return 1;
-}
-template <std::size_t N>
-int igs_set_piece(std::span<double> coefficients, std::size_t i, const igsSplinePiece<N>& piece) {
-  if (i >= coefficients.size() / piece.size) return 0;
-  double* next = coefficients.data() + i * piece.size;
-  for (const igsPolynomial<N>* const polynomial : {&piece.x, &piece.y, &piece.z}) {
-    next = std::copy_n(polynomial->coefficients().data(), N, next);
-  }
-  return 1;
-}
-/// True when a coefficient of piece `i`, which must exist, was never set.
-template <std::size_t N>
-bool igs_piece_is_unset(std::span<const double> coefficients, std::size_t i) {
-  const double* const first = coefficients.data() + i * igsSplinePiece<N>::size;
-  return std::any_of(first, first + igsSplinePiece<N>::size, is_undefined_real);
-}

@@ -4,7 +4,6 @@
 #include <array>
 #include <climits>
 #include <cstdint>
-#include <new>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -28,12 +27,15 @@
 //   visit("Label", entity.m_value, 1.0)      is the same for a number, or an igsNumberOrPointer, that is not 0
 //                                            where the record does not give it;
 //   const int n = visit.count("Label", size) is a field that holds the size of a list: the size itself, and what the
-//                                            file says while it is read;
+//                                            file says while it is read; as further arguments the least size, below
+//                                            which nothing more is read, and the igsBadCount of its error;
 //   visit.index("Label", entity.m_index)     is a position in a list, counted from 1 in the file and from 0 in memory;
 //   visit.list("Label", n, entity.m_list, igsBadCount<igsNNNBadNumThings>())
 //                                            is a std::vector of any of these, fields or records. The error may also be
 //                                            one that is constructed without the count, or, for a list in records of a
-//                                            list, from the record's position (0-based) and the count.
+//                                            list, from the record's position (0-based) and the count;
+//   visit.parametric([&] { ... })            are reals that are written with the precision of parameter-space values:
+//                                            those that the function visits.
 
 template <class Value>
 concept igsRecord = requires(Value& value, igsPointerVisitor& visit) {
@@ -48,10 +50,25 @@ concept igsNumberOrPointer = std::is_constructible_v<Value, int> && requires(con
   changed.definition();
 };
 
+/// The coefficients of a polynomial, a group of reals without labels.
+template <class Value>
+concept igsCoefficients = requires(Value& value) {
+  value.coefficients();
+};
+
+/// Base of the visitors to which the precision of reals does not matter.
+class igsExactReals {
+ public:
+  template <class Fields>
+  void parametric(Fields fields) {
+    fields();
+  }
+};
+
 /// Reads fields. A field that the record does not supply reads as 0, as a null pointer or as an empty string. Of a
 /// list, the elements behind the record's end are unset: points and vectors undefined, reals -DBL_MAX (which an empty
-/// field in a list of reals is, too).
-class igsFieldReader {
+/// field in a list of reals, and an empty coefficient, is, too).
+class igsFieldReader : public igsExactReals {
  public:
   igsFieldReader(igsInStream& in, const igsObject& entity) : m_in(in), m_entity(entity) {}
 
@@ -79,6 +96,8 @@ class igsFieldReader {
       int field = 0;
       read_integer(field);
       value = Value(field);
+    } else if constexpr (igsCoefficients<Value>) {
+      for (double& coefficient : value.coefficients()) read_supplied(coefficient);
     } else if constexpr (std::is_constructible_v<Value, double, double, double>) {
       const std::array<double, 3> xyz = read_doubles<3>();
       value = Value(xyz[0], xyz[1], xyz[2]);
@@ -97,8 +116,14 @@ class igsFieldReader {
     read_integer(value);
     return value;
   }
+  template <class Error>
+  int count(const char* label, std::size_t size, int least, igsBadCount<Error>) {
+    const int value = count(label, size);
+    if (m_usable && value < least) refuse<Error>(value);
+    return value;
+  }
   template <class Element, class Error>
-  void list(const char*, std::int64_t count, std::vector<Element>& elements, igsBadCount<Error>) {
+  void list(const char*, std::int64_t count, std::vector<Element>& elements, igsBadCount<Error> bad_count) {
     if (!m_usable) return;
     const int position = m_position;
     const bool given_before = m_given;
@@ -108,9 +133,10 @@ class igsFieldReader {
       if (!m_usable || m_in.frozen()) return igsSupply::ended;
       if constexpr (igsRecord<Element>) m_position = next++;
       m_given = false;
-      (*this)(nullptr, element);
       if constexpr (std::is_same_v<Element, double>) {
-        if (m_in.take_value_present() == 0) element = undefined_real;
+        read_supplied(element);
+      } else {
+        (*this)(nullptr, element);
       }
       any_given = any_given || m_given;
       return m_given ? igsSupply::given : igsSupply::empty;
@@ -121,8 +147,7 @@ class igsFieldReader {
     m_position = position;
     m_given = given_before || any_given;
     if (!m_usable || believed != 0) return;
-    m_usable = false;
-    tag<Error>(static_cast<int>(std::clamp<std::int64_t>(count, INT_MIN, INT_MAX)));
+    refuse<Error>(bad_count.in_record.value_or(static_cast<int>(std::clamp<std::int64_t>(count, INT_MIN, INT_MAX))));
   }
 
   /// False once a list had a count that cannot be used: what follows in the record has no meaning then.
@@ -140,14 +165,19 @@ class igsFieldReader {
     m_in.read_double(value);
     note_value();
   }
+  void read_supplied(double& value) {
+    read_double(value);
+    if (m_in.take_value_present() == 0) value = undefined_real;
+  }
   template <class Error>
-  void tag(int count) {
+  void refuse(int count) {
+    m_usable = false;
     if constexpr (std::is_constructible_v<Error, int, int>) {
-      m_entity.tag_error(new (std::nothrow) Error(m_position, count));
+      m_entity.tag<Error>(m_position, count);
     } else if constexpr (std::is_constructible_v<Error, int>) {
-      m_entity.tag_error(new (std::nothrow) Error(count));
+      m_entity.tag<Error>(count);
     } else {
-      m_entity.tag_error(new (std::nothrow) Error());
+      m_entity.tag<Error>();
     }
   }
   template <std::size_t N>
@@ -174,12 +204,6 @@ class IGS_API igsParametricFormat {
 
  private:
   igsOutStream& m_out;
-};
-
-/// The coefficients of a polynomial, a group of reals without labels.
-template <class Value>
-concept igsCoefficients = requires(const Value& value) {
-  value.coefficients();
 };
 
 /// Writes fields. A null pointer is written as 0.
@@ -211,7 +235,8 @@ class igsFieldWriter {
   }
 
   void index(const char*, int value) { m_out.write_integer(value < INT_MAX ? value + 1 : value); }
-  int count(const char*, std::size_t size) {
+  template <class... Limits>
+  int count(const char*, std::size_t size, Limits...) {
     m_out.write_integer(static_cast<int>(size));
     return static_cast<int>(size);
   }
@@ -219,8 +244,6 @@ class igsFieldWriter {
   void list(const char*, std::int64_t, const std::vector<Element>& elements, igsBadCount<Error>) {
     for (const Element& element : elements) (*this)(nullptr, element);
   }
-  /// For classes that write some of their reals with the precision of parameter-space values: those that `fields`
-  /// shows.
   template <class Fields>
   void parametric(Fields fields) {
     const igsParametricFormat format(m_out);
@@ -233,7 +256,7 @@ class igsFieldWriter {
 
 /// Prints fields, one "label = value" line each; a pointer with the entity it refers to. Records and lists stand in
 /// braces, the elements of a list being labelled "(0)", "(1)" and so on.
-class IGS_API igsFieldPrinter {
+class IGS_API igsFieldPrinter : public igsExactReals {
  public:
   explicit igsFieldPrinter(utOstream& os) : m_os(os) {}
 
@@ -258,7 +281,8 @@ class IGS_API igsFieldPrinter {
   }
 
   void index(const char* label, int value) { (*this)(label, value); }
-  int count(const char* label, std::size_t size) {
+  template <class... Limits>
+  int count(const char* label, std::size_t size, Limits...) {
     (*this)(label, static_cast<int>(size));
     return static_cast<int>(size);
   }
@@ -285,7 +309,7 @@ class IGS_API igsFieldPrinter {
 };
 
 /// Shows the pointers among the fields to a visitor.
-class igsFieldPointers {
+class igsFieldPointers : public igsExactReals {
  public:
   explicit igsFieldPointers(igsPointerVisitor& visitor) : m_visitor(visitor) {}
 
@@ -304,7 +328,10 @@ class igsFieldPointers {
   }
 
   void index(const char*, int) {}
-  int count(const char*, std::size_t size) { return static_cast<int>(size); }
+  template <class... Limits>
+  int count(const char*, std::size_t size, Limits...) {
+    return static_cast<int>(size);
+  }
   template <class Element, class Error>
   void list(const char*, std::int64_t, std::vector<Element>& elements, igsBadCount<Error>) {
     if constexpr (igsRecord<Element> || igsNumberOrPointer<Element> || std::is_same_v<Element, igsObjectPtr>) {
@@ -317,7 +344,7 @@ class igsFieldPointers {
 };
 
 /// Shows the fields to a visitor, as they are written.
-class igsFieldShower {
+class igsFieldShower : public igsExactReals {
  public:
   explicit igsFieldShower(igsFieldVisitor& visitor) : m_visitor(visitor) {}
 
@@ -342,7 +369,8 @@ class igsFieldShower {
   }
 
   void index(const char* label, int value) { (*this)(label, value < INT_MAX ? value + 1 : value); }
-  int count(const char* label, std::size_t size) {
+  template <class... Limits>
+  int count(const char* label, std::size_t size, Limits...) {
     (*this)(label, static_cast<int>(size));
     return static_cast<int>(size);
   }
@@ -351,10 +379,6 @@ class igsFieldShower {
     m_visitor.begin_group(label);
     for (const Element& element : elements) (*this)(nullptr, element);
     m_visitor.end_group();
-  }
-  template <class Fields>
-  void parametric(Fields fields) {
-    fields();
   }
 
  private:
@@ -375,7 +399,7 @@ class igsFieldShower {
 };
 
 template <class Self, igsName Name, class Parent>
-igsObject* igsEntity<Self, Name, Parent>::make_one() {
+igsObject* igsWrittenEntity<Self, Name, Parent>::make_one() {
   return new Self;
 }
 
@@ -387,7 +411,7 @@ int igsEntity<Self, Name, Parent>::read_pd_data(igsInStream& in) {
 }
 
 template <class Self, igsName Name, class Parent>
-void igsEntity<Self, Name, Parent>::write_pd_data(igsOutStream& out) {
+void igsWrittenEntity<Self, Name, Parent>::write_pd_data(igsOutStream& out) {
   igsFieldWriter writer(out);
   Self::fields(static_cast<const Self&>(*this), writer);
 }
@@ -405,7 +429,7 @@ void igsEntity<Self, Name, Parent>::visit_pointers(igsPointerVisitor& visitor) {
 }
 
 template <class Self, igsName Name, class Parent>
-void igsEntity<Self, Name, Parent>::visit_fields(igsFieldVisitor& visitor) const {
+void igsWrittenEntity<Self, Name, Parent>::visit_fields(igsFieldVisitor& visitor) const {
   igsFieldShower shower(visitor);
   Self::fields(static_cast<const Self&>(*this), shower);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <new>
 #include <type_traits>
 
 #include "igs/objects/igsObject.h"
@@ -44,21 +43,16 @@ class igsReferenceTest {
   static igsObject* check(const igsObject& owner, const igsObjectPtr& reference, Demand demand, Values... values) {
     igsObject* const object = reference.object();
     if (object == nullptr) {
-      if constexpr (!std::is_same_v<NullError, igsNullIsLegal>)
-        owner.tag_error(new (std::nothrow) NullError(values...));
+      if constexpr (!std::is_same_v<NullError, igsNullIsLegal>) owner.tag<NullError>(values...);
       return nullptr;
     }
     if constexpr (!std::is_same_v<Demand, igsAnyEntity>) {
       if (!demand(*object)) {
-        owner.tag_error(new (std::nothrow) WrongTypeError(values...));
+        owner.tag<WrongTypeError>(values...);
         return nullptr;
       }
     }
-    if (object->check() == 0) {
-      InvalidError* const error = new (std::nothrow) InvalidError(values...);
-      if (error != nullptr) error->set_obj(object->de_number());
-      owner.tag_error(error);
-    }
+    if (object->check() == 0) owner.tag_reference<InvalidError>(reference, values...);
     return object;
   }
 };

@@ -55,6 +55,18 @@ class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
   virtual void tag_error(igsStructureError* error) const;
   /// As above, and sets the error's key to this entity's DE number.
   virtual void tag_error(igsObjectError* error) const;
+  /// Creates an error of class `Error` and tags this entity with it.
+  template <class Error, class... Values>
+  void tag(Values&&... values) const {
+    tag_error(new (std::nothrow) Error(std::forward<Values>(values)...));
+  }
+  /// As tag(), for an error that says that the entity `target` fails its own check.
+  template <class Error, class... Values>
+  void tag_reference(const igsObjectPtr& target, Values&&... values) const {
+    Error* const error = new (std::nothrow) Error(std::forward<Values>(values)...);
+    if (error != nullptr) error->set_obj(target.de_number());
+    tag_error(error);
+  }
   /// Gives up every reference that the directory entry and the parameter data hold.
   virtual void unreference_children();
   /// True when the entity is of the class `t` or of one derived from it.
@@ -101,19 +113,6 @@ class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
   /// Passes over the records of this entity that were not read.
   void skip_this_entity(igsInStream& in);
   void set_directory_entry_type(igsEntityType type, int form);
-
-  /// Creates an error of class `Error` and tags this entity with it.
-  template <class Error, class... Values>
-  void tag(Values&&... values) const {
-    tag_error(new (std::nothrow) Error(std::forward<Values>(values)...));
-  }
-  /// As tag(), for an error that says that the entity `target` fails its own check.
-  template <class Error, class... Values>
-  void tag_reference(const igsObjectPtr& target, Values&&... values) const {
-    Error* const error = new (std::nothrow) Error(std::forward<Values>(values)...);
-    if (error != nullptr) error->set_obj(target.de_number());
-    tag_error(error);
-  }
 
  private:
   friend class igsFactory;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <new>
-
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/structure/igs310.h"
 #include "igs/structure/igsTextStyle.h"
@@ -14,14 +12,10 @@ template <class Errors, class... Index>
 void igs_check_text_style(const igsObject& owner, const igsTextStyle& style, Index... index) {
   using FontTest = igsReferenceTest<igsNullIsLegal, typename Errors::WrongFontType, typename Errors::InvalidFont>;
   const int mirror = style.mirror_flag(), rotate = style.rotate_flag();
-  if (!(style.width() >= 0)) owner.tag_error(new (std::nothrow) typename Errors::InvalidWidth(index..., style.width()));
-  if (!(style.height() >= 0)) {
-    owner.tag_error(new (std::nothrow) typename Errors::InvalidHeight(index..., style.height()));
-  }
+  if (!(style.width() >= 0)) owner.tag<typename Errors::InvalidWidth>(index..., style.width());
+  if (!(style.height() >= 0)) owner.tag<typename Errors::InvalidHeight>(index..., style.height());
   FontTest::check(owner, style.font_code().definition(), igsExactly<igs310>(), index...);
-  if (mirror < 0 || mirror > 2)
-    owner.tag_error(new (std::nothrow) typename Errors::InvalidMirrorFlag(index..., mirror));
-  if (rotate < 0 || rotate > 1)
-    owner.tag_error(new (std::nothrow) typename Errors::InvalidRotateFlag(index..., rotate));
-  if (style.start().is_undefined()) owner.tag_error(new (std::nothrow) typename Errors::InvalidStartPoint(index...));
+  if (mirror < 0 || mirror > 2) owner.tag<typename Errors::InvalidMirrorFlag>(index..., mirror);
+  if (rotate < 0 || rotate > 1) owner.tag<typename Errors::InvalidRotateFlag>(index..., rotate);
+  if (style.start().is_undefined()) owner.tag<typename Errors::InvalidStartPoint>(index...);
 }

@@ -5,10 +5,6 @@
 
 // Faults of a Parametric Spline Surface (igs114). Indices are 0-based.
 
-/// Fewer than one patch along u or v, which ends the read of the surface, as does a number that the record cannot hold;
-/// carries it.
-using igs114BadNumUPatches = igsNamedError<"igs114BadNumUPatches", igsObjectError, int>;
-using igs114BadNumVPatches = igsNamedError<"igs114BadNumVPatches", igsObjectError, int>;
 /// CTYPE is none of 1 to 6; carries it. It becomes 3, cubic.
 using igs114InvalidSplineType =
     igsNamedError<"igs114InvalidSplineType", igsStoredDefault<igs114, &igs114::set_spline_type, 3>, int>;

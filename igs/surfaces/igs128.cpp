@@ -11,19 +11,7 @@ namespace {
 bool can_be_counted(std::int64_t order_u, std::int64_t order_v, std::int64_t count_u, std::int64_t count_v) {
   return order_u + count_u <= INT_MAX && order_v + count_v <= INT_MAX && count_u * count_v <= INT_MAX;
 }
-
-constexpr igsBadCount<igs128BadUSumIndex> bad_u_count;
-constexpr igsBadCount<igs128BadVSumIndex> bad_v_count;
 }  // namespace
-
-struct igs128::Size {
-  int sum_index_u = 0, sum_index_v = 0, degree_u = 0, degree_v = 0;
-
-  std::int64_t order_u() const { return std::int64_t{degree_u} + 1; }
-  std::int64_t order_v() const { return std::int64_t{degree_v} + 1; }
-  std::int64_t count_u() const { return std::int64_t{sum_index_u} + 1; }
-  std::int64_t count_v() const { return std::int64_t{sum_index_v} + 1; }
-};
 
 igs128::igs128() { set_directory_entry_type(igsEntity128, 0); }
 
@@ -44,20 +32,6 @@ int igs128::set_order_size(int order_u, int order_v, int count_u, int count_v) {
   return 1;
 }
 
-std::size_t igs128::position(int i, int j) const {
-  if (i < 0 || i >= m_count_u || j < 0 || j >= m_count_v) return m_control_points.size();
-  return static_cast<std::size_t>(j) * static_cast<std::size_t>(m_count_u) + static_cast<std::size_t>(i);
-}
-
-int igs128::control_point(int i, int j, giPoint3& point) const {
-  return igs_get(m_control_points, position(i, j), point);
-}
-int igs128::set_control_point(int i, int j, const giPoint3& point) {
-  return igs_set(m_control_points, position(i, j), point);
-}
-int igs128::weight(int i, int j, double& weight) const { return igs_get(m_weights, position(i, j), weight); }
-int igs128::set_weight(int i, int j, double weight) { return igs_set(m_weights, position(i, j), weight); }
-
 void igs128::parametric_limits_u(double& start, double& end) const {
   start = m_u.start();
   end = m_u.end();
@@ -67,8 +41,6 @@ void igs128::parametric_limits_v(double& start, double& end) const {
   start = m_v.start();
   end = m_v.end();
 }
-
-igsObject* igs128::make_one() { return new igs128; }
 
 int igs128::read_pd_data(igsInStream& in) {
   Size size;
@@ -156,41 +128,6 @@ int igs128::refuse_sizes(const Size& size) {
   m_weights = std::vector<double>();
   m_control_points = std::vector<giPoint3>();
   return 0;
-}
-
-template <class V>
-void igs128::written_fields(V& visit) const {
-  visit("SumIndexU", m_count_u - 1);
-  visit("SumIndexV", m_count_v - 1);
-  visit("DegreeU", order_u() - 1);
-  visit("DegreeV", order_v() - 1);
-  visit("ClosedU", m_closed_flag_u);
-  visit("ClosedV", m_closed_flag_v);
-  visit("Rational", m_rational_flag);
-  visit("PeriodicU", m_periodic_flag_u);
-  visit("PeriodicV", m_periodic_flag_v);
-  visit.parametric([&] {
-    visit.list("KnotsU", 0, m_u.knots(), bad_u_count);
-    visit.list("KnotsV", 0, m_v.knots(), bad_v_count);
-  });
-  visit.list("Weights", 0, m_weights, bad_u_count);
-  visit.list("ControlPoints", 0, m_control_points, bad_u_count);
-  visit.parametric([&] {
-    visit("StartParameterU", m_u.start());
-    visit("EndParameterU", m_u.end());
-    visit("StartParameterV", m_v.start());
-    visit("EndParameterV", m_v.end());
-  });
-}
-
-void igs128::write_pd_data(igsOutStream& out) {
-  igsFieldWriter writer(out);
-  written_fields(writer);
-}
-
-void igs128::visit_fields(igsFieldVisitor& visitor) const {
-  igsFieldShower shower(visitor);
-  written_fields(shower);
 }
 
 void igs128::print_pd_data(utOstream& os) const {

@@ -1,9 +1,12 @@
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "igs/curves/igsKnotVector.h"
+#include "igs/fields/igsBoundedList.h"
+#include "igs/fields/igsEntity.h"
+#include "igs/fields/igsListAccess.h"
 #include "igs/objects/igsSurface.h"
 #include "igs/support/giPoint.h"
 
@@ -12,7 +15,7 @@
 ///
 /// A new surface is empty: set_order_size() makes its arrays. Setters and getters that name an element return 1; they
 /// return 0 and leave everything as it is when there is no such element.
-class IGS_API igs128 : public igsTyped<igs128, "igs128", igsParameterizedSurface> {
+class IGS_API igs128 : public igsWrittenEntity<igs128, "igs128", igsParameterizedSurface> {
  public:
   igs128();
 
@@ -28,11 +31,15 @@ class IGS_API igs128 : public igsTyped<igs128, "igs128", igsParameterizedSurface
   int number_of_knots_v() const { return m_v.number_of_knots(); }
 
   /// In model units.
-  int control_point(int i, int j, giPoint3& point) const;
-  int set_control_point(int i, int j, const giPoint3& point);
+  int control_point(int i, int j, giPoint3& point) const {
+    return igs_get_element(m_control_points, position(i, j), point);
+  }
+  int set_control_point(int i, int j, const giPoint3& point) {
+    return igs_set_element(m_control_points, position(i, j), point);
+  }
   /// Above 0 in a sound surface.
-  int weight(int i, int j, double& weight) const;
-  int set_weight(int i, int j, double weight);
+  int weight(int i, int j, double& weight) const { return igs_get_element(m_weights, position(i, j), weight); }
+  int set_weight(int i, int j, double weight) { return igs_set_element(m_weights, position(i, j), weight); }
   /// None is below the one before it in a sound surface.
   int knot_u(int i, double& value) const { return m_u.knot(i, value); }
   int knot_v(int i, double& value) const { return m_v.knot(i, value); }
@@ -64,38 +71,76 @@ class IGS_API igs128 : public igsTyped<igs128, "igs128", igsParameterizedSurface
   void set_periodic_flag_u(int flag) { m_periodic_flag_u = flag; }
   void set_periodic_flag_v(int flag) { m_periodic_flag_v = flag; }
 
-  igsObject* make_one() override;
   /// Returns 0, no array made, when the sizes cannot be used or there are arrays already.
   int read_pd_data(igsInStream& in) override;
-  void write_pd_data(igsOutStream& out) override;
   void print_pd_data(utOstream& os) const override;
-  void visit_fields(igsFieldVisitor& visitor) const override;
   void check_pd() const override;
 
- private:
-  /// What is written, stated once for the writer and for field visitors.
   template <class V>
-  void written_fields(V& visit) const;
+  static void fields(const igs128& surface, V& visit) {
+    visit("SumIndexU", surface.m_count_u - 1);
+    visit("SumIndexV", surface.m_count_v - 1);
+    visit("DegreeU", surface.order_u() - 1);
+    visit("DegreeV", surface.order_v() - 1);
+    visit("ClosedU", surface.m_closed_flag_u);
+    visit("ClosedV", surface.m_closed_flag_v);
+    visit("Rational", surface.m_rational_flag);
+    visit("PeriodicU", surface.m_periodic_flag_u);
+    visit("PeriodicV", surface.m_periodic_flag_v);
+    visit.parametric([&] {
+      visit.list("KnotsU", 0, surface.m_u.knots(), igsBadCount<void>());
+      visit.list("KnotsV", 0, surface.m_v.knots(), igsBadCount<void>());
+    });
+    visit.list("Weights", 0, surface.m_weights, igsBadCount<void>());
+    visit.list("ControlPoints", 0, surface.m_control_points, igsBadCount<void>());
+    visit.parametric([&] {
+      visit("StartParameterU", surface.m_u.start());
+      visit("EndParameterU", surface.m_u.end());
+      visit("StartParameterV", surface.m_v.start());
+      visit("EndParameterV", surface.m_v.end());
+    });
+  }
 
-  struct Size;
+ protected:
+  /// The sizes that a record announces.
+  struct Size {
+    int sum_index_u = 0;  ///< K1
+    int sum_index_v = 0;  ///< K2
+    int degree_u = 0;     ///< M1
+    int degree_v = 0;     ///< M2
+
+    std::int64_t order_u() const { return std::int64_t{degree_u} + 1; }
+    std::int64_t order_v() const { return std::int64_t{degree_v} + 1; }
+    std::int64_t count_u() const { return std::int64_t{sum_index_u} + 1; }
+    std::int64_t count_v() const { return std::int64_t{sum_index_v} + 1; }
+  };
+
+  // The steps of read_pd_data(), in their order. Each returns 1; or 0 where the read of the surface ends, the error
+  // tagged.
 
   int read_surface_size(igsInStream& in, Size& size);
   int read_flags(igsInStream& in);
   int read_knot_vectors(igsInStream& in, const Size& size);
   int read_homogenous_control_points(igsInStream& in, const Size& size);
   int read_parametric_limits(igsInStream& in);
-  int refuse_sizes(const Size& size);
+
+  // The steps of check_pd(), in their order.
 
   void check_surface_size() const;
   void check_flags() const;
   void check_knot_vectors() const;
   void check_homogenous_control_points() const;
-  void check_weights() const;
   void check_parametric_limits() const;
+
+ private:
+  int refuse_sizes(const Size& size);
+  void check_weights() const;
   void print_control_points(utOstream& os) const;
 
-  /// Position of a control point and its weight: u runs fastest. The number of points where there is no such point.
-  std::size_t position(int i, int j) const;
+  /// Of a control point and its weight in their lists, where u runs fastest; -1 where there is no such point.
+  int position(int i, int j) const {
+    return i < 0 || i >= m_count_u || j < 0 || j >= m_count_v ? -1 : j * m_count_u + i;
+  }
 
   int m_closed_flag_u = 0;
   int m_closed_flag_v = 0;

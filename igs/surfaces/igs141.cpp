@@ -26,8 +26,6 @@ int igs141::set_model_space_curve(int i, const igsModelSpaceCurve* curve) {
   return curve != nullptr ? igs_set_element(m_model_space_curves, i, *curve) : 0;
 }
 
-igsObject* igs141::make_one() { return new igs141; }
-
 int igs141::read_pd_data(igsInStream& in) {
   igsFieldReader reader(in, *this);
   leading_fields(*this, reader);
@@ -48,7 +46,6 @@ int igs141::read_model_space_curves(igsInStream& in) {
   return usable ? believed : 0;
 }
 
-// `ended`: the count of its parameter curves cannot be used.
 igsSupply igs141::read_model_space_curve_data(igsInStream& in, int i, igsModelSpaceCurve& curve) const {
   igsFieldReader reader(in, *this);
   igsModelSpaceCurve::leading_fields(curve, reader);
@@ -66,33 +63,9 @@ igsSupply igs141::read_model_space_curve_data(igsInStream& in, int i, igsModelSp
   return igsSupply::ended;
 }
 
-void igs141::write_pd_data(igsOutStream& out) {
-  igsFieldWriter writer(out);
-  leading_fields(*this, writer);
-  curve_fields(*this, writer);
-}
-
-void igs141::print_pd_data(utOstream& os) const {
-  igsFieldPrinter printer(os);
-  leading_fields(*this, printer);
-  print_model_space_curves(os);
-}
-
 void igs141::print_model_space_curves(utOstream& os) const {
   igsFieldPrinter printer(os);
   curve_fields(*this, printer);
-}
-
-void igs141::visit_fields(igsFieldVisitor& visitor) const {
-  igsFieldShower shower(visitor);
-  leading_fields(*this, shower);
-  curve_fields(*this, shower);
-}
-
-void igs141::visit_pointers(igsPointerVisitor& visitor) {
-  igsFieldPointers pointers(visitor);
-  leading_fields(*this, pointers);
-  curve_fields(*this, pointers);
 }
 
 void igs141::check_pd() const {
@@ -109,7 +82,7 @@ void igs141::check_model_space_curve(int i, const igsModelSpaceCurve& curve) con
   if (curve.sense() != igsModelSpaceCurve::agrees && curve.sense() != igsModelSpaceCurve::reversed) {
     tag<igs141InvalidReversalFlag>(i, curve.sense());
   }
-  ModelSpaceCurveTest::check(*this, curve.m_curve, igs_is_curve_or_point, i);
+  ModelSpaceCurveTest::check(*this, curve.curve(), igs_is_curve_or_point, i);
   if (m_bounded_surface_representation == 0 && curve.number_of_parameter_curves() > 0) {
     tag<igs141UnexpectedParamCurves>(i);
   }
@@ -119,7 +92,7 @@ void igs141::check_model_space_curve(int i, const igsModelSpaceCurve& curve) con
 void igs141::check_parameter_curves(int i, const igsModelSpaceCurve& curve) const {
   const igsObject* const surface = m_surface.object();
   const bool on_plane = surface != nullptr && surface->isa(igs108::type());
-  for (int j = 0; const igsObjectPtr& parameter_curve : curve.m_parameter_curves) {
+  for (int j = 0; const igsObjectPtr& parameter_curve : curve.parameter_curves()) {
     if (on_plane && parameter_curve.object() != nullptr) tag<igs141Trim2DNonParametricSurface>();
     ParameterCurveTest::check(*this, parameter_curve, igsKindOf<igsCurve>(), i, j++);
   }

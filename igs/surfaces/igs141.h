@@ -2,16 +2,15 @@
 
 #include <vector>
 
+#include "igs/fields/igsEntity.h"
 #include "igs/fields/igsNamedError.h"
-#include "igs/objects/igsObject.h"
 #include "igs/surfaces/igsModelSpaceCurve.h"
 
 using igs141BadNumModelSpaceCurves = igsCountErrors<"igs141", "ModelSpaceCurves">::BadNum;
-enum class igsSupply;
 
 /// Boundary (IGES 5.3, type 141): the curves that bound a region of a surface, each in model space and, where
 /// bounded_surface_representation() is 1, in the parameter space of the surface. Positions are 0-based.
-class IGS_API igs141 : public igsTyped<igs141, "igs141", igsObject> {
+class IGS_API igs141 : public igsEntity<igs141, "igs141", igsObject> {
  public:
   igs141();
 
@@ -36,15 +35,22 @@ class IGS_API igs141 : public igsTyped<igs141, "igs141", igsObject> {
   /// Copies `*curve` to model-space curve `i` and returns 1; 0 outside the list and for null.
   int set_model_space_curve(int i, const igsModelSpaceCurve* curve);
 
-  igsObject* make_one() override;
   int read_pd_data(igsInStream& in) override;
-  void write_pd_data(igsOutStream& out) override;
-  void print_pd_data(utOstream& os) const override;
-  void visit_fields(igsFieldVisitor& visitor) const override;
+  /// Reads the list of curves alone, from their number on, and returns 1; returns 0, the error tagged, when a number of
+  /// curves in it cannot be used.
+  int read_model_space_curves(igsInStream& in);
+  /// Reads one curve of the list, to stand at `i`. Says whether a field held a value; `ended`, the error tagged, when
+  /// the number of its parameter-space curves cannot be used.
+  igsSupply read_model_space_curve_data(igsInStream& in, int i, igsModelSpaceCurve& curve) const;
   /// Prints the list of curves alone.
   void print_model_space_curves(utOstream& os) const;
   void check_pd() const override;
-  void visit_pointers(igsPointerVisitor& visitor) override;
+
+  template <class E, class V>
+  static void fields(E& entity, V& visit) {
+    leading_fields(entity, visit);
+    curve_fields(entity, visit);
+  }
 
  private:
   template <class E, class V>
@@ -59,8 +65,6 @@ class IGS_API igs141 : public igsTyped<igs141, "igs141", igsObject> {
     visit.list("ModelSpaceCurves", count, entity.m_model_space_curves, igsBadCount<igs141BadNumModelSpaceCurves>());
   }
 
-  int read_model_space_curves(igsInStream& in);
-  igsSupply read_model_space_curve_data(igsInStream& in, int i, igsModelSpaceCurve& curve) const;
   void check_model_space_curve(int i, const igsModelSpaceCurve& curve) const;
   void check_parameter_curves(int i, const igsModelSpaceCurve& curve) const;
 

@@ -9,6 +9,8 @@ class IGS_API_TEMPLATE igs190Base : public igsAnalyticSurface<Self, Name, Form> 
   const igsObjectPtr& normal() const { return this->axis(); }
   void set_normal(const igsObjectPtr& normal) { this->set_axis(normal); }
 
+  void check_pd() const override;
+
   template <class E, class V>
   static void fields(E& entity, V& visit) {
     visit("Location", entity.m_location);
@@ -18,19 +20,16 @@ class IGS_API_TEMPLATE igs190Base : public igsAnalyticSurface<Self, Name, Form> 
 
  protected:
   igs190Base();
-  void check_surface() const;
 };
 
 /// Form 0, without parameters.
 class IGS_API igs190_0 : public igs190Base<igs190_0, "igs190_0", 0> {
  public:
   igs190_0();
-  void check_pd() const override;
 };
 
 /// Form 1, with parameters.
 class IGS_API igs190_1 : public igs190Base<igs190_1, "igs190_1", 1> {
  public:
   igs190_1();
-  void check_pd() const override;
 };

@@ -3,10 +3,10 @@
 #include "igs/surfaces/igsAnalyticCheck.h"
 
 template <class Self, igsName Name, int Form>
-igs192Base<Self, Name, Form>::igs192Base() : igsParametricReals<igsAnalyticSurface<Self, Name, Form>>(igsEntity192) {}
+igs192Base<Self, Name, Form>::igs192Base() : igsAnalyticSurface<Self, Name, Form>(igsEntity192) {}
 
 template <class Self, igsName Name, int Form>
-void igs192Base<Self, Name, Form>::check_surface() const {
+void igs192Base<Self, Name, Form>::check_pd() const {
   this->check_references();
   this->template check_real<"Radius">(m_radius, m_radius > 0);
   this->check_ref_direction();
@@ -14,6 +14,3 @@ void igs192Base<Self, Name, Form>::check_surface() const {
 
 igs192_0::igs192_0() = default;
 igs192_1::igs192_1() = default;
-
-void igs192_0::check_pd() const { check_surface(); }
-void igs192_1::check_pd() const { check_surface(); }

@@ -6,23 +6,24 @@
 /// Right Circular Cylindrical Surface (IGES 5.3, type 192): all points at the distance `radius` from the axis through
 /// the location. Model units.
 template <class Self, igsName Name, int Form>
-class IGS_API_TEMPLATE igs192Base : public igsParametricReals<igsAnalyticSurface<Self, Name, Form>> {
+class IGS_API_TEMPLATE igs192Base : public igsAnalyticSurface<Self, Name, Form> {
  public:
   /// Above 0. Unset (-DBL_MAX) at first.
   double radius() const { return m_radius; }
   void set_radius(double radius) { m_radius = radius; }
 
+  void check_pd() const override;
+
   template <class E, class V>
   static void fields(E& entity, V& visit) {
     visit("Location", entity.m_location);
     visit("Axis", entity.m_axis);
-    visit("Radius", entity.m_radius);
+    visit.parametric([&] { visit("Radius", entity.m_radius); });
     if constexpr (Form == 1) visit("RefDirection", entity.m_ref_direction);
   }
 
  protected:
   igs192Base();
-  void check_surface() const;
 
  private:
   double m_radius = undefined_real;
@@ -32,12 +33,10 @@ class IGS_API_TEMPLATE igs192Base : public igsParametricReals<igsAnalyticSurface
 class IGS_API igs192_0 : public igs192Base<igs192_0, "igs192_0", 0> {
  public:
   igs192_0();
-  void check_pd() const override;
 };
 
 /// Form 1, with parameters.
 class IGS_API igs192_1 : public igs192Base<igs192_1, "igs192_1", 1> {
  public:
   igs192_1();
-  void check_pd() const override;
 };

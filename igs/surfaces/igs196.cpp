@@ -3,11 +3,10 @@
 #include "igs/surfaces/igsAnalyticCheck.h"
 
 template <class Self, igsName Name, int Form>
-igs196Base<Self, Name, Form>::igs196Base()
-    : igsParametricReals<igsAnalyticSurface<Self, Name, Form, Form == 1>>(igsEntity196) {}
+igs196Base<Self, Name, Form>::igs196Base() : igsAnalyticSurface<Self, Name, Form, Form == 1>(igsEntity196) {}
 
 template <class Self, igsName Name, int Form>
-void igs196Base<Self, Name, Form>::check_surface() const {
+void igs196Base<Self, Name, Form>::check_pd() const {
   this->check_references();
   this->template check_real<"Radius">(m_radius, m_radius > 0);
   this->check_ref_direction();
@@ -15,6 +14,3 @@ void igs196Base<Self, Name, Form>::check_surface() const {
 
 igs196_0::igs196_0() = default;
 igs196_1::igs196_1() = default;
-
-void igs196_0::check_pd() const { check_surface(); }
-void igs196_1::check_pd() const { check_surface(); }

@@ -6,16 +6,18 @@
 /// Spherical Surface (IGES 5.3, type 196): all points at the distance `radius` from the location. Form 0 has no axis.
 /// Model units.
 template <class Self, igsName Name, int Form>
-class IGS_API_TEMPLATE igs196Base : public igsParametricReals<igsAnalyticSurface<Self, Name, Form, Form == 1>> {
+class IGS_API_TEMPLATE igs196Base : public igsAnalyticSurface<Self, Name, Form, Form == 1> {
  public:
   /// Above 0. Unset (-DBL_MAX) at first.
   double radius() const { return m_radius; }
   void set_radius(double radius) { m_radius = radius; }
 
+  void check_pd() const override;
+
   template <class E, class V>
   static void fields(E& entity, V& visit) {
     visit("Location", entity.m_location);
-    visit("Radius", entity.m_radius);
+    visit.parametric([&] { visit("Radius", entity.m_radius); });
     if constexpr (Form == 1) {
       visit("Axis", entity.m_axis);
       visit("RefDirection", entity.m_ref_direction);
@@ -24,7 +26,6 @@ class IGS_API_TEMPLATE igs196Base : public igsParametricReals<igsAnalyticSurface
 
  protected:
   igs196Base();
-  void check_surface() const;
 
  private:
   double m_radius = undefined_real;
@@ -34,12 +35,10 @@ class IGS_API_TEMPLATE igs196Base : public igsParametricReals<igsAnalyticSurface
 class IGS_API igs196_0 : public igs196Base<igs196_0, "igs196_0", 0> {
  public:
   igs196_0();
-  void check_pd() const override;
 };
 
 /// Form 1, with parameters.
 class IGS_API igs196_1 : public igs196Base<igs196_1, "igs196_1", 1> {
  public:
   igs196_1();
-  void check_pd() const override;
 };

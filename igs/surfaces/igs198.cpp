@@ -6,7 +6,7 @@ template <class Self, igsName Name, int Form>
 igs198Base<Self, Name, Form>::igs198Base() : igsAnalyticSurface<Self, Name, Form>(igsEntity198) {}
 
 template <class Self, igsName Name, int Form>
-void igs198Base<Self, Name, Form>::check_surface() const {
+void igs198Base<Self, Name, Form>::check_pd() const {
   this->check_references();
   this->template check_real<"MajorRadius">(m_major_radius, m_major_radius > 0);
   this->template check_real<"MinorRadius">(m_minor_radius, m_minor_radius > 0);
@@ -20,6 +20,3 @@ void igs198Base<Self, Name, Form>::check_surface() const {
 
 igs198_0::igs198_0() = default;
 igs198_1::igs198_1() = default;
-
-void igs198_0::check_pd() const { check_surface(); }
-void igs198_1::check_pd() const { check_surface(); }

@@ -15,6 +15,8 @@ class IGS_API_TEMPLATE igs198Base : public igsAnalyticSurface<Self, Name, Form> 
   double minor_radius() const { return m_minor_radius; }
   void set_minor_radius(double minor_radius) { m_minor_radius = minor_radius; }
 
+  void check_pd() const override;
+
   template <class E, class V>
   static void fields(E& entity, V& visit) {
     visit("Location", entity.m_location);
@@ -26,7 +28,6 @@ class IGS_API_TEMPLATE igs198Base : public igsAnalyticSurface<Self, Name, Form> 
 
  protected:
   igs198Base();
-  void check_surface() const;
 
  private:
   double m_major_radius = undefined_real;
@@ -37,12 +38,10 @@ class IGS_API_TEMPLATE igs198Base : public igsAnalyticSurface<Self, Name, Form> 
 class IGS_API igs198_0 : public igs198Base<igs198_0, "igs198_0", 0> {
  public:
   igs198_0();
-  void check_pd() const override;
 };
 
 /// Form 1, with parameters.
 class IGS_API igs198_1 : public igs198Base<igs198_1, "igs198_1", 1> {
  public:
   igs198_1();
-  void check_pd() const override;
 };

@@ -42,10 +42,3 @@ void igsAnalyticSurface<Self, Name, Form, HasAxis>::check_ref_direction() const 
     }
   }
 }
-
-// The other fields are pointers, which have no precision.
-template <class Surface>
-void igsParametricReals<Surface>::write_pd_data(igsOutStream& out) {
-  const igsParametricFormat format(out);
-  Surface::write_pd_data(out);
-}

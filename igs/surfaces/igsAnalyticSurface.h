@@ -39,13 +39,3 @@ class IGS_API_TEMPLATE igsAnalyticSurface
   [[no_unique_address]] std::conditional_t<HasAxis, igsObjectPtr, NoAxis> m_axis;
   [[no_unique_address]] std::conditional_t<Form == 1, igsObjectPtr, NoRefDirection> m_ref_direction;
 };
-
-/// A surface whose reals are written with the precision of parameter-space values.
-template <class Surface>
-class IGS_API_TEMPLATE igsParametricReals : public Surface {
- public:
-  void write_pd_data(igsOutStream& out) override;
-
- protected:
-  using Surface::Surface;
-};
