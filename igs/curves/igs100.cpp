@@ -8,12 +8,6 @@
 
 igs100::igs100() { set_directory_entry_type(igsEntity100, 0); }
 
-int igs100::set_centre(const giPoint2& centre) {
-  if (centre.is_undefined()) return 0;
-  m_centre = centre;
-  return 1;
-}
-
 void igs100::check_pd() const {
   if (m_centre.is_undefined() || !valid_pd()) {
     tag<igs100NoConstruct>();

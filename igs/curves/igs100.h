@@ -11,7 +11,7 @@ class IGS_API igs100 : public igsEntity<igs100, "igs100", igsTrimmedConic> {
 
   const giPoint2& centre() const { return m_centre; }
   /// Returns 1; returns 0 and stores nothing for an undefined point.
-  int set_centre(const giPoint2& centre);
+  int set_centre(const giPoint2& centre) { return igs_set_defined(m_centre, centre); }
 
   void check_pd() const override;
 

@@ -29,7 +29,7 @@ void igs102::check_pd() const {
   check_points();
 }
 
-// Two points that are all of the curve are deliberately let pass.
+// Two points may stand side by side where they are the whole curve.
 void igs102::check_points() const {
   bool after_point = false;
   for (int i = 0; const igsObjectPtr& sub_curve : sub_curves()) {

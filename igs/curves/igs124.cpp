@@ -71,8 +71,8 @@ void igs124::print_pd_data(utOstream& os) const {
   os << '}' << utEndl;
 }
 
-// The determinant is held against the tolerance of zero values and the columns against the one named for determinants:
-// deliberate, and known to hosts that tune the two.
+// Hosts set two tolerances apart: kelTolMinValue says when a determinant is 1, kelTolRigidTransformDeterminant, which
+// also bounds what is repaired, when a column has the length 1.
 void igs124::check_pd() const {
   const coResourceTable& table = kel_resource_table_inquire();
   if (m_transform.invalid()) tag<igs124NoConstruct>();

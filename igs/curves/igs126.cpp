@@ -32,12 +32,6 @@ void igs126::parametric_limits(double& start, double& end) const {
   end = m_direction.end();
 }
 
-int igs126::set_unit_normal(const giVector3& normal) {
-  if (normal.is_undefined()) return 0;
-  m_unit_normal = normal;
-  return 1;
-}
-
 int igs126::read_pd_data(igsInStream& in) {
   int order = 0, count = 0;
   return read_curve_size(in, order, count) != 0 && read_flags(in) != 0 && read_knots(in, order, count) != 0 &&

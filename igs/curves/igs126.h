@@ -9,6 +9,7 @@
 #include "igs/objects/igsCurve.h"
 #include "igs/support/giPoint.h"
 #include "igs/support/giVector.h"
+#include "igs/support/undefined.h"
 
 /// Rational B-Spline Curve (IGES 5.3, type 126), forms 0 to 5. Knots, weights and limits that were never set are
 /// -DBL_MAX; indices are 0-based.
@@ -59,7 +60,7 @@ class IGS_API igs126 : public igsWrittenEntity<igs126, "igs126", igsCurve> {
   /// Of the curve's plane, where it is planar.
   const giVector3& unit_normal() const { return m_unit_normal; }
   /// Returns 1; returns 0 and stores nothing for an undefined vector.
-  int set_unit_normal(const giVector3& normal);
+  int set_unit_normal(const giVector3& normal) { return igs_set_defined(m_unit_normal, normal); }
 
   /// Returns 0, no array made, when the sizes cannot be used or there are arrays already.
   int read_pd_data(igsInStream& in) override;

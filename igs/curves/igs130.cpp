@@ -20,12 +20,6 @@ constexpr int distance_function = 3;
 
 igs130::igs130() { set_directory_entry_type(igsEntity130, 0); }
 
-int igs130::set_normal(const giVector3& normal) {
-  if (normal.is_undefined()) return 0;
-  m_normal = normal;
-  return 1;
-}
-
 void igs130::check_pd() const {
   BaseCurveTest::check(*this, m_base_curve, igsKindOf<igsCurve>());
   check_offset();

@@ -3,6 +3,7 @@
 #include "igs/fields/igsEntity.h"
 #include "igs/objects/igsCurve.h"
 #include "igs/support/giVector.h"
+#include "igs/support/undefined.h"
 
 /// Offset Curve (IGES 5.3, type 130): runs at a distance beside a planar curve, the base curve, in its plane. Lengths
 /// are model units. Fields that the offset type does not need are 0 and are not checked.
@@ -40,7 +41,7 @@ class IGS_API igs130 : public igsEntity<igs130, "igs130", igsCurve> {
   /// Of the base curve's plane, of length 1.
   const giVector3& normal() const { return m_normal; }
   /// Returns 1; returns 0 and stores nothing for an undefined vector.
-  int set_normal(const giVector3& normal);
+  int set_normal(const giVector3& normal) { return igs_set_defined(m_normal, normal); }
   /// TT1 and TT2, between which the base curve is offset, in its parameter.
   double start_parameter() const { return m_start_parameter; }
   double end_parameter() const { return m_end_parameter; }

@@ -42,7 +42,7 @@ class IGS_API igsKnotVector {
   int raise_knot(int i, double previous, double tolerance);
   /// Makes knots within the range that are closer than `tolerance` equal. From T(N) down they take the value of the
   /// greater one until a knot is equal or farther away, then, from the second span of the range up, that of the lesser
-  /// one. The first span of the range stays as it is, which hosts know.
+  /// one. T(0), at which the range begins, is never moved.
   void snap_knots(double tolerance);
 
  private:

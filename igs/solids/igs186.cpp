@@ -1,5 +1,6 @@
 #include "igs/solids/igs186.h"
 
+#include "igs/curves/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/file/igsDirectoryEntry.h"
@@ -11,11 +12,9 @@ using OuterShellTest =
     igsReferenceTest<igs186OuterShellNullShell, igs186OuterShellWrongShellType, igs186OuterShellInvalidShell>;
 using InnerShellTest =
     igsReferenceTest<igs186InnerShellNullShell, igs186InnerShellWrongShellType, igs186InnerShellInvalidShell>;
-
-bool has_orientation(const igsOrientedShell& shell) { return shell.orientation() == 0 || shell.orientation() == 1; }
 }  // namespace
 
-bool igsOrientedShell::valid() const { return m_shell && has_orientation(*this); }
+bool igsOrientedShell::valid() const { return m_shell && igs_is_flag(m_orientation); }
 
 void igsOrientedShell::print_pd_data(utOstream& os) const {
   igsFieldPrinter printer(os);
@@ -26,10 +25,10 @@ igs186::igs186() { set_directory_entry_type(igsEntity186, 0); }
 
 void igs186::check_pd() const {
   OuterShellTest::check(*this, m_outer_shell.shell(), igsExactly<igs514>());
-  if (!has_orientation(m_outer_shell)) tag<igs186OuterShellInvalidOrientation>();
+  if (!igs_is_flag(m_outer_shell.orientation())) tag<igs186OuterShellInvalidOrientation>();
   for (int i = 0; const igsOrientedShell& shell : m_void_shells) {
     InnerShellTest::check(*this, shell.shell(), igsExactly<igs514>(), i);
-    if (!has_orientation(shell)) tag<igs186InnerShellInvalidOrientation>(i);
+    if (!igs_is_flag(shell.orientation())) tag<igs186InnerShellInvalidOrientation>(i);
     ++i;
   }
 }

@@ -1,5 +1,6 @@
 #include "igs/solids/igs514.h"
 
+#include "igs/curves/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/fields/igsReferenceTest.h"
@@ -16,7 +17,7 @@ bool is_sound_face(const igsOrientedFace& oriented_face) {
 }
 }  // namespace
 
-bool igsOrientedFace::valid() const { return m_face && (m_orientation == 0 || m_orientation == 1); }
+bool igsOrientedFace::valid() const { return m_face && igs_is_flag(m_orientation); }
 
 void igsOrientedFace::print_pd_data(utOstream& os) const {
   igsFieldPrinter printer(os);
@@ -42,7 +43,7 @@ void igs514::check_pd() const {
   if (faces().empty()) tag<igs514NoFaces>();
   for (int i = 0; const igsOrientedFace& face : faces()) {
     FaceTest::check(*this, face.face(), igsExactly<igs510>(), i);
-    if (face.orientation() != 0 && face.orientation() != 1) tag<igs514OrientatedFaceInvalidOrientation>(i);
+    if (!igs_is_flag(face.orientation())) tag<igs514OrientatedFaceInvalidOrientation>(i);
     ++i;
   }
 }

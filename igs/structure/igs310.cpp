@@ -1,5 +1,6 @@
 #include "igs/structure/igs310.h"
 
+#include "igs/curves/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/structure/igs310_errors.h"
@@ -17,7 +18,7 @@ void igs310::check_pd() const {
 void igs310::check_character(int i, const igsFontCharacter& character) const {
   if (character.code < 0 || character.code > 127) tag<igs310InvalidCharacterCode>(i, character.code);
   for (int j = 0; const igsPenMotion& motion : character.motions) {
-    if (motion.pen_up < 0 || motion.pen_up > 1) tag<igs310InvalidPenFlag>(i, j, motion.pen_up);
+    if (!igs_is_flag(motion.pen_up)) tag<igs310InvalidPenFlag>(i, j, motion.pen_up);
     ++j;
   }
 }

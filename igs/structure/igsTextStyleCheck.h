@@ -1,5 +1,6 @@
 #pragma once
 
+#include "igs/curves/igsGeometryChecks.h"
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/structure/igs310.h"
 #include "igs/structure/igsTextStyle.h"
@@ -16,6 +17,6 @@ void igs_check_text_style(const igsObject& owner, const igsTextStyle& style, Ind
   if (!(style.height() >= 0)) owner.tag<typename Errors::InvalidHeight>(index..., style.height());
   FontTest::check(owner, style.font_code().definition(), igsExactly<igs310>(), index...);
   if (mirror < 0 || mirror > 2) owner.tag<typename Errors::InvalidMirrorFlag>(index..., mirror);
-  if (rotate < 0 || rotate > 1) owner.tag<typename Errors::InvalidRotateFlag>(index..., rotate);
+  if (!igs_is_flag(rotate)) owner.tag<typename Errors::InvalidRotateFlag>(index..., rotate);
   if (style.start().is_undefined()) owner.tag<typename Errors::InvalidStartPoint>(index...);
 }

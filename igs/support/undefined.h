@@ -11,3 +11,11 @@ inline constexpr double undefined_real = -DBL_MAX;
 
 /// True for the value that marks a real number as never set; a NaN is not undefined by this test.
 constexpr bool is_undefined_real(double value) { return value == undefined_real; }
+
+/// Stores a defined point or vector in `member` and returns 1; returns 0 and stores nothing for an undefined one.
+template <class Value>
+int igs_set_defined(Value& member, const Value& value) {
+  if (value.is_undefined()) return 0;
+  member = value;
+  return 1;
+}

@@ -26,12 +26,6 @@ giPoint3 start_point(const igsObject& curve) {
 
 igs122::igs122() { set_directory_entry_type(igsEntity122, 0); }
 
-int igs122::set_terminate_point(const giPoint3& point) {
-  if (point.is_undefined()) return 0;
-  m_terminate_point = point;
-  return 1;
-}
-
 void igs122::check_pd() const {
   const igsObject* const directrix = DirectrixTest::check(*this, m_directrix, igsKindOf<igsCurve>());
   if (m_terminate_point.is_undefined()) {

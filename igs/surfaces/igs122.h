@@ -14,7 +14,7 @@ class IGS_API igs122 : public igsEntity<igs122, "igs122", igsParameterizedSurfac
   /// The end, in model units, of the generatrix that begins at the start of the directrix.
   const giPoint3& terminate_point() const { return m_terminate_point; }
   /// Returns 1; returns 0 and stores nothing for an undefined point.
-  int set_terminate_point(const giPoint3& point);
+  int set_terminate_point(const giPoint3& point) { return igs_set_defined(m_terminate_point, point); }
 
   void check_pd() const override;
 

@@ -7,12 +7,6 @@
 
 igs140::igs140() { set_directory_entry_type(igsEntity140, 0); }
 
-int igs140::set_indicator(const giVector3& indicator) {
-  if (indicator.is_undefined()) return 0;
-  m_indicator = indicator;
-  return 1;
-}
-
 void igs140::check_pd() const {
   using SurfaceTest = igsReferenceTest<igs140NullSurface, igs140WrongSurfaceType, igs140InvalidSurface>;
   const double tolerance = kel_resource_table_inquire().value(kelTolMinValue);

@@ -13,7 +13,7 @@ class IGS_API igs140 : public igsEntity<igs140, "igs140", igsParameterizedSurfac
   /// A vector whose side of the surface is the one that positive distances lead to.
   const giVector3& indicator() const { return m_indicator; }
   /// Returns 1; returns 0 and stores nothing for an undefined vector.
-  int set_indicator(const giVector3& indicator);
+  int set_indicator(const giVector3& indicator) { return igs_set_defined(m_indicator, indicator); }
   /// In model units, of any sign; -DBL_MAX until it is set.
   double distance() const { return m_distance; }
   void set_distance(double distance) { m_distance = distance; }

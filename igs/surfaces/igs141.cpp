@@ -71,7 +71,7 @@ void igs141::print_model_space_curves(utOstream& os) const {
 void igs141::check_pd() const {
   using SurfaceTest = igsReferenceTest<igs141NullSurfacePtr, igs141InvalidSurfaceType, igs141InvalidSurfaceData>;
   const int type = m_bounded_surface_representation, preference = m_preferred_representation;
-  if (type < 0 || type > 1) tag<igs141InvalidBoundedSurfRep>(type);
+  if (!igs_is_flag(type)) tag<igs141InvalidBoundedSurfRep>(type);
   if (preference < 0 || preference > 3) tag<igs141InvalidPreferrenceFlag>(preference);
   SurfaceTest::check(*this, m_surface, igsKindOf<igsSurface>());
   if (m_model_space_curves.empty()) tag<igs141BadNumModelSpaceCurves>(0);

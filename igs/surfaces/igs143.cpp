@@ -1,5 +1,6 @@
 #include "igs/surfaces/igs143.h"
 
+#include "igs/curves/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/file/igsDirectoryEntry.h"
@@ -17,7 +18,7 @@ void igs143::check_pd() const {
   using BoundaryTest = igsReferenceTest<igs143NullBoundaryPtr, igs143InvalidBoundaryType, igs143InvalidBoundaryData>;
   using SurfaceTest = igsReferenceTest<igs143NullSurfacePtr, igs143InvalidSurfaceType, igs143InvalidSurfaceData>;
   const int type = m_surface_representation;
-  if (type < 0 || type > 1) tag<igs143InvalidSurfaceRepresentation>(type);
+  if (!igs_is_flag(type)) tag<igs143InvalidSurfaceRepresentation>(type);
   SurfaceTest::check(*this, m_basis_surface, igsKindOf<igsSurface>());
   if (m_boundaries.empty()) tag<igs143NoBoundaries>();
   for (int i = 0; const igsObjectPtr& boundary : m_boundaries) {

@@ -1,5 +1,6 @@
 #include "igs/surfaces/igs144.h"
 
+#include "igs/curves/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/fields/igsReferenceTest.h"
@@ -27,8 +28,7 @@ bool igs144::lies_on_surface(const igsObjectPtr& boundary) const { return igs_li
 void igs144::check_pd() const {
   using SurfaceTest = igsReferenceTest<igs144NullSurfacePtr, igs144InvalidSurfaceType, igs144InvalidSurfaceData>;
   m_inner_boundaries.restart_index();
-  if (m_outer_boundary_flag < 0 || m_outer_boundary_flag > 1)
-    tag<igs144InvalidOuterBoundaryFlag>(m_outer_boundary_flag);
+  if (!igs_is_flag(m_outer_boundary_flag)) tag<igs144InvalidOuterBoundaryFlag>(m_outer_boundary_flag);
   SurfaceTest::check(*this, m_surface, igsKindOf<igsSurface>());
   const igsObject* const outer = OuterTest::check(*this, m_outer_boundary, igsExactly<igs142>());
   if (outer != nullptr && !lies_on_surface(m_outer_boundary)) tag<igs144OuterBoundSurfaceMismatch>();
