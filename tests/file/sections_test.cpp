@@ -98,12 +98,11 @@ TEST_F(Sections, NewFileHasDefaults) {
   std::string global;
   for (const std::string& record : records_of(text, 'G')) global += record.substr(0, 72);
   EXPECT_EQ(global.substr(0, global.find_last_not_of(' ') + 1),
-            "1H,,1H;,7HUnknown,7HUnknown,7HUnknown,7HUnknown,-2147483647,-2147483647,-2147483647,-2147483647,"
-            "-2147483647,7HUnknown,1.,2,2HMM,1,0.,15H20261121.123059,-1.7976931348623157D+308,"
-            "-1.7976931348623157D+308,7HUnknown,7HUnknown,3,0;");
+            "1H,,1H;,7HUnknown,7HUnknown,7HUnknown,7HUnknown,32,38,6,308,15,7HUnknown,1.,2,2HMM,1,0.,"
+            "15H20261121.123059,0.0001,1.7976931348623157D+308,7HUnknown,7HUnknown,3,0;");
   EXPECT_EQ(file.global_section().file_modification_date().date_string(), "20261121.123059");
   EXPECT_EQ(file.global_section().max_version(), 11);
-  EXPECT_EQ(records_of(text, 'T').at(0).substr(0, 32), "S      1G      4D      0P      0");
+  EXPECT_EQ(records_of(text, 'T').at(0).substr(0, 32), "S      1G      3D      0P      0");
   EXPECT_EQ(printed(igsTerminateSection()).find("= 0"), std::string::npos) << "counts are not set";
 }
 
