@@ -2,13 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstdio>
 #include <functional>
-#include <ios>
 #include <sstream>
-#include <stdexcept>
-#include <streambuf>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -357,70 +353,6 @@ class RecordingSink : public kelabsOutput {
     tags.emplace_back(tag);
     text += message;
   }
-};
-
-/// Supplies the first `count` bytes of a text and then throws, which a stream turns into its bad bit. With
-/// `max_read`, no bulk read delivers more than that many bytes at once.
-class FailingInput : public std::streambuf {
- public:
-  explicit FailingInput(std::string text, std::size_t count, std::size_t max_read = std::string::npos)
-      : m_text(std::move(text)), m_count(std::min(count, m_text.size())), m_max_read(max_read) {}
-
- protected:
-  int_type underflow() override {
-    if (m_position >= m_count) throw std::ios_base::failure("read error");
-    const std::size_t size = std::min(m_max_read, m_count - m_position);
-    setg(&m_text[m_position], &m_text[m_position], m_text.data() + m_position + size);
-    m_position += size;
-    return traits_type::to_int_type(*gptr());
-  }
-
- private:
-  std::string m_text;
-  std::size_t m_count, m_max_read, m_position = 0;
-};
-
-/// Supplies a text in pieces of at most `piece` bytes, then ends.
-class ChoppedInput : public std::streambuf {
- public:
-  ChoppedInput(std::string text, std::size_t piece) : m_text(std::move(text)), m_piece(piece) {}
-
- protected:
-  int_type underflow() override {
-    if (m_position >= m_text.size()) return traits_type::eof();
-    const std::size_t size = std::min(m_piece, m_text.size() - m_position);
-    setg(&m_text[m_position], &m_text[m_position], m_text.data() + m_position + size);
-    m_position += size;
-    return traits_type::to_int_type(*gptr());
-  }
-
- private:
-  std::string m_text;
-  std::size_t m_piece, m_position = 0;
-};
-
-/// Accepts `count` bytes and refuses the rest, as a full disk does.
-class FailingOutput : public std::streambuf {
- public:
-  explicit FailingOutput(std::size_t count) : m_room(count) {}
-  std::string text;
-
- protected:
-  int_type overflow(int_type character) override {
-    if (m_room == 0) return traits_type::eof();
-    --m_room;
-    text += traits_type::to_char_type(character);
-    return character;
-  }
-  std::streamsize xsputn(const char* bytes, std::streamsize count) override {
-    const std::size_t taken = std::min(m_room, static_cast<std::size_t>(count));
-    text.append(bytes, taken);
-    m_room -= taken;
-    return static_cast<std::streamsize>(taken);
-  }
-
- private:
-  std::size_t m_room;
 };
 
 /// The records of a written text by section letter. Lines without a letter in column 73 go under '?'.

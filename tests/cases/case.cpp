@@ -84,7 +84,8 @@ std::string unescaped(const std::string& text) {
       continue;
     }
     const char next = text[++i];
-    result += next == 'n' ? '\n' : next == 'r' ? '\r' : next == 't' ? '\t' : next == '0' ? '\0' : next;
+    const std::size_t known = std::string_view("nrt0Z").find(next);
+    result += known != std::string_view::npos ? "\n\r\t\0\x1A"[known] : next;
   }
   return result;
 }
@@ -262,11 +263,14 @@ Content content_of(const std::string& text) {
 }
 
 std::vector<std::string> split_items(const std::string& text, const std::string& separator) {
+  constexpr char quoted_blank = '\1';  // not trimmed
   std::vector<std::string> items;
   std::string item;
   bool quoted = false;
   const auto finish = [&] {
-    if (!trimmed(item).empty()) items.push_back(unescaped(trimmed(item)));
+    std::string text = unescaped(trimmed(item));
+    std::replace(text.begin(), text.end(), quoted_blank, ' ');
+    if (!text.empty()) items.push_back(text);
     item.clear();
   };
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -275,7 +279,7 @@ std::vector<std::string> split_items(const std::string& text, const std::string&
     } else if (!quoted && text.compare(i, separator.size(), separator) == 0) {
       finish();
     } else {
-      item += text[i];
+      item += quoted && text[i] == ' ' ? quoted_blank : text[i];
     }
   }
   finish();
@@ -293,7 +297,7 @@ ExpectedError expected_error(const std::string& item, const CaseGroup& group) {
   static const std::regex pattern(R"(([A-Za-z]\w*)(?:@(-?\d+))?(?: ([^]*?))??(?: ([-+]+))?)");
   std::smatch found;
   if (!std::regex_match(item, found, pattern)) throw std::runtime_error("no error: " + item);
-  const std::string values = found[3].matched && found[3].length() != 0 ? ' ' + found[3].str() : "";
+  const std::string values = found[3].matched ? ' ' + found[3].str() : "";
   return {shortened(found[1], found[2].matched ? std::stoi(found[2]) : group.subject, group) + values, found[4]};
 }
 

@@ -1,4 +1,4 @@
-// Streams and folders that fail while a file of many entity families is read and written.
+// Whatever the bytes are, and wherever streams and folders fail: a result or a clean failure.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -7,19 +7,20 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 
+#include "fuzz/invariants.h"
 #include "iges_builder.h"
-#include "igs/file/igsFile.h"
 #include "ordinary_user.h"
 #include "sanitizers.h"
+#include "streams.h"
 
 namespace igs_test {
 namespace {
 
-using testing::AnyOf;
 namespace fs = std::filesystem;
 
 /// Points, curves, a matrix, a surface, a solid's shell, a note and a group.
@@ -41,149 +42,193 @@ IgesBuilder families() {
   return b;
 }
 
-constexpr std::size_t step = is_sanitized ? 4 : 1;
-
-/// A folder of its own for each test.
+/// A file of all families, and a folder of its own for what is written.
 class StreamFaults : public testing::Test {
  protected:
   StreamFaults() {
     std::string name = (fs::temp_directory_path() / "igs_test_XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
     m_folder = name;
+    if (read_text(m_file, m_text) != 1) throw std::runtime_error("not read");
+    m_file.set_write_dir(m_folder.string());
+    m_written = written(m_file);
   }
   ~StreamFaults() override { fs::remove_all(m_folder); }
 
+  int write_to(const fs::path& folder) {
+    m_file.set_write_dir(folder.string());
+    std::string text;
+    return write_text(m_file, text);
+  }
+
+  const std::string m_text = families().text();
   fs::path m_folder;
+  igsFile m_file;
+  std::string m_written;
   std::ostringstream m_report;
   utOstream m_messages{m_report};
 };
 
-/// Reads a text of which `size` bytes arrive. A record that is cut short may still do, or have lost its section letter.
-void expect_clean_end(igsFile& file, std::istream& in, std::size_t size, std::size_t whole, igsIOErrorCode end) {
-  std::ostringstream report;
-  utOstream messages(report);
-  const int result = file.read(in, messages);
-  ASSERT_TRUE(result == 0 || size + 81 > whole);
-  ASSERT_TRUE(result == 1 || size < whole);
-  if (result == 0) {
-    ASSERT_THAT(file.read_fault().code, AnyOf(end, igsIONoSectionLetter));
-    const int records = static_cast<int>((size + 1) / 81);
-    ASSERT_THAT(file.read_fault().records_before, AnyOf(records, records + 1));
-  }
-  file.clean(0);
-  if (size % 10 == 0) {  // temporary files take their time
-    ASSERT_EQ(column_fault(written(file)), "");
+// A record that is cut short may still do, or have lost its section letter.
+TEST_F(StreamFaults, ReadingEndsOrFailsAtEveryByte) {
+  for (std::size_t size = 0; size <= m_text.size(); size += is_sanitized ? 4 : 1) {
+    for (const bool throws : {false, true}) {
+      SCOPED_TRACE(size);
+      LimitedInput buffer(m_text, size, throws, 81);
+      std::istream in(&buffer);
+      igsFile file;
+      const int result = file.read(in, m_messages);
+      ASSERT_TRUE(result == 0 || size + 81 > m_text.size());
+      ASSERT_TRUE(result == 1 || size < m_text.size());
+      if (result == 0) {
+        const int records = static_cast<int>((size + 1) / 81);
+        ASSERT_THAT(file.read_fault().code,
+                    testing::AnyOf(throws ? igsIOStreamBad : igsIOEndOfInput, igsIONoSectionLetter));
+        ASSERT_THAT(file.read_fault().records_before, testing::AnyOf(records, records + 1));
+      }
+      file.clean(0);
+      if (size % 10 != 0) continue;  // temporary files take their time
+      ASSERT_EQ(column_fault(written(file)), "");
+    }
   }
 }
 
-TEST_F(StreamFaults, ReadingFailsAtEveryByte) {
-  const std::string text = families().text();
-  for (std::size_t size = 0; size <= text.size() && !HasFatalFailure(); size += step) {
-    SCOPED_TRACE(size);
-    FailingInput buffer(text, size, 81);
+TEST_F(StreamFaults, PiecesMakeNoDifference) {
+  for (const std::size_t piece : {1U, 7U, 79U, 80U, 82U, 161U}) {
+    LimitedInput buffer(m_text, m_text.size(), false, piece);
     std::istream in(&buffer);
     igsFile file;
-    expect_clean_end(file, in, size, text.size(), igsIOStreamBad);
+    EXPECT_EQ(file.read(in, m_messages), 1) << piece;
+    EXPECT_EQ(written(file), m_written) << piece;
   }
+  EXPECT_EQ(read_text(m_file, m_text.substr(0, m_text.size() - 1)), 1) << "the last record needs no line end";
 }
 
-TEST_F(StreamFaults, ReadingEndsAtEveryByte) {
-  const std::string text = families().text();
-  for (std::size_t size = 0; size <= text.size() && !HasFatalFailure(); size += step) {
-    SCOPED_TRACE(size);
-    std::istringstream in(text.substr(0, size));
-    igsFile file;
-    expect_clean_end(file, in, size, text.size(), igsIOEndOfInput);
-  }
-}
-
-TEST_F(StreamFaults, WritingFailsAtEveryRecord) {
-  igsFile file;
-  ASSERT_EQ(read_text(file, families().text()), 1);
-  file.set_write_dir(m_folder.string());
-  const std::string whole = written(file);
-  for (std::size_t room = 0; room < whole.size(); room += 27) {  // thrice in a record; each byte: FileWriter
-    FailingOutput buffer(room);
+TEST_F(StreamFaults, WritingFailsAtEveryByte) {
+  for (std::size_t room = 0; room <= m_written.size(); room += room > 2000 ? 27 : 1) {  // thrice in a record
+    LimitedOutput buffer(room, room % 3 == 0);
     std::ostream out(&buffer);
-    ASSERT_EQ(file.write(out, m_messages), 0) << room;
-    ASSERT_EQ(buffer.text, whole.substr(0, buffer.text.size())) << room;
+    if (room % 2 == 0) out.exceptions(std::ios::badbit | std::ios::failbit);
+    int result = 1;
+    ASSERT_NO_THROW(result = m_file.write(out, m_messages)) << room;
+    ASSERT_EQ(result, room == m_written.size() ? 1 : 0) << room;
+    ASSERT_EQ(buffer.text, m_written.substr(0, buffer.text.size())) << room;
     ASSERT_TRUE(fs::is_empty(m_folder)) << room;
   }
-  EXPECT_EQ(written(file), whole) << "the file itself is none the worse";
+  LimitedOutput full(m_written.size(), false, true);
+  std::ostream out(&full);
+  EXPECT_EQ(m_file.write(out, m_messages), 0) << "what is not flushed is not written";
+  EXPECT_EQ(written(m_file), m_written) << "the file itself is none the worse";
 }
 
 TEST_F(StreamFaults, FoldersThatTakeNoTemporaryFile) {
-  igsFile file;
-  ASSERT_EQ(read_text(file, families().text()), 1);
   std::ofstream(m_folder / "file") << "no folder";
-  std::string text;
   for (const char* folder : {"absent", "file", "file/below", "absent/below"}) {
-    file.set_write_dir((m_folder / folder).string());
-    EXPECT_EQ(write_text(file, text), 0) << folder;
-    EXPECT_FALSE(file.out_of_memory());
+    EXPECT_EQ(write_to(m_folder / folder), 0) << folder;
+    EXPECT_FALSE(m_file.out_of_memory());
   }
   EXPECT_EQ(std::distance(fs::directory_iterator(m_folder), fs::directory_iterator()), 1);
-  file.set_write_dir(m_folder.string());
-  EXPECT_EQ(write_text(file, text), 1);
-}
-
-TEST_F(StreamFaults, FolderThatIsReadOnly) {
-  igsFile file;
-  ASSERT_EQ(read_text(file, families().text()), 1);
+  EXPECT_EQ(write_to(m_folder), 1);
   const fs::path folder = m_folder / "folder";
-  const auto result_of_writing = [&file, &folder] {
-    file.set_write_dir(folder.string());
-    std::string text;
-    return write_text(file, text);
-  };
   fs::permissions(m_folder, fs::perms::owner_all | fs::perms::others_exec);  // root's temporary folders are its own
   fs::create_directory(folder);
   for (const bool may_write : {true, false}) {
     fs::permissions(folder, may_write ? fs::perms::all : fs::perms(0555));
-    EXPECT_EQ(as_ordinary_user(result_of_writing), may_write ? 1 : 0);
+    EXPECT_EQ(as_ordinary_user([&] { return write_to(folder); }), may_write ? 1 : 0);
     EXPECT_TRUE(fs::is_empty(folder));
   }
 }
 
-/// No file of this process grows beyond `size` bytes, as on a full disk.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t size) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &m_before);
-    rlimit limited = m_before;
-    limited.rlim_cur = size;
-    setrlimit(RLIMIT_FSIZE, &limited);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &m_before);
-    std::signal(SIGXFSZ, m_handler);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit m_before{};
-  void (*m_handler)(int);
-};
-
 TEST_F(StreamFaults, DiskIsFullAtEveryRecordOfTheTemporaryFile) {
-  igsFile file;
-  ASSERT_EQ(read_text(file, families().text()), 1);
-  file.set_write_dir(m_folder.string());
-  const std::string whole = written(file);
-  const std::size_t data = records_of(whole, 'P').size() * 81;
+  const std::size_t data = records_of(m_written, 'P').size() * 81;
   ASSERT_GT(data, 0U);
+  auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
   for (std::size_t room = 0; room <= data; room += 27) {
-    std::string text;
-    int result;
-    {
-      const FullDisk disk(room);
-      result = write_text(file, text);
-    }
+    const rlimit limited{room, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limited);  // no file grows beyond it, as on a full disk
+    const int result = write_to(m_folder);
+    setrlimit(RLIMIT_FSIZE, &before);
     ASSERT_EQ(result, room == data ? 1 : 0) << room;
     ASSERT_TRUE(fs::is_empty(m_folder)) << room;
   }
-  EXPECT_EQ(written(file), whole);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(written(m_file), m_written);
+}
+
+/// Holds the promises of fuzz/invariants.h, whatever is in `text`. The clock and the options are as before then.
+void expect_promises(const std::string& text, int round = 0) {
+  const coResourceTable options = kel_resource_table_inquire();
+  igs_fuzz::on_broken_promise = [](const char* promise) { throw std::runtime_error(promise); };
+  EXPECT_NO_THROW(igs_fuzz::check_file(text, {true, round % 2 == 0, round % 3 == 0 ? 17 : 15})) << round << '\n'
+                                                                                                << text;
+  kel_resource_table_inquire() = options;
+  ut_set_clock(nullptr);
+}
+
+TEST(BadInput, RandomBytes) {
+  std::mt19937 random(20261121);
+  for (int round = 0; round < 200 && !testing::Test::HasFailure(); ++round) {
+    std::string text(random() % 3000, '\0');
+    for (char& byte : text) {
+      const auto any = static_cast<char>(random());
+      byte = round % 2 == 0 ? any : " 0123456789.,;HSGDPT\n\r\t"[random() % 23];
+    }
+    expect_promises(text, round);
+  }
+}
+
+TEST(BadInput, DamagedBytes) {
+  const std::string text = families().text();
+  std::mt19937 random(5);
+  for (int round = 0; round < 600 && !testing::Test::HasFailure(); ++round) {
+    std::string damaged = text;
+    for (auto n = random() % 3 + 1; n > 0; --n) {
+      const std::size_t at = random() % damaged.size(), size = random() % 90;
+      const auto kind = random() % 4;
+      if (kind == 0) damaged[at] = static_cast<char>(random());
+      if (kind == 1) damaged[at] = "0123456789-,;H.\n"[size % 16];
+      if (kind == 2) damaged.erase(at, size);
+      if (kind == 3) damaged.insert(at, damaged.substr(random() % damaged.size(), size));
+    }
+    expect_promises(damaged, round);
+  }
+}
+
+TEST(BadInput, NumbersOfAnySizeAnywhere) {
+  for (const std::string number :
+       {"2147483647", "-2147483647", "-2147483648", "2147483648", "99999999999999999999", "-1", "1.D+999", "-1.D-999",
+        "1.D+99999999999", "1H", "9999999", "99999999", "ABCDEFGH"}) {
+    IgesBuilder builder;
+    for (const char* before : {"", "1,", "2,", "2,2,", "3,", "1,2,0.,"}) {
+      for (const int form : {1, 2, 3, 11, 12, 13}) builder.entity(106, form, before + number + ",1.,2.,3.");
+    }
+    builder.entity(116, 0, "1.,2.,3.," + number);
+    builder.entity(100, 0, number + ",0.,0.,1.,0.,0.,1.");
+    builder.entity(110, 0, "0.,0.,0.,0.,0.," + number);
+    expect_promises(builder.text());
+    for (std::size_t parameter = 3; parameter <= 25; ++parameter) {
+      expect_promises(families().global(parameter, number).text());
+    }
+    for (int field = 1; field <= 20; ++field) expect_promises(families().de_field(7, field, number).text());
+    for (const std::size_t column : {66U, 74U})
+      expect_promises(families().columns('P', 4, column, left(number, 7)).text());
+    expect_promises(families().columns('T', 1, 26, left(number, 7)).text());
+  }
+}
+
+TEST(BadInput, EntitiesThatReferToThemselvesAndEachOther) {
+  IgesBuilder builder;
+  for (const int de : {1, 3}) {
+    const int other = 4 - de;
+    builder.entity(
+        116, 0, "1.,2.,3.," + std::to_string(other),
+        {.line_font = -de, .level = -other, .view = de, .matrix = other, .label_display = de, .colour = -other});
+  }
+  builder.entity(102, 0, "2,5,7");
+  builder.entity(102, 0, "2,5,7");
+  for (int round = 0; round < 6; ++round) expect_promises(builder.text(), round);
 }
 
 }  // namespace

@@ -6,21 +6,12 @@
 #include "igs/objects/igsObject.h"
 #include "igs/structure/igsCompound.h"
 #include "igs/support/utOstream.h"
+#include "sanitizers.h"
 
 namespace igs_test {
 
 /// Long enough to break whatever recurses; shorter under a sanitizer, whose frames are larger and memory dearer.
-#if defined(__SANITIZE_ADDRESS__)
-inline constexpr int chain_length = 200'000;
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-inline constexpr int chain_length = 200'000;
-#else
-inline constexpr int chain_length = 1'000'000;
-#endif
-#else
-inline constexpr int chain_length = 1'000'000;
-#endif
+inline constexpr int chain_length = is_sanitized ? 200'000 : 1'000'000;
 
 /// Found by a Node's check when it is faulty, and when one of its children is.
 class NodeFaulty : public igsErrorClass<NodeFaulty, "NodeFaulty", igsObjectError> {};

@@ -1,0 +1,171 @@
+// Files in memory: their entities and slots, what is asked of them after reading, and how they are written. What files
+// say and how they are damaged: cases/file.case; streams and folders that fail: stream_faults_test.cpp.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "iges_builder.h"
+#include "igs/curves/igs110.h"
+#include "igs/curves/igs116.h"
+#include "igs/file/igsDirectoryEntry.h"
+#include "igs/objects/igsCurve.h"
+#include "igs/support/coResourceTable.h"
+#include "objects/test_node.h"
+
+namespace igs_test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// The entities that an iterator visits, which then stands before the first again.
+template <class Iterator>
+std::vector<igsObject*> visited(Iterator it) {
+  std::vector<igsObject*> objects;
+  EXPECT_EQ(it(), nullptr);
+  while (++it != 0) objects.push_back(it());
+  EXPECT_EQ(it(), nullptr);
+  return objects;
+}
+
+TEST(File, AnswersWhatItHasRead) {
+  IgesBuilder builder;
+  builder.line(2);
+  for (const int form : {0, 5}) builder.entity(0, form, "");
+  builder.entity(125, 0, "1.,2.");
+  builder.entity(124, 10, "1.,0.,0.,0.,0.,1.,0.,0.,0.,0.,1.,0.");
+  igsFile file;
+  EXPECT_EQ(file.parameter_data_read(), 1);
+  ASSERT_EQ(read_text(file, builder.text()), 1);
+  EXPECT_EQ(file.num_entities(), 1);
+  EXPECT_EQ(file.num_nulls(), 2);
+  EXPECT_EQ(file.num_unknowns(), 2);
+  EXPECT_EQ(file.dropped_entities(),
+            (std::map<std::pair<int, int>, int>{{{0, 0}, 1}, {{0, 5}, 1}, {{124, 10}, 1}, {{125, 0}, 1}}));
+  EXPECT_EQ(static_cast<igs110*>(file.entity(1))->end_point(), giPoint3(2, 0, 0));
+  for (const int de : {-1, 0, 2, 3, 11, 9999999}) EXPECT_EQ(file.entity(de), nullptr) << de;
+  for (const char section : {'S', 'G', 'D', 'P', 'T'}) {  // a bad record ends the section before it
+    igsFile damaged;
+    EXPECT_EQ(read_text(damaged, builder.columns(section, 1, 73, "X").text()), 0);
+    EXPECT_EQ(damaged.parameter_data_read(), 0) << section;
+    EXPECT_EQ(damaged.read_fault().code, igsIONoSectionLetter) << section;
+    builder.columns(section, 1, 73, std::string(1, section));
+  }
+}
+
+TEST(File, WritingClosesGaps) {
+  IgesBuilder builder;
+  for (int i = 1; i <= 3; ++i) builder.line(i);
+  builder.entity(116, 0, "1.,2.,3.,5");
+  igsFile file("part.igs");
+  ASSERT_EQ(read_text(file, builder.text()), 1);
+  EXPECT_EQ(file.pathname(), "part.igs");
+  const igsObject *first = file.entity(1), *second = file.entity(5), *point = file.entity(7);
+  delete file.entity(3);
+  EXPECT_EQ(file.num_entities(), 3);
+  EXPECT_THAT(printed(file), HasSubstr("NoOfEntities = 4\n"));
+  const std::string text = written(file);
+  EXPECT_EQ(column_fault(text), "");
+  EXPECT_THAT(visited(igsFileIT(&file)), ElementsAre(first, second, point));
+  EXPECT_EQ(second->de_number(), 3);
+  EXPECT_THAT(printed(file), HasSubstr("NoOfEntities = 3\n"));
+  EXPECT_THAT(records_of(text, 'P').back(), HasSubstr("116,1.,2.,3.,3;")) << "the reference follows";
+  EXPECT_EQ((new Node)->de_number(), 7) << "no free slot is left";
+}
+
+TEST(File, ReplacementTakesOverNumberAndReferences) {
+  igsFile file;
+  auto *old = new igs110, *other = new igs110;
+  auto* point = new igs116;
+  point->set_display_symbol(igsObjectPtr(old));
+  const igsObjectPtr pointer(1), to_point(5), to_other(other);
+  auto* replacement = new Node;
+  const igsObjectPtr direct(replacement);
+  EXPECT_EQ(replacement->de_number(), 7);
+  EXPECT_EQ(file.replace_entity(old, nullptr) + file.replace_entity(nullptr, old) + file.replace_entity(old, old), 0);
+  {
+    igsFile elsewhere;
+    EXPECT_EQ(file.replace_entity(old, new Node) + elsewhere.replace_entity(old, replacement), 0);
+    EXPECT_EQ(file.entity(1), old);
+  }
+  EXPECT_EQ(file.replace_entity(old, replacement), 1);
+  EXPECT_EQ(replacement->de_number(), 1);
+  EXPECT_EQ(file.entity(1), replacement);
+  for (const igsObjectPtr* p : {&pointer, &direct, &point->display_symbol()}) EXPECT_EQ(p->object(), replacement);
+  EXPECT_EQ(to_point.object(), point);
+  EXPECT_EQ(to_other.object(), other);
+  EXPECT_EQ(replacement->num_references(), 3);
+  EXPECT_EQ(file.num_entities(), 3);
+  EXPECT_EQ(file.entity(7), nullptr);
+}
+
+TEST(File, IteratorsPassOverWhatTheyShould) {
+  igsFile file;
+  auto *a = new Node, *b = new Node;
+  auto* line = new igs110;
+  auto* c = new Node;
+  a->children = {igsObjectPtr(c)};
+  delete b;
+  EXPECT_THAT(visited(igsFileIT(&file)), ElementsAre(a, line, c));
+  EXPECT_THAT(visited(igsFileIT(&file, 1)), ElementsAre(a, line));
+  EXPECT_THAT(visited(igsFileTypeIT(&file, Node::type())), ElementsAre(a, c));
+  EXPECT_THAT(visited(igsFileTypeIT(&file, Node::type(), 1)), ElementsAre(a));
+  EXPECT_THAT(visited(igsFileTypeIT(&file, igsCurve::type())), IsEmpty()) << "exact classes only";
+  igsFileIT it(&file);
+  while (++it != 0) delete it();
+  EXPECT_EQ(file.num_entities(), 0);
+}
+
+TEST(File, OtherDelimitersAreReadAndKept) {
+  struct Case {
+    char parameter, record;
+    std::string start;  ///< of the Global section; empty: as the builder has it
+  };
+  for (const Case& c : {Case{'/', '$', ""},
+                        {'|', '#', ""},
+                        {';', ',', ""},
+                        {',', ';', ",,"},
+                        {',', ';', "1H,, 1H;,"},
+                        {',', '#', ",1H#,"}}) {
+    IgesBuilder builder;
+    builder.delimiters(c.parameter, c.record).global(3, "1Ht");
+    builder.entity(116, 0, std::string("1.") + c.parameter + "2.");
+    if (!c.start.empty()) {
+      builder.edit('G', [&c](auto& records) {
+        const std::string rest = records[0].substr(8, 64);
+        records[0] = left(c.start + rest.substr(0, rest.find_last_of(c.parameter) + 1), 72) + "G      1";
+      });
+    }
+    igsFile file;
+    ASSERT_EQ(read_text(file, builder.text()), 1) << c.start;
+    EXPECT_THAT(active_errors(file), IsEmpty()) << c.start;
+    const std::string text = written(file), fields = {c.parameter, c.record};
+    EXPECT_EQ(column_fault(text), "");
+    EXPECT_EQ(records_of(text, 'P').at(0).substr(0, 14),
+              std::string("116") + c.parameter + "1." + c.parameter + "2." + c.parameter + "0." + c.parameter + '0')
+        << fields;
+    EXPECT_EQ(records_of(text, 'G').at(0).substr(0, 8),
+              std::string("1H") + c.parameter + c.parameter + "1H" + c.record + c.parameter);
+  }
+}
+
+TEST(File, ParametricEntitiesHaveTheirOwnPrecision) {
+  IgesBuilder builder;
+  for (const char* status : {"00000000", "00000500", "00000000"}) {
+    builder.entity(116, 0, "1.23456789,2.,3.,0", {.status = status});
+  }
+  igsFile file;
+  ASSERT_EQ(read_text(file, builder.text()), 1);
+  coResourceTable& options = kel_resource_table_inquire();
+  const int usual = options.value(kelOptDoubleParametricPrecision);
+  options.set_value(kelOptDoubleParametricPrecision, 4);
+  std::string starts;
+  for (const std::string& record : records_of(written(file), 'P')) starts += record.substr(4, 10) + ' ';
+  options.set_value(kelOptDoubleParametricPrecision, usual);
+  EXPECT_EQ(starts, "1.23456789 1.235,2.,3 1.23456789 ");
+}
+
+}  // namespace
+}  // namespace igs_test

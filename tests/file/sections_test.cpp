@@ -1,0 +1,374 @@
+// What hosts ask and set of the sections of a file and of directory entries. What is read, checked, repaired and
+// written of them: cases/file.case, global.case and directory.case.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <iterator>
+#include <limits>
+#include <random>
+
+#include "iges_builder.h"
+#include "igs/curves/igs116.h"
+#include "igs/file/igsDirectoryEntry.h"
+#include "igs/file/igsFile_errors.h"
+#include "igs/file/igsGlobalSection_errors.h"
+#include "igs/file/igsTerminateSection_errors.h"
+#include "igs/objects/igsObject.h"
+#include "igs/support/systemDate.h"
+
+namespace igs_test {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+Strings words(const std::string& text) {
+  std::istringstream in(text);
+  return {std::istream_iterator<std::string>(in), {}};
+}
+
+class Sections : public testing::Test {
+ protected:
+  Sections() {
+    ut_set_clock([] { return utDateTime{2026, 11, 21, 12, 30, 59}; });
+  }
+  ~Sections() override { ut_set_clock(nullptr); }
+};
+
+template <class Value>
+struct Setter {
+  int (igsGlobalSection::*set)(Value);
+  std::remove_cvref_t<Value> refused, taken;
+};
+
+/// Each setter refuses one value, which changes nothing, and takes the other one.
+template <class Value>
+void expect_taken(std::initializer_list<Setter<Value>> setters) {
+  for (const Setter<Value>& setter : setters) {
+    igsGlobalSection section;
+    const std::string before = printed(section);
+    EXPECT_EQ((section.*setter.set)(setter.refused), 0) << setter.refused;
+    EXPECT_EQ(printed(section), before) << setter.refused;
+    EXPECT_EQ((section.*setter.set)(setter.taken), 1) << setter.taken;
+    std::ostringstream text;
+    utOstream(text) << " = " << setter.taken;
+    EXPECT_TRUE(before != printed(section) || before.find(text.str()) != std::string::npos) << setter.taken;
+  }
+}
+
+TEST_F(Sections, GlobalSettersRefuseWhatTheCheckReports) {
+  using G = igsGlobalSection;
+  constexpr double infinite = std::numeric_limits<double>::infinity();
+  expect_taken<int>({{&G::set_binary_bits_for_int, 3, 4},
+                     {&G::set_sp_max_pow10, 37, 38},
+                     {&G::set_sp_sig_digs, 5, 6},
+                     {&G::set_dp_max_pow10, 37, 38},
+                     {&G::set_dp_sig_digs, 5, 6},
+                     {&G::set_max_number_of_line_weights, 0, 1},
+                     {&G::set_max_number_of_line_weights, 32769, 32768}});
+  expect_taken<double>({{&G::set_model_space_scale, 0, 1e-300},
+                        {&G::set_model_space_scale, infinite, 2},
+                        {&G::set_width_of_max_line_weight, -1e-9, 0},
+                        {&G::set_minimum_resolution, 9e-16, 1e-15},
+                        {&G::set_minimum_resolution, std::numeric_limits<double>::quiet_NaN(), 1}});
+  for (const auto set :
+       {&G::set_product_id_from_sending_system, &G::set_file_name, &G::set_system_id, &G::set_preprocessor_version,
+        &G::set_product_id_for_receiving_system, &G::set_name_of_author, &G::set_authors_organization}) {
+    expect_taken<const utString&>({{set, "", "text"}});
+  }
+}
+
+TEST_F(Sections, DelimitersAreNoPartOfNumbersAndDiffer) {
+  for (int code = 0; code < 256; ++code) {
+    const char c = static_cast<char>(code);
+    const bool valid = code > 32 && code != 127 && std::string_view("0123456789+-.DEH").find(c) == std::string::npos;
+    igsGlobalSection section;
+    EXPECT_EQ(section.set_parameter_delimiter(c), valid && c != ';' ? 1 : 0) << code;
+    EXPECT_EQ(section.parameter_delimiter(), valid && c != ';' ? c : ',');
+    igsGlobalSection other;
+    EXPECT_EQ(other.set_record_delimiter(c), valid && c != ',' ? 1 : 0) << code;
+    EXPECT_EQ(other.record_delimiter(), valid && c != ',' ? c : ';');
+  }
+}
+
+TEST_F(Sections, NewFileHasDefaults) {
+  igsFile file;
+  const std::string text = written(file);
+  EXPECT_EQ(column_fault(text), "");
+  std::string global;
+  for (const std::string& record : records_of(text, 'G')) global += record.substr(0, 72);
+  EXPECT_EQ(global.substr(0, global.find_last_not_of(' ') + 1),
+            "1H,,1H;,7HUnknown,7HUnknown,7HUnknown,7HUnknown,32,38,6,308,15,7HUnknown,1.,2,2HMM,1,0.,"
+            "15H20261121.123059,0.0001,1.7976931348623157D+308,7HUnknown,7HUnknown,3,0;");
+  EXPECT_EQ(file.global_section().file_modification_date().date_string(), "20261121.123059");
+  EXPECT_EQ(file.global_section().max_version(), 11);
+  EXPECT_EQ(records_of(text, 'T').at(0).substr(0, 32), "S      1G      3D      0P      0");
+  EXPECT_EQ(printed(igsTerminateSection()).find("= 0"), std::string::npos) << "counts are not set";
+}
+
+// An earlier version's Global section has no modification date.
+TEST_F(Sections, ModificationDateOfAnEarlierVersionIsIgnored) {
+  igsFile file;
+  EXPECT_EQ(read_text(file, IgesBuilder().global(23, "7").text()), 1);
+  EXPECT_EQ(file.global_section().file_modification_date().date_string(), "20261121.123059");
+}
+
+TEST_F(Sections, CopiesBelongToTheirNewFile) {
+  RecordingSink sink;
+  igsFile from, to;
+  ASSERT_EQ(read_text(from, IgesBuilder().global(14, "1").start({"Hello"}).text()), 1);
+  to.set_message_stream(&sink);
+  to.set_global_section(from.global_section());
+  to.set_start_section(from.start_section());
+  to.clean(0);
+  EXPECT_EQ(fixed_errors(to), Strings{"igsGlobalSectionUnitNameTypeMismatch 1,MM"});
+  EXPECT_EQ(active_errors(from), Strings());
+  EXPECT_THAT(sink.text, testing::HasSubstr("defaulted to INCH.\n"));
+  EXPECT_THAT(sink.tags, testing::Each("iges"));
+  EXPECT_THAT(written(to), testing::AllOf(testing::StartsWith("Hello "), testing::HasSubstr(",1,4HIN")));
+  EXPECT_THAT(written(from), testing::HasSubstr(",1,2HMM,"));
+  EXPECT_EQ(read_text(to, IgesBuilder().columns('S', 1, 80, "4").columns('T', 1, 2, "x").text()), 1);
+  for (const igsLogID id : {igsStartLog, igsTerminateLog}) {
+    igsSimpleSectionLogIT errors(to.error_log().get_section_log(id));
+    ASSERT_EQ(++errors, 1);
+    EXPECT_EQ(errors()->message_stream(), &sink);
+  }
+}
+
+TEST_F(Sections, ErrorsThatRepairNothing) {
+  igsFile file;
+  RecordingSink sink;
+  // Without a repair, or without the section that they are about.
+  for (igsError* const error : std::initializer_list<igsError*>{
+           new igsGlobalSectionUserDefinedUnits, new igsGlobalSectionFatal, new igsGlobalSectionNoConstruct,
+           new igsGlobalSectionEndNoRecordDelim, new igsGlobalSectionEndPremature, new igsGlobalSectionEndExtraData,
+           new igsGlobalSectionIllegalDefault(3, 1), new igsGlobalSectionInvalidIntegerSize(1),
+           new igsGlobalSectionInvalidMaxNumLineWeightGrads(1), new igsGlobalSectionInvalidUnitsFlag(0),
+           new igsGlobalSectionUnitNameTypeMismatch(1, "MM"), new igsTerminateSectionBadCount(igsStartSectionId, 1, 2),
+           new igsTerminateSectionNoConstruct, new igsFilePrematureObjectEnd(1), new igsFileObjectExtraData(3),
+           new igsFileDeletedNullEntity(5), new igsFileDeletedUnknownEntity(7), new igsFileLineNumberTooLarge,
+           new igsFileBackPtrTooLarge}) {
+    EXPECT_EQ(error->fix(), 0) << describe(*error);
+    error->set_message_stream(&sink);
+    EXPECT_EQ(error->fix(), 0) << describe(*error);
+  }
+  for (const int parameter : {0, 4, 13}) {  // those with a default need no repair
+    auto* const error = new igsGlobalSectionIllegalDefault(parameter, 1);
+    igsGlobalSection section;
+    error->set_key(&section);
+    EXPECT_EQ(error->fix(), 0) << parameter;
+  }
+  constexpr const char* see = "See the Frequently Asked Questions in the Help for more details";
+  EXPECT_EQ(sink.text, std::string("Error: IGES limit of 10 million lines per section exceeded.\n") + see +
+                           "Error: IGES limit of 5 million entities exceeded.\n" + see);
+}
+
+TEST_F(Sections, TerminateTakesWhatSevenColumnsCanHold) {
+  using T = igsTerminateSection;
+  const auto expect = [](int (T::*set)(int), int (T::*get)() const, std::initializer_list<int> refused, int taken) {
+    T section, other;
+    for (const int lines : refused) EXPECT_EQ((section.*set)(lines), 0) << lines;
+    EXPECT_EQ((section.*get)(), unset_int);
+    EXPECT_EQ((section.*set)(taken), 1);
+    other.become(section);
+    EXPECT_EQ((other.*get)(), taken);
+  };
+  expect(&T::set_start_lines, &T::start_lines, {0, -4}, 1);
+  expect(&T::set_global_lines, &T::global_lines, {10000000}, 9999999);
+  expect(&T::set_directory_lines, &T::directory_lines, {7, 0, -2, 10000000}, 8);
+  expect(&T::set_parameter_lines, &T::parameter_lines, {0, 10000000}, 7);
+}
+
+TEST_F(Sections, TerminateCountsAreRepaired) {
+  igsFile file;
+  EXPECT_EQ(read_text(file, IgesBuilder().columns('T', 1, 1, "S      4G      5D      6P      7").text()), 1);
+  file.clean(0);
+  const igsTerminateSection& section = file.terminate_section();
+  EXPECT_EQ(section.start_lines(), 1);
+  EXPECT_EQ(section.global_lines(), 3);
+  EXPECT_EQ(section.directory_lines(), 6) << "none is no count";
+  EXPECT_EQ(section.parameter_lines(), 7);
+  EXPECT_EQ(active_errors(file), Strings());
+}
+
+Strings lines_of(const igsStartSection& section) {
+  Strings lines(static_cast<std::size_t>(section.num_lines()));
+  for (int i = 0; i < section.num_lines(); ++i) section.line(i, lines[static_cast<std::size_t>(i)]);
+  return lines;
+}
+
+TEST_F(Sections, StartLinesAreTakenOrRefused) {
+  struct Case {
+    int index;
+    utString text;
+    int taken, lines;
+  };
+  for (const Case& c : {Case{0, "a", 1, 1},
+                        {5, "a", 1, 6},
+                        {1, utString(72, 'x'), 1, 2},
+                        {1, utString(73, 'x'), 0, 1},
+                        {1, "", 0, 1},
+                        {-1, "a", 0, 1},
+                        {9999999, "a", 0, 1}}) {
+    igsStartSection section;
+    EXPECT_EQ(section.set_line(c.index, c.text), c.taken) << c.index;
+    EXPECT_EQ(section.num_lines(), c.lines) << c.index;
+    utString line = "untouched";
+    EXPECT_EQ(section.line(c.index, line), c.taken) << c.index;
+    EXPECT_EQ(line, c.taken != 0 ? c.text : "untouched") << c.index;
+    EXPECT_EQ(section.valid(), 1) << c.index;
+  }
+  igsStartSection old;
+  old.set_line(2, "old");
+  igsFile file;
+  file.set_start_section(old);
+  EXPECT_EQ(lines_of(file.start_section()), (Strings{"", "", "old"}));
+  EXPECT_EQ(read_text(file, IgesBuilder().start({"new", ""}).text()), 1);
+  EXPECT_EQ(lines_of(file.start_section()), (Strings{left("new", 72), left("", 72), "old"}));
+  EXPECT_EQ(printed(igsStartSection()), "NoOfLinesInStartSection = 1\nStartSection = {\n\t1 = \"\"\n}\n");
+}
+
+TEST_F(Sections, StartLinesChangeInAnyOrder) {
+  constexpr std::size_t count = 40;
+  igsStartSection section;
+  Strings expected(count);
+  std::mt19937 random(1);
+  section.set_line(count - 1, "last");
+  expected[count - 1] = "last";
+  for (int step = 0; step < 3000; ++step) {
+    const std::size_t i = random() % count;
+    utString text(1 + random() % 72, static_cast<char>('a' + random() % 26));
+    for (std::size_t blanks = random() % 80, j = text.size(); blanks > 0 && j > 0; --blanks) text[--j] = ' ';
+    ASSERT_EQ(section.set_line(static_cast<int>(i), text), 1);
+    expected[i] = text;
+    ASSERT_EQ(lines_of(section), expected) << step;
+  }
+  igsStartSection copy;
+  copy.become(section);
+  section.set_line(0, "changed");
+  EXPECT_EQ(lines_of(copy), expected);
+}
+
+TEST_F(Sections, DatesHaveAFormAndACalendar) {
+  EXPECT_EQ(igsDate().date_string(), "20261121.123059");
+  EXPECT_EQ(igsDate().check(), 1);
+  EXPECT_EQ(igsDate("yesterday").date_string(), "yesterday");
+  // the first days and last days that there are
+  for (const std::string& valid :
+       words("19800101.000000 800101.000000 20261231.235959 261231.235959 20000229.000000 20200229.000000 "
+             "20210131.000000 20210331.000000 20210430.000000 20210531.000000 20210630.000000 20210731.000000 "
+             "20210831.000000 20210930.000000 20211031.000000 20211130.000000 20211231.000000")) {
+    EXPECT_EQ(igsDate(valid).check(), 1) << valid;
+    std::string other = valid;
+    valid.find("0101") != std::string::npos ? --other[other.size() - 8] : ++other[other.size() - 8];
+    EXPECT_EQ(igsDate(other).check(), 0) << other;
+  }
+  utDateTime date{1, 2, 3, 4, 5, 6};
+  for (const std::string& invalid :
+       words("20270101.000000 19791231.235959 790101.000000 270101.000000 20210229.000000 20211301.000000 "
+             "20210001.000000 20210101.240000 20210101.006000 20210101.000060 . 20210101 20210101.00000 "
+             "210101.0000000 20210101.0000000 202101010.00000 20210101:000000 +210101.000000 2021010a.000000 "
+             "zzzzzzzzzzzzzzz **0103.144123")) {
+    EXPECT_EQ(igsDate::check_date_string(invalid), 0) << invalid;
+  }
+  EXPECT_EQ(igsDate::check_date_string("") + igsDate::check_date_string("2021 101.000000") +
+                igsDate::check_date_string("20210101.00000\n"),
+            0);
+  EXPECT_EQ(igsDate::decode_date_string("20210101.00000x", date), 0);
+  EXPECT_EQ(igsDate::encode_date_string(date), "00010203.040506") << "left alone";
+  for (const std::string& century : words("99=1999 00=2000 26=2026 27=1927 0026=0026 2099=2099")) {
+    const std::size_t equals = century.find('=');
+    EXPECT_EQ(igsDate::decode_date_string(century.substr(0, equals) + "0102.030405", date), 1) << century;
+    EXPECT_EQ(igsDate::encode_date_string(date), century.substr(equals + 1) + "0102.030405");
+  }
+  EXPECT_EQ(igsDate::check_day_against_month(29, 2, 1900), 0);
+  EXPECT_EQ(igsDate::check_day_against_month(29, 2, 2000), 1);
+  EXPECT_EQ(igsDate::check_day_against_month(1, 0, 2000) + igsDate::check_day_against_month(1, 13, 2000), 0);
+}
+
+TEST_F(Sections, UnitsHaveNamesAndLengths) {
+  struct Unit {
+    const char* name;
+    double length;  ///< in inches, if it has a name
+  };
+  const Unit units[] = {{"UNKNOWN", 0},    {"INCH", 1},        {"MM", 1 / 25.4},   {"UNKNOWN", 0}, {"FT", 12},
+                        {"MI", 63360},     {"M", 1000 / 25.4}, {"KM", 1e6 / 25.4}, {"MIL", 0.001}, {"UM", 1e-3 / 25.4},
+                        {"CM", 10 / 25.4}, {"UIN", 1e-6},      {"UNKNOWN", 0}};
+  for (int flag = 0; flag <= 12; ++flag) {
+    const auto [name, length] = units[flag];
+    EXPECT_EQ(igsUnits(flag).name(), name);
+    EXPECT_EQ(igsUnits::type(name), length > 0 ? flag : 0) << name;
+    EXPECT_DOUBLE_EQ(igsUnits::convert_between_units(flag, 1), length > 0 ? length : 1) << name;
+    EXPECT_EQ(igsUnits::check_units(3, name), length > 0 ? 1 : 0) << name;
+    EXPECT_EQ(igsUnits::check_units(flag, "MM"), flag == 2 || flag == 3 ? 1 : 0) << name;
+  }
+  EXPECT_EQ(igsUnits::type("IN"), 1);
+  EXPECT_EQ(igsUnits::convert_between_units(5, 7), 1.609344) << "exactly";
+  EXPECT_EQ(igsUnits::convert_between_units(1, 12), 1);
+  EXPECT_EQ(igsUnits::name(unset_int), "UNKNOWN");
+  for (const char* name : {"", "in", "Inch", " MM", "MM ", "INCHES"}) EXPECT_EQ(igsUnits::type(name), 0) << name;
+}
+
+TEST_F(Sections, DirectoryAttributeIsANumberOrAPointer) {
+  igsFile file;
+  auto* const definition = new igs116;
+  for (const int number : {0, 1, 37, 99999999}) {
+    const igsLevel level(number);
+    EXPECT_EQ(level.level(), number);
+    EXPECT_TRUE(level.predefined_colour());
+    EXPECT_EQ(level.field(), number);
+  }
+  const igsColour colour(-1);
+  EXPECT_EQ(colour.definition().object(), definition);
+  EXPECT_EQ(colour.colour_value(), 0);
+  EXPECT_FALSE(colour.predefined_colour());
+  EXPECT_EQ(colour.field(), -1);
+  for (const int nowhere : {-2, -INT_MAX, INT_MIN}) EXPECT_EQ(igsLineFont(nowhere).field(), 0) << nowhere;
+  delete definition;
+  EXPECT_TRUE(colour.predefined_colour());
+}
+
+TEST_F(Sections, DirectoryEntryBecomesAnotherButForItsOwner) {
+  igsFile file;
+  IgesBuilder builder;
+  for (int i = 0; i < 4; ++i) builder.line();
+  builder.entity(116, 0, "", {-7, -1, -3, 5, 7, 1, "01020301", 3, -5, "ABCDEFGH", 9999999});
+  ASSERT_EQ(read_text(file, builder.text()), 1);
+  const igsDirectoryEntry& from = file.entity(9)->directory_entry();
+  EXPECT_EQ(from.start_of_parameter_data(), 5);
+  EXPECT_EQ(from.parameter_line_count(), 1);
+  EXPECT_EQ(from.structure(), -7);
+  EXPECT_EQ(from.line_font().pattern_value(), 0);
+  EXPECT_EQ(from.status_flags(), igsStatusFlags(1, 2, 3, 1));
+  igsDirectoryEntry& to = file.entity(1)->directory_entry();
+  const int references = file.entity(5)->num_references();
+  to.become(from);
+  EXPECT_EQ(printed(to), printed(from));
+  EXPECT_EQ(to.start_of_parameter_data(), 5);
+  EXPECT_EQ(to.parameter_line_count(), 1);
+  EXPECT_EQ(to.manager(), file.entity(1)->manager());
+  EXPECT_EQ(file.entity(5)->num_references(), references + 2);
+  to.remove_view();
+  EXPECT_EQ(to.view().object(), nullptr);
+  EXPECT_EQ(file.entity(5)->num_references(), references + 1);
+  to.set_entity_label("A LONGER LABEL");
+  to.become(to);
+  EXPECT_EQ(records_of(written(file), 'D').at(1).substr(40, 24), right("A LONGER", 24));
+}
+
+TEST_F(Sections, StatusValuesHaveNames) {
+  using F = igsStatusFlags;
+  for (const auto name : {F::blank_status_name, F::subordinate_status_name, F::entity_use_name, F::hierarchy_name}) {
+    EXPECT_STREQ(name(-1), "Unknown");
+    EXPECT_STREQ(name(7), "Unknown");
+  }
+  const std::pair<const char*, const char*> last[] = {
+      {F::blank_status_name(1), "Blanked"},
+      {F::subordinate_status_name(3), "Physically and Logically Dependent"},
+      {F::entity_use_name(6), "Constructional"},
+      {F::hierarchy_name(2), "Use hierarchy property"}};
+  for (const auto& [name, expected] : last) EXPECT_STREQ(name, expected);
+}
+
+}  // namespace
+}  // namespace igs_test
