@@ -22,7 +22,9 @@ class IGS_API igsFactoryShop {
 };
 
 /// Makes an entity of the class that stands for an entity type and form. The library's own classes are registered in
-/// one table (igsFactory.cpp); a host registers a class of its own by constructing an igsFactory before it reads files.
+/// one table (igsFactory.cpp); a host registers a class of its own by constructing an igsFactory, a static member of
+/// the class for example, before it reads files. The library's classes have no such member: it could be asked nothing,
+/// and would have to be there before whatever else is static.
 class IGS_API igsFactory {
  public:
   /// Registers `prototype` for forms `min_form` to `max_form` of `type`, after the ranges registered so far. The

@@ -1,24 +1,14 @@
 #include "igs/errors/igsError.h"
 
 #include <cstdarg>
-#include <unordered_map>
 
 #include "igs/errors/igsErrorPool.h"
 #include "igs/errors/igsSectionLog.h"
+#include "igs/file/igsFile.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsObject.h"
-#include "igs/objects/igsObjectPtr.h"
 
 igsErrorValueVisitor::~igsErrorValueVisitor() = default;
-
-namespace {
-// A sink that has no number in the error's log, or whose error has no log, is kept here under its error.
-std::unordered_map<const igsError*, kelabsOutput*>& streams_apart() {
-  // never destroyed: errors are deleted at the end of the process, too
-  static auto& streams = *new std::unordered_map<const igsError*, kelabsOutput*>;
-  return streams;
-}
-}  // namespace
 
 void* igsError::operator new(std::size_t size) { return igsErrorPool::take(size); }
 
@@ -26,38 +16,35 @@ void* igsError::operator new(std::size_t size, const std::nothrow_t& nothrow) no
   return igsErrorPool::take(size, nothrow);
 }
 
-void igsError::operator delete(void* memory) noexcept { igsErrorPool::give_back(memory); }
+void igsError::operator delete(void* memory, std::size_t size) noexcept { igsErrorPool::give_back(memory, size); }
 
 void igsError::operator delete(void* memory, const std::nothrow_t&) noexcept { igsErrorPool::give_back(memory); }
 
 igsError::~igsError() {
-  if (m_stream_number == kept_apart) streams_apart().erase(this);
+  leave_log();
+  share(nullptr);
 }
 
-igsSimpleSectionLog* igsError::log() const { return igsSimpleSectionLog::numbered(m_log_number); }
+// The log looks at the key, which is still there.
+igsIndexedError::~igsIndexedError() { leave_log(); }
 
-void igsError::set_log(igsSimpleSectionLog* log) {
-  kelabsOutput* const stream = message_stream();
-  set_message_stream(nullptr);
-  m_log_number = log != nullptr ? log->number() & igsSimpleSectionLog::max_logs : 0U;
-  set_message_stream(stream);
+void igsError::leave_log() {
+  if (log() == nullptr) return;
+  log()->forget(*this);
+  m_shared = nullptr;
+}
+
+void igsError::share(const Shared* shared) {
+  if (log() == nullptr) delete m_shared;
+  m_shared = shared;
 }
 
 void igsError::set_message_stream(kelabsOutput* stream) {
-  igsSimpleSectionLog* const owner = log();
-  unsigned number = 0;
-  if (stream != nullptr) number = owner != nullptr ? owner->number_of_stream(stream) : kept_apart;
-  if (number == kept_apart) {
-    streams_apart()[this] = stream;
-  } else if (m_stream_number == kept_apart) {
-    streams_apart().erase(this);
+  if (log() != nullptr) {
+    m_shared = log()->shared_with(stream);
+  } else {
+    share(stream != nullptr ? new Shared{nullptr, stream} : nullptr);
   }
-  m_stream_number = number & kept_apart;
-}
-
-kelabsOutput* igsError::message_stream() const {
-  if (m_stream_number == 0) return nullptr;
-  return m_stream_number == kept_apart ? streams_apart().at(this) : log()->stream(m_stream_number);
 }
 
 int igsError::fix() { return 0; }
@@ -65,11 +52,10 @@ int igsError::fix() { return 0; }
 void igsError::visit_values(igsErrorValueVisitor& /*visitor*/) const {}
 
 void igsError::message(const char* format, ...) const {
-  kelabsOutput* const stream = message_stream();
-  if (stream == nullptr) return;
+  if (message_stream() == nullptr) return;
   std::va_list arguments;
   va_start(arguments, format);
-  stream->print_list(iges_tag, format, arguments);
+  message_stream()->print_list(iges_tag, format, arguments);
   va_end(arguments);
 }
 
@@ -94,9 +80,10 @@ igsTerminateError::igsTerminateError() { igsObjectSystem::error_created(this); }
 
 int igsObjectError::obj() { return m_obj != 0 ? m_obj : key(); }
 
-igsObject* igsObjectError::object_at_key() const { return igsObjectPtr(key()).object(); }
-
-igsObject* igsObjectError::object_at_obj() { return igsObjectPtr(obj()).object(); }
+igsObject* igsObjectError::object_at(int de) const {
+  const igsFile* const own_file = log() != nullptr ? log()->file() : nullptr;
+  return (own_file != nullptr ? *own_file : igsObjectSystem::file()).entity(de);
+}
 
 int igsReferenceDataError::fix() {
   const igsObject* const referenced = object_at_obj();

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <new>
+#include <utility>
 
 #include "igs/support/export.h"
 #include "igs/support/igsTyped.h"
@@ -28,7 +29,8 @@ class IGS_API igsErrorValueVisitor {
 
 /// A deviation from the standard, found while reading or checking. Its class is its identity: errors carry values,
 /// never texts. Constructing an error of one of the five kinds below hands it to the error log of the current file,
-/// which owns it from then on: create errors with `new` and do not delete them.
+/// which owns it from then on: create errors with igs_report, or with `new`, and leave their deletion to the log. An
+/// error that is destroyed by someone else, one on the stack for example, leaves its log.
 class IGS_API igsError : public igsTypedRoot<"igsError"> {
  public:
   igsError(const igsError&) = delete;
@@ -39,7 +41,7 @@ class IGS_API igsError : public igsTypedRoot<"igsError"> {
   static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
   static void* operator new(std::size_t size, std::align_val_t alignment) { return ::operator new(size, alignment); }
   static void* operator new(std::size_t /*size*/, void* place) noexcept { return place; }
-  static void operator delete(void* memory) noexcept;
+  static void operator delete(void* memory, std::size_t size) noexcept;
   static void operator delete(void* memory, const std::nothrow_t&) noexcept;
   static void operator delete(void* memory, std::align_val_t alignment) noexcept {
     ::operator delete(memory, alignment);
@@ -61,12 +63,13 @@ class IGS_API igsError : public igsTypedRoot<"igsError"> {
 
   /// The section log that holds the error, and the error's place in its list of active or fixed errors (0-based); null
   /// and -1 when no log took it.
-  igsSimpleSectionLog* log() const;
+  igsSimpleSectionLog* log() const { return m_shared != nullptr ? m_shared->log : nullptr; }
   int log_position() const { return m_log_position; }
 
-  /// The sink for the texts that `fix` prints; null (the default) keeps it silent. Not owned.
+  /// The sink for the texts that `fix` prints; null (the default) keeps it silent. Not owned. An error that was given
+  /// its file's sink (igsFile::message_stream) speaks to whatever sink the file has later, and is silent without one.
   void set_message_stream(kelabsOutput* stream);
-  kelabsOutput* message_stream() const;
+  kelabsOutput* message_stream() const { return m_shared != nullptr ? m_shared->stream : nullptr; }
 
  protected:
   igsError() = default;
@@ -74,19 +77,31 @@ class IGS_API igsError : public igsTypedRoot<"igsError"> {
   IGS_PRINTF(2, 3) void message(const char* format, ...) const;
 
  private:
+  friend class igsIndexedError;
   friend class igsSimpleSectionLog;
   friend class igsIndexedSectionLog;
-  void set_log(igsSimpleSectionLog* log);
+
+  /// What errors of one log with one sink have in common, so that it takes one pointer an error. It is the log's, or,
+  /// for an error without a log, the error's own.
+  struct Shared {
+    igsSimpleSectionLog* log;
+    kelabsOutput* stream;
+  };
+
+  void share(const Shared* shared);
   void set_log_position(int position) { m_log_position = position; }
+  void leave_log();
 
-  /// Stands for a sink that has no number.
-  static constexpr unsigned kept_apart = 0xFF;
-
-  // A file may have millions of errors: the log and the sink, which most of them share, are kept as small numbers.
-  unsigned m_log_number : 24 = 0;    ///< igsSimpleSectionLog::number(); 0 without a log
-  unsigned m_stream_number : 8 = 0;  ///< igsSimpleSectionLog::stream(); 0 without a sink
+  const Shared* m_shared = nullptr;
   int m_log_position = -1;
 };
+
+/// Makes an error of the class `Error` from these values, which files it in the log of the current file. The log owns
+/// it; the answer is for tagging it.
+template <class Error, class... Values>
+Error* igs_report(Values&&... values) {
+  return new Error(std::forward<Values>(values)...);
+}
 
 /// An error with an integer key: for object and structure errors the DE number of the entity.
 class IGS_API igsIndexedError : public igsTyped<igsIndexedError, "igsIndexedError", igsError> {
@@ -94,6 +109,7 @@ class IGS_API igsIndexedError : public igsTyped<igsIndexedError, "igsIndexedErro
   /// -2147483647 until it is set.
   virtual int key() const { return m_key; }
   virtual void set_key(int key);
+  ~igsIndexedError() override;
 
  protected:
   igsIndexedError() = default;
@@ -115,11 +131,15 @@ class IGS_API igsObjectError : public igsTyped<igsObjectError, "igsObjectError",
  protected:
   igsObjectError();
 
-  /// The live entity at the key's (or obj()'s) DE number in the current file; null when there is none.
-  igsObject* object_at_key() const;
-  igsObject* object_at_obj();
+  /// The live entity at the key's (or obj()'s) DE number in the file whose log holds the error; null when there is
+  /// none.
+  igsObject* object_at_key() const { return object_at(key()); }
+  igsObject* object_at_obj() { return object_at(obj()); }
 
   int m_obj = 0;  ///< 0: not known
+
+ private:
+  igsObject* object_at(int de) const;
 };
 
 /// Says that an entity which this one refers to fails its own check. obj() is the referenced entity, so that the fixer

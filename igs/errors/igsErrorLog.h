@@ -18,7 +18,8 @@ inline constexpr int num_section_logs = 5;
 /// All errors of one file. Every file has one; igsObjectSystem::log() is the current file's.
 class IGS_API igsErrorLog {
  public:
-  igsErrorLog();
+  /// `file`: whose errors these are to be, null for no file's.
+  explicit igsErrorLog(igsFile* file = nullptr);
 
   /// Gives the error to the first section log that accepts it.
   void receive_error(igsError* error);
@@ -29,6 +30,12 @@ class IGS_API igsErrorLog {
 
   /// The log at position `log_id`; null for a value outside igsLogID. Owned by this object.
   igsSimpleSectionLog* get_section_log(igsLogID log_id) const;
+
+  /// The file whose log this is; null for a log that a host has made.
+  igsFile* file() const { return m_objects->file(); }
+
+  /// Tells the section logs which sink the file has now.
+  void set_message_stream(kelabsOutput* stream);
 
   /// The two logs that are indexed by DE number.
   igsIndexedSectionLog& object_log() const { return *m_objects; }

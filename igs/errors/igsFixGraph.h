@@ -1,24 +1,24 @@
 #pragma once
 
 #include <cstddef>
+#include <deque>
 #include <unordered_map>
 #include <vector>
+
+#include "igs/errors/igsFixNode.h"
 
 class igsIndexedSectionLog;
 
 /// Which entities have errors, which entities those depend on, and in what order they are to be repaired. Private to
-/// the fixer. Nodes are indices into `nodes()`, in order of first mention.
+/// the fixer.
 class igsFixGraph {
  public:
   /// Slots in the object log, one after the other.
   struct Run {
     int first, last;
   };
-  struct Node {
-    int used = 0;  ///< some other node depends on this one
-    int distance =
-        0;  ///< longest cycle-free path from a node that nothing depends on, which itself has 1; 0: unreachable
-    std::vector<int> dependencies;
+  struct Entity {
+    igsFixNode node;
     std::vector<Run> errors;  ///< where they are; each is looked up again when its turn comes
 
     void add_error(int slot);
@@ -26,17 +26,19 @@ class igsFixGraph {
 
   explicit igsFixGraph(const igsIndexedSectionLog& log);
 
-  std::vector<Node>& nodes() { return m_nodes; }
-  /// Node numbers by falling distance, in order of first mention within a level; without those of distance 0.
-  std::vector<int> schedule();
+  /// The node of the entity with this DE number; null for an entity without errors that none concern.
+  const igsFixNode* node(int de) const;
+  /// Finds the distances.
+  void schedule();
+  /// The entities by falling distance, in order of first mention within a level; without those of distance 0.
+  std::vector<const Entity*> order() const;
 
  private:
-  int node(int de);
-  bool order_depth_first(std::vector<int>& finished) const;
-  std::vector<int> longest_paths(const std::vector<int>& finished) const;
-  bool walk_cycles();
-  bool walk_from(int root, std::vector<char>& on_path, std::size_t& steps_left);
+  Entity& entity(int de);
+  bool order_depth_first(std::vector<const igsFixNode*>& finished) const;
+  void note_longest_paths(const std::vector<const igsFixNode*>& finished) const;
+  bool walk_cycles() const;
 
-  std::unordered_map<int, int> m_node_of_de;
-  std::vector<Node> m_nodes;
+  std::unordered_map<int, Entity*> m_entity_of_de;
+  std::deque<Entity> m_entities;  ///< in order of first mention
 };

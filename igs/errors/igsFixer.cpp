@@ -1,7 +1,10 @@
 #include "igs/errors/igsFixer.h"
 
+#include <optional>
+
 #include "igs/errors/igsFixGraph.h"
 #include "igs/errors/igsRepairRun.h"
+#include "igs/file/igsObjectSystem.h"
 
 namespace {
 void fix_in_log_order(igsErrorLog& log, igsLogID log_id, int keep_going) {
@@ -32,7 +35,12 @@ bool fix_in_run(igsErrorLog& log, const igsFixGraph::Run& run, int keep_going) {
 }
 }  // namespace
 
+igsFixer::igsFixer() = default;
+igsFixer::~igsFixer() = default;
+
 void igsFixer::fix(igsErrorLog& log, int keep_going) {
+  std::optional<igsFileScope> current;
+  if (log.file() != nullptr) current.emplace(*log.file());
   fix_file_errors(log, keep_going);
   fix_object_errors(log, keep_going);
   fix_global_errors(log, keep_going);
@@ -43,14 +51,23 @@ void igsFixer::fix(igsErrorLog& log, int keep_going) {
 void igsFixer::fix_file_errors(igsErrorLog& log, int keep_going) { fix_in_log_order(log, igsStructureLog, keep_going); }
 
 void igsFixer::fix_object_errors(igsErrorLog& log, int keep_going) {
-  const igsRepairRun run;
-  igsFixGraph graph(log.object_log());
-  for (const int number : graph.schedule()) {
-    for (const igsFixGraph::Run& run : graph.nodes()[static_cast<std::size_t>(number)].errors) {
+  const igsRepairRun repairs;
+  build_dependencies(log);
+  schedule_dependencies();
+  for (const igsFixGraph::Entity* const entity : m_graph->order()) {
+    for (const igsFixGraph::Run& run : entity->errors) {
       if (!fix_in_run(log, run, keep_going)) break;
     }
   }
 }
+
+void igsFixer::build_dependencies(const igsErrorLog& log) { m_graph = std::make_unique<igsFixGraph>(log.object_log()); }
+
+void igsFixer::schedule_dependencies() {
+  if (m_graph != nullptr) m_graph->schedule();
+}
+
+const igsFixNode* igsFixer::node(int de) const { return m_graph != nullptr ? m_graph->node(de) : nullptr; }
 
 void igsFixer::fix_global_errors(igsErrorLog& log, int keep_going) { fix_in_log_order(log, igsGlobalLog, keep_going); }
 

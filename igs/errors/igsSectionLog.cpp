@@ -1,56 +1,25 @@
 #include "igs/errors/igsSectionLog.h"
 
 #include <algorithm>
-#include <new>
+#include <iterator>
 #include <unordered_set>
 #include <utility>
 
 #include "igs/support/makeRoom.h"
 
-namespace {
-/// All logs by their number less 1; null where a number is free.
-struct Registry {
-  std::vector<igsSimpleSectionLog*> logs;
-  std::vector<unsigned> free_numbers;
-};
+igsSimpleSectionLog::igsSimpleSectionLog(const kluTypeInfo& accepted, igsFile* file)
+    : m_accepted(accepted), m_file(file) {}
 
-Registry& registry() {
-  static Registry& logs = *new Registry;  // never destroyed: the last logs are, at the end of the process
-  return logs;
-}
-}  // namespace
+igsSimpleSectionLog::~igsSimpleSectionLog() { igsSimpleSectionLog::clear(); }
 
-igsSimpleSectionLog::igsSimpleSectionLog(const kluTypeInfo& accepted) : m_accepted(accepted) {
-  auto& [logs, free_numbers] = registry();
-  if (free_numbers.empty()) {
-    if (logs.size() == max_logs) throw std::bad_alloc();
-    make_room(logs);
-    free_numbers.reserve(logs.capacity());
-    logs.push_back(this);
-    m_number = static_cast<unsigned>(logs.size());
-  } else {
-    m_number = free_numbers.back();
-    free_numbers.pop_back();
-    logs[m_number - 1] = this;
-  }
-}
-
-igsSimpleSectionLog::~igsSimpleSectionLog() {
-  igsSimpleSectionLog::clear();
-  registry().logs[m_number - 1] = nullptr;
-  registry().free_numbers.push_back(m_number);
-}
-
-igsSimpleSectionLog* igsSimpleSectionLog::numbered(unsigned number) {
-  return number != 0 ? registry().logs[number - 1] : nullptr;
-}
-
-unsigned igsSimpleSectionLog::number_of_stream(kelabsOutput* stream) {
-  const auto found = std::find(m_streams.begin(), m_streams.end(), stream);
-  if (found == m_streams.end() && m_streams.size() == max_streams) return igsError::kept_apart;
-  const auto number = static_cast<unsigned>(found - m_streams.begin()) + 1;
-  if (found == m_streams.end()) m_streams.push_back(stream);
-  return number;
+const igsError::Shared* igsSimpleSectionLog::shared_with(kelabsOutput* stream) {
+  if (stream == nullptr) return &m_silent;
+  if (stream == m_tagged.stream) return &m_tagged;
+  const auto known = std::find_if(m_own_sinks.rbegin(), m_own_sinks.rend(),
+                                  [stream](const auto& shared) { return shared->stream == stream; });
+  if (known != m_own_sinks.rend()) return known->get();
+  m_own_sinks.push_back(std::make_unique<igsError::Shared>(igsError::Shared{this, stream}));
+  return m_own_sinks.back().get();
 }
 
 int igsSimpleSectionLog::next_slot() const {
@@ -91,7 +60,7 @@ int igsSimpleSectionLog::receive_error(igsError* error) {
   next_slot();
   take_slot(error);
   ++m_num_errors;
-  if (error->log() == nullptr) error->set_log(this);
+  adopt(error);
   return 1;
 }
 
@@ -108,23 +77,34 @@ int igsSimpleSectionLog::mark_as_fixed(igsError* error) {
 
 void igsSimpleSectionLog::delete_error(igsError* error) {
   if (error == nullptr || error->log() != this) return;
-  update_log();
-  if (is_active(error)) {
-    free_slot(*error);
-  } else {
-    std::erase(m_fixed, error);
-    for (std::size_t i = 0; i < m_fixed.size(); ++i) m_fixed[i]->set_log_position(static_cast<int>(i));
+  error->leave_log();
+  delete error;
+}
+
+bool igsSimpleSectionLog::forget(const igsError& error) {
+  if (is_active(&error)) {
+    free_slot(error);
+    return true;
   }
+  const auto position = static_cast<std::size_t>(error.log_position());
+  if (position >= m_fixed.size() || m_fixed[position] != &error) return false;
+  m_fixed.erase(m_fixed.begin() + error.log_position());
+  for (std::size_t i = position; i < m_fixed.size(); ++i) m_fixed[i]->set_log_position(static_cast<int>(i));
+  return true;
+}
+
+void igsSimpleSectionLog::destroy(igsError* error) {
+  if (error != nullptr) error->m_shared = nullptr;
   delete error;
 }
 
 void igsSimpleSectionLog::clear() {
-  for (int slot = 0; slot < num_slots(); ++slot) delete in_slot(slot);
-  for (const igsError* error : m_fixed) delete error;
+  for (int slot = 0; slot < num_slots(); ++slot) destroy(in_slot(slot));
+  for (igsError* error : m_fixed) destroy(error);
   m_slots.clear();
   m_free_slot = -1;
   m_fixed = std::vector<igsError*>();
-  m_streams.clear();
+  m_own_sinks.clear();
   m_num_errors = 0;
 }
 
@@ -133,14 +113,14 @@ int igsIndexedSectionLog::receive_error(igsError* error) {
   error->set_log_position(static_cast<int>(m_received.size()));
   m_received.push_back(error);
   ++m_num_errors;
-  if (error->log() == nullptr) error->set_log(this);
+  adopt(error);
   return 1;
 }
 
 igsIndexedSectionLog::~igsIndexedSectionLog() { igsIndexedSectionLog::clear(); }
 
 void igsIndexedSectionLog::clear() {
-  for (const igsError* error : m_received) delete error;
+  for (igsError* error : m_received) destroy(error);
   m_received.clear();
   igsSimpleSectionLog::clear();
   m_index = std::unordered_map<int, Bucket>();
@@ -213,6 +193,16 @@ void igsIndexedSectionLog::key_changes(const igsIndexedError& error, int new_key
   if (!is_active(&error) || new_key == error.key()) return;  // not active: received but not indexed yet, or fixed
   add(new_key, error.log_position());
   leave(error.key());
+}
+
+// Who makes errors of his own destroys the latest first.
+bool igsIndexedSectionLog::forget(const igsError& error) {
+  if (igsSimpleSectionLog::forget(error)) return true;
+  const auto received = std::find(m_received.rbegin(), m_received.rend(), &error);
+  if (received == m_received.rend()) return false;
+  m_received.erase(std::next(received).base());
+  --m_num_errors;
+  return true;
 }
 
 int igsIndexedSectionLog::num_errors(int key) const {

@@ -10,12 +10,15 @@
 #include "igs/errors/igsError.h"
 #include "igs/support/export.h"
 
+class igsFile;
+
 /// The errors of one kind in one file: active errors in slots (a freed slot is the next to be used) and fixed errors in
 /// fixing order. Owns them all.
 class IGS_API igsSimpleSectionLog {
  public:
   /// Accepts errors whose class is `accepted` or descends from it; the record must outlive the log.
-  explicit igsSimpleSectionLog(const kluTypeInfo& accepted);
+  /// `file`: whose errors these are to be, null for no file's.
+  explicit igsSimpleSectionLog(const kluTypeInfo& accepted, igsFile* file = nullptr);
   igsSimpleSectionLog(const igsSimpleSectionLog&) = delete;
   igsSimpleSectionLog& operator=(const igsSimpleSectionLog&) = delete;
   virtual ~igsSimpleSectionLog();
@@ -31,6 +34,10 @@ class IGS_API igsSimpleSectionLog {
   /// Writes nothing: errors have no texts. Walk the log with its iterator and render each error from its class.
   virtual void print() const {}
 
+  /// The file whose errors these are; null for a log that a host has made.
+  igsFile* file() const { return m_file; }
+  /// Tells the log which sink its file has now, null for none: the errors that have the file's sink follow.
+  void set_message_stream(kelabsOutput* stream) { m_tagged.stream = stream; }
   /// The active error in slot `slot` (its log_position, 0-based); null for a slot that is free or does not exist.
   igsError* error_in_slot(int slot) const { return slot >= 0 && slot < num_slots() ? in_slot(slot) : nullptr; }
   /// Number of active errors.
@@ -45,6 +52,14 @@ class IGS_API igsSimpleSectionLog {
   virtual void update_log() const {}
   /// The error, of this log, is about to get another key.
   virtual void key_changes(const igsIndexedError& /*error*/, int /*new_key*/) {}
+  /// Makes this the log of an error that has none.
+  void adopt(igsError* error) {
+    if (error->log() == nullptr) error->share(shared_with(error->message_stream()));
+  }
+  /// Deletes an error of a list that goes as a whole.
+  static void destroy(igsError* error);
+  /// Takes the error out of whichever list it is in; false when it is in none.
+  virtual bool forget(const igsError& error);
   /// The error leaves its slot.
   virtual void slot_freed(const igsError& /*error*/) const {}
 
@@ -66,15 +81,8 @@ class IGS_API igsSimpleSectionLog {
   friend class igsIndexedError;
   friend class igsSimpleSectionLogIT;
 
-  static constexpr unsigned max_logs = 0xFFFFFF;
-  static constexpr unsigned max_streams = igsError::kept_apart - 1;
-
-  /// The number, from 1 to max_logs, by which this log is found while it lives, and the log that has it; null for none.
-  unsigned number() const { return m_number; }
-  static igsSimpleSectionLog* numbered(unsigned number);
-  /// The number, from 1 to max_streams, by which this log knows the sink; kept_apart when it knows so many others.
-  unsigned number_of_stream(kelabsOutput* stream);
-  kelabsOutput* stream(unsigned number) const { return m_streams[number - 1]; }
+  /// What errors of this log with this sink share.
+  const igsError::Shared* shared_with(kelabsOutput* stream);
 
   // A slot holds an active error or, where it is free, 2n + 3 for the slot n that was freed before it (1: none).
   static constexpr std::uintptr_t free_after(int slot) { return 2 * static_cast<std::uintptr_t>(slot + 1) + 1; }
@@ -86,10 +94,12 @@ class IGS_API igsSimpleSectionLog {
   }
 
   const kluTypeInfo& m_accepted;
-  unsigned m_number;
+  igsFile* m_file;
   mutable int m_free_slot = -1;  ///< the one freed last; -1 when none is free
-  std::vector<kelabsOutput*> m_streams;
-  mutable std::deque<std::uintptr_t> m_slots;  // a deque grows without copies and without room to spare
+  igsError::Shared m_silent{this, nullptr};
+  igsError::Shared m_tagged{this, nullptr};                    ///< of errors that speak to the file's sink
+  std::vector<std::unique_ptr<igsError::Shared>> m_own_sinks;  ///< of errors that were given another one
+  mutable std::deque<std::uintptr_t> m_slots;                  // a deque grows without copies and without room to spare
   std::vector<igsError*> m_fixed;
 };
 
@@ -112,6 +122,7 @@ class IGS_API igsIndexedSectionLog : public igsSimpleSectionLog {
  protected:
   void update_log() const override;
   void key_changes(const igsIndexedError& error, int new_key) override;
+  bool forget(const igsError& error) override;
   void slot_freed(const igsError& error) const override;
 
  private:

@@ -61,6 +61,11 @@ void igsFile::set_global_section(const igsGlobalSection& section) {
   m_global_section.set_owner(this);
 }
 
+void igsFile::set_message_stream(kelabsOutput* stream) {
+  m_message_stream = stream;
+  error_log().set_message_stream(stream);
+}
+
 int igsFile::num_entities() const { return static_cast<int>(m_slots.size() - m_free_slots.size()); }
 
 igsObject* igsFile::entity(int de_number) const {

@@ -57,7 +57,7 @@ class IGS_API igsFile {
   igsFile(const igsFile&) = delete;
   igsFile& operator=(const igsFile&) = delete;
 
-  /// The registry deletes the files that are left when the process ends, so it must know which were made with `new`.
+  /// An igsObjectSystem deletes the files that are left when it goes, so it must know which were made with `new`.
   static void* operator new(std::size_t size);
   static void operator delete(void* memory);
   static void* operator new(std::size_t, void* place) noexcept { return place; }
@@ -93,9 +93,10 @@ class IGS_API igsFile {
   /// 1 unless a read failed before the end of the Parameter Data section.
   int parameter_data_read() const { return m_parameter_data_read; }
 
-  /// The sink for warnings, null for none (the default). Not owned.
+  /// The sink for warnings, null for none (the default). Not owned. Errors that were found while the file had a sink
+  /// speak to the one it has now.
   kelabsOutput* message_stream() const { return m_message_stream; }
-  void set_message_stream(kelabsOutput* stream) { m_message_stream = stream; }
+  void set_message_stream(kelabsOutput* stream);
   /// Where `write` makes its temporary file; empty (the default) for the system's directory of temporary files.
   void set_write_dir(const utString& directory) { m_write_dir = directory; }
 

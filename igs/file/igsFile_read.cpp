@@ -143,11 +143,11 @@ constexpr int unknown_type = -1;
 /// The type and form that the entity is made for: type -1 for what no class can stand for.
 void settle_type(DirectoryFields& fields, int location) {
   if (fields.type != fields.second_type) {
-    new igsFileDEEntityTypeMismatch(location, fields.type, fields.second_type);
+    igs_report<igsFileDEEntityTypeMismatch>(location, fields.type, fields.second_type);
     fields.type = unknown_type;
   }
   if (!igsInfoDB::entity_exists(fields.type)) {  // the database knows the unknown type, with any form
-    new igsFileInvalidIGESEntity(location, fields.type);
+    igs_report<igsFileInvalidIGESEntity>(location, fields.type);
     fields.type = unknown_type;
     return;
   }
@@ -156,10 +156,10 @@ void settle_type(DirectoryFields& fields, int location) {
   int found = 0;
   igsInfoDB::default_form_number(fields.type, default_form, found);
   if (found != 0) {
-    new igsFileDefaultedForm(location, fields.type, fields.form);
+    igs_report<igsFileDefaultedForm>(location, fields.type, fields.form);
     fields.form = default_form;
   } else {
-    new igsFileUnknownForm(location, fields.type, fields.form);
+    igs_report<igsFileUnknownForm>(location, fields.type, fields.form);
     fields.type = unknown_type;
   }
 }
@@ -209,7 +209,7 @@ int igsFile::read_entity(igsInStream& in, igsObject& object) {
   const igsDirectoryEntry& entry = object.directory_entry();
   const int de = object.de_number();
   if (entry.start_of_parameter_data() != first_line) {
-    new igsFileIncorrectStartOfPD(de, first_line, entry.start_of_parameter_data());
+    igs_report<igsFileIncorrectStartOfPD>(de, first_line, entry.start_of_parameter_data());
   }
   int sequence_out_of_order = 0;
   try {
@@ -231,7 +231,7 @@ int igsFile::read_entity(igsInStream& in, igsObject& object) {
   const int next_record = in.in_section(igsParameterSectionId) != 0 ? 0 : 1;
   const int lines = in.num_lines(igsParameterSectionId) - lines_before + next_record;
   if (lines != entry.parameter_line_count()) {
-    new igsFileIncorrectPDLineCount(de, lines, entry.parameter_line_count());
+    igs_report<igsFileIncorrectPDLineCount>(de, lines, entry.parameter_line_count());
   }
   return 1;
 }

@@ -5,6 +5,7 @@
 #include <climits>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "igs/catalogue/igsInfoDB.h"
 #include "igs/errors/igsErrorLog.h"
@@ -293,6 +294,8 @@ void igsGlobalSection::tag_error(igsGlobalError* error) const {
 }
 
 void igsGlobalSection::check() const {
+  std::optional<igsFileScope> own_file;
+  if (m_owner != nullptr) own_file.emplace(*m_owner);
   forget_last_check();
   check_number_formats();
   if (!above_zero(m_model_space_scale)) tag_fault(new igsGlobalSectionInvalidModelSpaceScale(m_model_space_scale));

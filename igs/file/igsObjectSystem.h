@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <vector>
 
 #include "igs/support/export.h"
+#include "igs/support/neverDestroyed.h"
 
 class igsError;
 class igsErrorLog;
@@ -18,8 +20,9 @@ using igsFilecoDynArr = std::vector<igsFile*>;
 /// with one empty default file. For one thread.
 class IGS_API igsObjectSystem {
  public:
-  igsObjectSystem();
-  /// Deletes every file still registered that was made with `new`.
+  igsObjectSystem() { initialize_system(); }
+  /// Deletes every file still registered that was made with `new`. For hosts that want to be rid of everything: at the
+  /// end of a process nothing is deleted that its owner may still delete.
   ~igsObjectSystem();
   igsObjectSystem(const igsObjectSystem&) = delete;
   igsObjectSystem& operator=(const igsObjectSystem&) = delete;
@@ -55,24 +58,26 @@ class IGS_API igsObjectSystem {
   friend class igsGlobalError;
   friend class igsStartError;
   friend class igsTerminateError;
-  friend class igsFixer;
 
   static void file_created(igsFile* file);
   static void file_deleted(igsFile* file);
   static void start_system();
+  static igsFile& make_default_file();
   static void object_created(igsObject* object);
   static void ptr_created(igsObjectPtr* pointer, int slot);
   static void error_created(igsError* error);
   static igsErrorLog& log_of(const igsFile& file);
+  static bool is_current(const igsFile& file) {
+    return (*m_file_list)[static_cast<std::size_t>(m_current_file)] == &file;
+  }
 
-  static std::vector<igsFile*> m_file_list;
-  static std::vector<igsErrorLog*> m_error_log_list;
-  static std::vector<int> m_file_free_list;
-  static int m_num_files;
+  // Files of static storage are deleted when the process ends, in an order that nobody knows.
+  static neverDestroyed<std::vector<igsFile*>> m_file_list;
+  static neverDestroyed<std::vector<igsErrorLog*>> m_error_log_list;
+  static neverDestroyed<std::vector<int>> m_file_free_list;
   static int m_current_file;
   static int m_system_on_line;
   static int m_recurse_depth;
-  static int m_num_systems;
 };
 
 /// Makes a file current for the life of this object, then the one that was current before, if it still exists.
@@ -87,12 +92,13 @@ class IGS_API igsFileScope {
   igsFile* m_previous;
 };
 
-/// Brackets a traversal of entities of `file` with reentrant_start and reentrant_end. The outermost one makes the file
-/// current meanwhile.
+/// Brackets a traversal of entities of `file` with reentrant_start and reentrant_end. The file is current meanwhile.
 class IGS_API igsTraversalScope {
  public:
   explicit igsTraversalScope(const igsFile& file);
   ~igsTraversalScope();
+  /// How many traversals go on within each other, this one included.
+  int depth() const { return igsObjectSystem::m_recurse_depth; }
   igsTraversalScope(const igsTraversalScope&) = delete;
   igsTraversalScope& operator=(const igsTraversalScope&) = delete;
 

@@ -14,7 +14,6 @@
 #include "igs/objects/igsFieldVisitor.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/output/igsOutStream.h"
-#include "igs/support/utOstream.h"
 
 igsPointerVisitor::~igsPointerVisitor() = default;
 
@@ -62,18 +61,6 @@ class UnreferencingScope {
   igsObjectManager& m_manager;
 };
 
-/// Counts one level more while it lives.
-class DepthScope {
- public:
-  explicit DepthScope(int& depth) : m_depth(depth) { ++m_depth; }
-  ~DepthScope() { --m_depth; }
-  DepthScope(const DepthScope&) = delete;
-  DepthScope& operator=(const DepthScope&) = delete;
-
- private:
-  int& m_depth;
-};
-
 /// The entities that an entity's check asks to be checked, in that order.
 class CheckedChildren : public igsPointerVisitor {
  public:
@@ -109,7 +96,7 @@ const utString& igsObject::name() const { return igsInfoDB::entity_name(director
 int igsObject::num_references() const { return m_manager->num_references(); }
 
 int igsObject::num_logged_errors() const {
-  const igsErrorLog& log = igsObjectSystem::log();
+  const igsErrorLog& log = file().error_log();
   const int de = de_number();
   return log.object_log().num_errors(de) + log.structure_log().num_errors(de);
 }
@@ -123,16 +110,16 @@ int igsObject::read_pd_entity_type(igsInStream& in) {
   in.read_integer(type);
   const int expected = directory_entry().entity_type();
   if (expected == -1 || expected == type) return 1;
-  new igsFilePDEntityTypeMismatch(de_number(), type);
+  igs_report<igsFilePDEntityTypeMismatch>(de_number(), type);
   return 0;
 }
 
 void igsObject::read(igsInStream& in, int& sequence_out_of_order) {
   const bool nul_in_first_record = in.nul_in_record();  // stepping to it has forgotten the code
   if (read_pd_entity_type(in) != 0 && read_pd_data(in) != 0) {
-    if (in.error_type(igsIONotANumber) != 0) new igsFileCorruptObjectData(de_number());
+    if (in.error_type(igsIONotANumber) != 0) igs_report<igsFileCorruptObjectData>(de_number());
     if (nul_in_first_record || in.error_type(igsIONullCharacter) != 0) {
-      tag_error(static_cast<igsStructureError*>(new igsFilePDNullCharacters(de_number())));
+      tag_error(igs_report<igsFilePDNullCharacters>(de_number()));
     }
     if (in.error_type(igsIOSequenceOutOfOrder) != 0) sequence_out_of_order = 1;
     m_manager->set_visited(1);
@@ -167,13 +154,11 @@ void igsObject::write(igsOutStream& out) {
 
 int igsObject::check() const {
   // Checks call each other through references: on the call stack as far as that is surely deep enough.
-  constexpr int max_check_depth = 200;
-  static int depth = 0;
+  constexpr int max_check_depth = 201;
 
   const igsTraversalScope traversal(file());
   if (m_manager->visited() == 0) {
-    const DepthScope level(depth);
-    if (depth <= max_check_depth) {
+    if (traversal.depth() <= max_check_depth) {
       begin_check();
       check_this();
     } else {
@@ -186,7 +171,7 @@ int igsObject::check() const {
 void igsObject::begin_check() const {
   m_manager->set_visited(1);
   m_manager->set_validated(1);  // the answer to those that come back to this entity on a cycle
-  igsObjectSystem::log().object_log().clear(de_number());
+  file().error_log().object_log().clear(de_number());
 }
 
 void igsObject::check_this() const {
@@ -225,18 +210,4 @@ void igsObject::check_with_own_stack() const {
       path.pop_back();
     }
   }
-}
-
-void igsObject::print(utOstream& os) const {
-  static int depth = 0;
-  const igsTraversalScope traversal(file());
-  os << '@' << de_number() << '(' << static_cast<int>(directory_entry().entity_type()) << ") = {" << utEndl;
-  if (m_manager->visited() == 0 && depth < max_print_depth) {
-    m_manager->set_visited(1);
-    const DepthScope level(depth);
-    utOstream inner(os, 1);
-    directory_entry().print(inner);
-    print_pd_data(inner);
-  }
-  os << '}' << utEndl;
 }

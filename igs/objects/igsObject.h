@@ -51,9 +51,9 @@ class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
   virtual void check_pd() const = 0;
   /// Validates the directory entry: igsDirectoryEntry's common check unless a class has rules of its own.
   virtual void check_de() const;
-  /// Gives the error the file's message stream. A null error is ignored.
+  /// Gives an error, which its constructor has logged, the file's message stream, if there is one. Null is ignored.
   virtual void tag_error(igsStructureError* error) const;
-  /// As above, and sets the error's key to this entity's DE number.
+  /// As above, and makes it this entity's: sets its key to the DE number. Errors that are never tagged have no entity.
   virtual void tag_error(igsObjectError* error) const;
   /// Creates an error of class `Error` and tags this entity with it.
   template <class Error, class... Values>
@@ -89,18 +89,16 @@ class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
   const utString& name() const;
   /// Number of pointers to this entity.
   int num_references() const;
-  /// Number of active errors under this DE number in the current file's object and structure logs.
+  /// Number of active errors under this DE number in the object and structure logs of the entity's file.
   int num_logged_errors() const;
 
   /// Validates the entity and everything it refers to, once a pass: 1 when it has no logged errors. Object errors of an
   /// earlier check are dropped first. Chains of references of any length and cycles are safe.
   int check() const;
-  /// Prints the entity, and those it refers to within it. An entity met again in the same pass, or nested deeper than
-  /// `max_print_depth`, is printed as its heading line alone.
+  /// Prints the entity, and those it refers to within it. An entity met again in the same pass is printed as its
+  /// heading line alone. Entities nested deeper than 32 stand as far in as the first of them, so that long chains of
+  /// references give no long lines. Chains of any length and cycles are safe.
   void print(utOstream& os) const;
-
-  /// How many entities may be printed within each other.
-  static constexpr int max_print_depth = 32;
 
  protected:
   igsObject();
@@ -113,17 +111,21 @@ class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
   /// Passes over the records of this entity that were not read.
   void skip_this_entity(igsInStream& in);
   void set_directory_entry_type(igsEntityType type, int form);
+  /// Read and write the whole parameter data record, type number included; the parts of igsFile::read and
+  /// igsFile::write that concern one entity. Records out of sequence set `sequence_out_of_order` to 1.
+  void read(igsInStream& in, int& sequence_out_of_order);
+  void write(igsOutStream& out);
 
  private:
   friend class igsFactory;
   friend class igsFile;
 
   void set_manager(igsObjectManager* manager) { m_manager = manager; }
-  void read(igsInStream& in, int& sequence_out_of_order);
-  void write(igsOutStream& out);
   void check_this() const;
   void check_with_own_stack() const;
   void begin_check() const;
+  void print_this(utOstream& os) const;
+  void print_with_own_stack(utOstream& os) const;
 
   igsObjectManager* m_manager = nullptr;
 };

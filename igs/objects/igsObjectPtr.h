@@ -42,6 +42,11 @@ class IGS_API igsObjectPtr {
   igsObject* object() const;
   /// Null exactly where object() is.
   operator void*() const;  // NOLINT(google-explicit-constructor): pointers are tested and compared like raw ones
+  /// True where object() is not null.
+  explicit operator bool() const { return object() != nullptr; }
+  /// Makes `delete pointer` ambiguous, so that it does not compile. Nothing else chooses it.
+  // NOLINTNEXTLINE(google-explicit-constructor): only implicit ones count there
+  operator igsObjectPtr*() const volatile = delete;
   /// Not to be applied to a null pointer.
   igsObject* operator->() const { return object(); }
   /// The target's DE number, 0 for a null pointer: what is written to a file.
@@ -49,6 +54,8 @@ class IGS_API igsObjectPtr {
 
   /// Same target. Two null pointers are equal.
   bool operator==(const igsObjectPtr& other) const { return object() == other.object(); }
+  /// True when the target is `other`; for null, when there is no target.
+  bool operator==(const igsObject* other) const { return object() == other; }
 
   /// Gives the target up: when this is its only reference, the target's own references are given up and it is deleted;
   /// otherwise this pointer becomes null and the target lives on. The depth of such a cascade is not bounded by the

@@ -5,10 +5,10 @@
 #include <cstring>
 #include <ostream>
 
-utOstream::utOstream(std::ostream& target) : m_own{&target, true}, m_target(&m_own), m_tabs(0) {}
+utOstream::utOstream(std::ostream& target) : m_own{&target, true, 0, nullptr}, m_target(&m_own), m_tabs(0) {}
 
 utOstream::utOstream(utOstream& parent, int tabs)
-    : m_own{nullptr, false}, m_target(parent.m_target), m_tabs(parent.m_tabs + std::max(tabs, 0)) {}
+    : m_own{nullptr, false, 0, nullptr}, m_target(parent.m_target), m_tabs(parent.m_tabs + std::max(tabs, 0)) {}
 
 void utOstream::write(const char* text, std::size_t length) {
   if (length == 0) return;

@@ -3,8 +3,12 @@
 #include <cstddef>
 #include <iosfwd>
 #include <string_view>
+#include <vector>
 
 #include "igs/support/export.h"
+
+class igsObject;
+struct igsPrintPlace;
 
 /// An indentable text stream: the target of every `print`. A child writes to the same stream, some tabs further in; the
 /// tabs are written before the first text of each line. The stream beneath is never owned and must outlive this object;
@@ -29,10 +33,24 @@ class IGS_API utOstream {
 
  private:
   friend IGS_API utOstream& utEndl(utOstream&);
+  friend class igsObject;
 
   struct Target {
     std::ostream* stream;
     bool at_line_start;
+    int depth = 0;                                 ///< of entities that are printed within each other
+    std::vector<igsPrintPlace>* places = nullptr;  ///< of entities that are to be printed later; null for at once
+  };
+  /// One entity more while it lives.
+  class Level {
+   public:
+    explicit Level(utOstream& os) : m_target(*os.m_target) { ++m_target.depth; }
+    ~Level() { --m_target.depth; }
+    Level(const Level&) = delete;
+    Level& operator=(const Level&) = delete;
+
+   private:
+    Target& m_target;
   };
 
   void write(const char* text, std::size_t length);

@@ -3,7 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <random>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "iges_builder.h"
 #include "igs/curves/igs110.h"
@@ -135,6 +140,49 @@ TEST(Object, TaggingSetsKeyAndStream) {
   node->tag_error(static_cast<igsObjectError*>(nullptr));
   node->tag_error(static_cast<igsStructureError*>(nullptr));
   EXPECT_EQ(node->num_logged_errors(), 2);
+}
+
+/// The DE numbers of the headings, in the order in which they are printed.
+std::vector<int> headings(const std::string& text) {
+  std::vector<int> des;
+  for (std::size_t at = text.find('@'); at != std::string::npos; at = text.find('@', at + 1)) {
+    des.push_back(std::atoi(text.c_str() + at + 1));
+  }
+  return des;
+}
+
+void expected_headings(const Node& node, std::set<int>& seen, std::vector<int>& des) {
+  des.push_back(node.de_number());
+  if (!seen.insert(node.de_number()).second) return;
+  for (const igsObjectPtr& child : node.children) expected_headings(static_cast<Node&>(*child.object()), seen, des);
+}
+
+TEST(Object, PrintsWhatIsNestedDeeplyWhereItStands) {
+  igsFile file;
+  constexpr int length = 300;
+  Node* const first = igs_test::make_chain(length);
+  std::minstd_rand random(1);
+  for (int i = 0; i < length; ++i) {
+    auto* const node = static_cast<Node*>(file.entity(2 * i + 1));
+    const auto any = [&random] { return igsObjectPtr(2 * static_cast<int>(random() % length) + 1); };
+    if (i % 3 != 0) node->children.insert(node->children.begin(), any());
+    if (i % 2 != 0) node->children.push_back(any());
+  }
+  std::set<int> seen;
+  std::vector<int> des;
+  expected_headings(*first, seen, des);
+  const std::string text = igs_test::printed(*first);
+  EXPECT_EQ(headings(text), des);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '{'), std::count(text.begin(), text.end(), '}'));
+  EXPECT_EQ(text.substr(text.size() - 3), "\n}\n");
+}
+
+TEST(Object, PrintOfALongChainNeedsNoStackAndNoLongLines) {
+  igsFile file;
+  constexpr int length = 20000;
+  const std::string text = igs_test::printed(*igs_test::make_chain(length));
+  EXPECT_EQ(headings(text).size(), length);
+  EXPECT_EQ(text.find(std::string(36, '\t')), std::string::npos);
 }
 
 }  // namespace

@@ -1,0 +1,180 @@
+// What a host may do from outside: with several files at hand, with pointers, with classes of its own.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "errors/test_errors.h"
+#include "iges_builder.h"
+#include "igs/curves/igs110.h"
+#include "igs/errors/igsErrorLog.h"
+#include "igs/errors/igsFixer.h"
+#include "igs/file/igsFile.h"
+#include "igs/file/igsObjectSystem.h"
+#include "igs/objects/igsCurve.h"
+#include "objects/test_node.h"
+
+namespace {
+
+using namespace igs_test;  // NOLINT(google-build-using-namespace): the test's own vocabulary
+
+TEST(Host, WorksOnAFileWhileAnotherIsCurrent) {
+  igsFile file;
+  auto* const line = new igs110;
+  line->set_start_point({1, 2, 3});
+  line->set_end_point({1, 2, 3});
+  igsFile other;
+  auto* const node = new Node;
+  node->children = {igsObjectPtr(line)};
+  EXPECT_EQ(line->check(), 0);
+  EXPECT_EQ(line->num_logged_errors(), 1);
+  EXPECT_EQ(node->check(), 0) << "through a pointer from the other file";
+  EXPECT_EQ(active_errors(file), std::vector<std::string>{"igs110CoincidentPoints 1 1e-06"});
+  EXPECT_EQ(active_errors(other), std::vector<std::string>{"NodeBadChild 1 0"});
+  file.global_section().check();
+  EXPECT_GT(active_errors(file).size(), 1U);
+  EXPECT_EQ(active_errors(other).size(), 1U);
+  igsFixer().fix(file.error_log(), 1);
+  EXPECT_EQ(file.entity(1)->objtype().id_string(), "igsPolyline");
+  EXPECT_EQ(other.entity(1), node);
+  EXPECT_EQ(&igsObjectSystem::file(), &other);
+}
+
+TEST(Host, ComparesPointersWithObjects) {
+  igsFile file;
+  auto *const node = new Node, *const other = new Node;
+  const igsObjectPtr null, to_node(node), to_other(other);
+  EXPECT_TRUE(to_node == node && node == to_node && to_node != other && to_node != nullptr && nullptr != to_node);
+  EXPECT_TRUE(null == nullptr && null != node && null == igsObjectPtr(9) && to_node != to_other);
+  void* const raw = to_other;
+  EXPECT_TRUE(to_node && !null && raw == other && to_other == raw);
+}
+
+TEST(Host, TakesItsSinkAway) {
+  igsFile file;
+  const auto* const node = new Node;
+  RecordingSink sink, own, later;
+  file.set_message_stream(&sink);
+  auto *const tagged = new NodeFaulty, *const apart = new NodeFaulty;
+  node->tag_error(tagged);
+  apart->set_message_stream(&own);
+  file.set_message_stream(nullptr);
+  EXPECT_EQ(tagged->message_stream(), nullptr);
+  EXPECT_EQ(apart->message_stream(), &own);
+  file.set_message_stream(&later);
+  EXPECT_EQ(tagged->message_stream(), &later);
+}
+
+// In a log's three lists: not asked for yet, active, fixed.
+TEST(Host, DestroysErrorsItself) {
+  igsFile file;
+  igsIndexedSectionLog& log = file.error_log().object_log();
+  auto* const kept = new ObjectFault(0);
+  {
+    const ObjectFault received(1);
+    EXPECT_EQ(log.num_errors(), 2);
+  }
+  auto fixed = std::make_unique<ObjectFault>(2);
+  {
+    ObjectFault active(3);
+    active.set_key(7);
+    EXPECT_EQ(log.num_errors(7), 1);
+    log.mark_as_fixed(fixed.get());
+    fixed.reset();
+  }
+  EXPECT_EQ(log.num_errors(7), 0);
+  EXPECT_EQ(log.num_errors(), 1);
+  EXPECT_TRUE(log.fixed_errors().empty());
+  log.clear(kept->key());
+  EXPECT_EQ(log.num_errors(), 0);
+}
+
+// Destroyed after whatever the library makes when it is first used.
+std::unique_ptr<igsFile> file_of_static_storage;
+
+TEST(HostDeathTest, OwnsAFileToTheEndOfTheProcess) {
+  const auto end_with_a_file = [] {
+    file_of_static_storage = std::make_unique<igsFile>();
+    (new Node)->check();
+    std::exit(0);
+  };
+  EXPECT_EXIT(end_with_a_file(), testing::ExitedWithCode(0), "");
+}
+
+/// A class as a host writes it, without the library's templates.
+class HostCurve : public igsCurve {
+ public:
+  static const kluTypeInfo id;
+  const kluTypeInfo& objtype() const override { return id; }
+  bool isa(const kluTypeInfo& t) const override { return t == id; }
+  bool typeof(const kluTypeInfo& t) const override { return id.childof(t); }
+  igsObject* make_one() override { return new HostCurve; }
+  int read_pd_data(igsInStream& /*in*/) override { return 1; }
+  void write_pd_data(igsOutStream& /*out*/) override {}
+  void print_pd_data(utOstream& /*os*/) const override {}
+  void check_pd() const override {}
+  using igsObject::read;
+  using igsObject::write;
+};
+const kluTypeInfo* const parents_of_host_curve[] = {&igsCurve::id, &Node::id, nullptr};
+const kluTypeInfo HostCurve::id(utString("HostCurve"), parents_of_host_curve);
+
+TEST(Host, HasClassesOfItsOwn) {
+  igsFile file;
+  const igsObject& curve = *new HostCurve;
+  EXPECT_EQ(curve.objtype().id_string(), "HostCurve");
+  for (const kluTypeInfo* ancestor : {&HostCurve::id, &igsCurve::id, &igsObject::id, &Node::id}) {
+    EXPECT_TRUE(curve.typeof(*ancestor)) << ancestor->name();
+    EXPECT_EQ(curve.isa(*ancestor), ancestor == &HostCurve::id);
+  }
+  EXPECT_FALSE(curve.typeof(igs110::type()));
+  EXPECT_FALSE(igsCurve::id.childof(HostCurve::id));
+  EXPECT_FALSE(kluTypeInfo(utString("root")).childof(igsObject::id));
+}
+
+class HostFixer : public igsFixer {
+ public:
+  using igsFixer::build_dependencies;
+  using igsFixer::node;
+  using igsFixer::schedule_dependencies;
+};
+
+TEST(Host, AsksWhichRepairsWait) {
+  igsFile file;
+  ObjectFault::create(1, 0, 3);
+  ObjectFault::create(3, 1, 5);
+  ObjectFault::create(1, 2, 5);
+  HostFixer fixer;
+  EXPECT_EQ(fixer.node(1), nullptr);
+  fixer.build_dependencies(file.error_log());
+  fixer.schedule_dependencies();
+  const int expected[][4] = {{1, 0, 2, 1}, {3, 1, 1, 2}, {5, 1, 0, 3}};
+  for (const auto& [de, used, children, distance] : expected) {
+    const igsFixNode& node = *fixer.node(de);
+    EXPECT_EQ(node.is_used(), used) << de;
+    EXPECT_EQ(node.num_children(), children) << de;
+    EXPECT_EQ(node.distance(), distance) << de;
+  }
+  EXPECT_EQ(fixer.node(7), nullptr);
+}
+
+TEST(Host, WalksDependenciesOfItsOwn) {
+  igsFixNode a, b, c;
+  a.depends_on(&c);
+  a.depends_on(&b);
+  b.depends_on(&c);
+  c.depends_on(&a);
+  igsTraveller traveller;
+  a.accept_traveller(traveller);
+  EXPECT_EQ(traveller.distance_travelled(), 0);
+  EXPECT_EQ(a.distance() * 100 + b.distance() * 10 + c.distance(), 123);
+  igsFixNode d;
+  a.depends_on(&d);
+  igsTraveller tired(1);
+  c.accept_traveller(tired);
+  EXPECT_EQ(d.distance(), 0);
+}
+
+}  // namespace
