@@ -5,7 +5,7 @@
 #include <string>
 
 #include "igs/curves/igs112_errors.h"
-#include "igs/curves/igsSplineData.h"
+#include "igs/curves/private/igsSplineData.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/support/coResourceTable.h"
@@ -38,8 +38,8 @@ igs112::igs112() { set_directory_entry_type(igsEntity112, 0); }
 int igs112::set_size(int segments) {
   if (segments < 1 || segments == INT_MAX) return 0;
   const auto size = static_cast<std::size_t>(segments);
-  std::vector<double> coefficients(size * igsCubicSegment::size, undefined_real);
-  m_break_points.assign(size + 1, undefined_real);
+  std::vector<double> coefficients(size * igsCubicSegment::size, igs_undefined_real);
+  m_break_points.assign(size + 1, igs_undefined_real);
   m_coefficients.swap(coefficients);
   return 1;
 }
@@ -147,6 +147,6 @@ void igs112::check_segments() const {
 
 bool igs112::leaves_plane(std::size_t segment, double tolerance) const {
   const double* const z = m_coefficients.data() + (segment + 1) * igsCubicSegment::size - 4;
-  return std::any_of(z + 1, z + 4,
-                     [tolerance](double value) { return !is_undefined_real(value) && std::abs(value) > tolerance; });
+  return std::any_of(
+      z + 1, z + 4, [tolerance](double value) { return !igs_is_undefined_real(value) && std::abs(value) > tolerance; });
 }

@@ -12,7 +12,7 @@
 template <std::size_t N>
 class igsPolynomial {
  public:
-  igsPolynomial() { m_coefficients.fill(undefined_real); }
+  igsPolynomial() { m_coefficients.fill(igs_undefined_real); }
   explicit igsPolynomial(const std::array<double, N>& coefficients) : m_coefficients(coefficients) {}
 
   /// All of them.
@@ -74,5 +74,5 @@ int igs_set_piece(std::span<double> coefficients, std::size_t i, const igsSpline
 template <std::size_t N>
 bool igs_piece_is_unset(std::span<const double> coefficients, std::size_t i) {
   const double* const first = coefficients.data() + i * igsSplinePiece<N>::size;
-  return std::any_of(first, first + igsSplinePiece<N>::size, is_undefined_real);
+  return std::any_of(first, first + igsSplinePiece<N>::size, igs_is_undefined_real);
 }

@@ -3,8 +3,8 @@
 #include <cstdarg>
 #include <unordered_map>
 
-#include "igs/errors/igsErrorPool.h"
 #include "igs/errors/igsSectionLog.h"
+#include "igs/errors/private/igsErrorPool.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectPtr.h"
@@ -69,7 +69,7 @@ void igsError::message(const char* format, ...) const {
   if (stream == nullptr) return;
   std::va_list arguments;
   va_start(arguments, format);
-  stream->print_list(iges_tag, format, arguments);
+  stream->print_list(kel_iges_tag, format, arguments);
   va_end(arguments);
 }
 

@@ -1,7 +1,7 @@
 #include "igs/errors/igsFixer.h"
 
-#include "igs/errors/igsFixGraph.h"
-#include "igs/errors/igsRepairRun.h"
+#include "igs/errors/private/igsFixGraph.h"
+#include "igs/errors/private/igsRepairRun.h"
 
 namespace {
 void fix_in_log_order(igsErrorLog& log, igsLogID log_id, int keep_going) {

@@ -5,7 +5,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "igs/support/makeRoom.h"
+#include "igs/support/private/makeRoom.h"
 
 namespace {
 /// All logs by their number less 1; null where a number is free.

@@ -110,13 +110,13 @@ class igsFieldReader {
       m_given = false;
       (*this)(nullptr, element);
       if constexpr (std::is_same_v<Element, double>) {
-        if (m_in.take_value_present() == 0) element = undefined_real;
+        if (m_in.take_value_present() == 0) element = igs_undefined_real;
       }
       any_given = any_given || m_given;
       return m_given ? igsSupply::given : igsSupply::empty;
     };
     Element unset{};
-    if constexpr (std::is_same_v<Element, double>) unset = undefined_real;
+    if constexpr (std::is_same_v<Element, double>) unset = igs_undefined_real;
     const int believed = igs_read_bounded(m_in, count, elements, read, unset);
     m_position = position;
     m_given = given_before || any_given;

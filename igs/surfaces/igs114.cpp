@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "igs/curves/igsSplineData.h"
+#include "igs/curves/private/igsSplineData.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/support/coResourceTable.h"
@@ -50,11 +50,11 @@ igs114::igs114() { set_directory_entry_type(igsEntity114, 0); }
 
 int igs114::set_size(int m, int n) {
   if (m < 1 || n < 1 || coefficients_of(m, n) > INT_MAX) return 0;
-  std::vector<double> coefficients(static_cast<std::size_t>(coefficients_of(m, n)), undefined_real);
+  std::vector<double> coefficients(static_cast<std::size_t>(coefficients_of(m, n)), igs_undefined_real);
   m_count_u = m;
   m_count_v = n;
-  m_break_points_u.assign(static_cast<std::size_t>(m) + 1, undefined_real);
-  m_break_points_v.assign(static_cast<std::size_t>(n) + 1, undefined_real);
+  m_break_points_u.assign(static_cast<std::size_t>(m) + 1, igs_undefined_real);
+  m_break_points_v.assign(static_cast<std::size_t>(n) + 1, igs_undefined_real);
   m_coefficients.swap(coefficients);
   default_patches_without_meaning();
   return 1;
@@ -134,7 +134,7 @@ void igs114::default_patches_without_meaning() {
   constexpr std::size_t size = igsBicubicPatch::size;
   const auto default_patch = [this](int i, int j) {
     const auto first = m_coefficients.begin() + static_cast<std::ptrdiff_t>(position(i, j) * size);
-    std::replace(first, first + size, undefined_real, 0.0);
+    std::replace(first, first + size, igs_undefined_real, 0.0);
   };
   for (int i = 0; i < m_count_u; ++i) default_patch(i, m_count_v);
   for (int j = 0; j <= m_count_v; ++j) default_patch(m_count_u, j);

@@ -5,7 +5,7 @@
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/surfaces/igs141.h"
 #include "igs/surfaces/igs143_errors.h"
-#include "igs/surfaces/igsBoundaries.h"
+#include "igs/surfaces/private/igsBoundaries.h"
 
 igs143::igs143() { set_directory_entry_type(igsEntity143, 0); }
 

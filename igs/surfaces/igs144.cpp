@@ -5,7 +5,7 @@
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/surfaces/igs142.h"
 #include "igs/surfaces/igs144_errors.h"
-#include "igs/surfaces/igsBoundaries.h"
+#include "igs/surfaces/private/igsBoundaries.h"
 
 namespace {
 using OuterTest = igsReferenceTest<igsNullIsLegal, igs144InvalidOuterBoundType, igs144InvalidOuterBoundData>;

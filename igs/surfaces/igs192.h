@@ -25,7 +25,7 @@ class IGS_API_TEMPLATE igs192Base : public igsParametricReals<igsAnalyticSurface
   void check_surface() const;
 
  private:
-  double m_radius = undefined_real;
+  double m_radius = igs_undefined_real;
 };
 
 /// Form 0, without parameters.

@@ -29,8 +29,8 @@ class IGS_API_TEMPLATE igs194Base : public igsParametricReals<igsAnalyticSurface
   void check_surface() const;
 
  private:
-  double m_radius = undefined_real;
-  double m_semi_angle = undefined_real;
+  double m_radius = igs_undefined_real;
+  double m_semi_angle = igs_undefined_real;
 };
 
 /// Form 0, without parameters.

@@ -29,8 +29,8 @@ class IGS_API_TEMPLATE igs198Base : public igsAnalyticSurface<Self, Name, Form> 
   void check_surface() const;
 
  private:
-  double m_major_radius = undefined_real;
-  double m_minor_radius = undefined_real;
+  double m_major_radius = igs_undefined_real;
+  double m_minor_radius = igs_undefined_real;
 };
 
 /// Form 0, without parameters.

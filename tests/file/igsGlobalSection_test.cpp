@@ -197,7 +197,7 @@ TEST(GlobalSection, AbsentParameters) {
         << data;
     EXPECT_EQ(s.product_id_from_sending_system() + s.file_name() + s.product_id_for_receiving_system(), "");
     EXPECT_EQ(s.model_space_scale(), 1.0);
-    EXPECT_EQ(s.units(), igsUnits("UNKNOWN", unset_int));
+    EXPECT_EQ(s.units(), igsUnits("UNKNOWN", igs_unset_int));
     EXPECT_EQ(s.max_number_of_line_weights(), 1);
     EXPECT_EQ(s.width_of_max_line_weight(), 0.0);
     EXPECT_EQ(s.file_creation_date().date_string(), "20261121.123059");

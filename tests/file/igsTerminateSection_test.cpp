@@ -37,7 +37,7 @@ TEST(TerminateSection, SettersTakeWhatSevenColumnsCanHold) {
     EXPECT_EQ((section.*c.set)(c.value), c.taken) << c.value;
     const auto counts = section.counts();
     EXPECT_EQ(std::count(counts.begin(), counts.end(), c.value), c.taken) << c.value;
-    EXPECT_EQ(std::count(counts.begin(), counts.end(), unset_int), 4 - c.taken) << c.value;
+    EXPECT_EQ(std::count(counts.begin(), counts.end(), igs_unset_int), 4 - c.taken) << c.value;
   }
 }
 
@@ -101,7 +101,7 @@ TEST(TerminateSection, FixesWithoutASectionOrWithACountThatIsRefused) {
   auto* const odd = new igsTerminateSectionBadCount(igsDirectorySectionId, 4, 3);
   section.tag_error(odd);
   EXPECT_EQ(odd->fix(), 1);
-  EXPECT_EQ(section.directory_lines(), unset_int);
+  EXPECT_EQ(section.directory_lines(), igs_unset_int);
   section.tag_error(nullptr);
 }
 

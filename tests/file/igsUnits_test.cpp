@@ -18,7 +18,7 @@ TEST(Units, FlagsAndNames) {
   }
   EXPECT_EQ(igsUnits::type("IN"), 1);
   for (const char* name : {"", "in", "Inch", " MM", "MM ", "INCHES"}) EXPECT_EQ(igsUnits::type(name), 0) << name;
-  EXPECT_EQ(igsUnits::name(unset_int), "UNKNOWN");
+  EXPECT_EQ(igsUnits::name(igs_unset_int), "UNKNOWN");
 }
 
 TEST(Units, CheckUnits) {
@@ -40,7 +40,7 @@ TEST(Units, CheckUnits) {
                         {3, "ELL", 0},
                         {12, "ELL", 0},
                         {11, "UIN", 1},
-                        {unset_int, "MM", 0}}) {
+                        {igs_unset_int, "MM", 0}}) {
     EXPECT_EQ(igsUnits::check_units(c.flag, c.name), c.agree) << c.flag << c.name;
   }
 }
@@ -67,7 +67,7 @@ TEST(Units, ConvertsExactly) {
                         {1, 3, 1},
                         {0, 1, 1},
                         {1, 12, 1},
-                        {unset_int, 1, 1}}) {
+                        {igs_unset_int, 1, 1}}) {
     EXPECT_EQ(igsUnits::convert_between_units(c.from, c.to), c.factor) << c.from << " to " << c.to;
   }
 }

@@ -100,7 +100,7 @@ TEST(EntityPattern, ListsAndRecordsComposeInEveryOperation) {
   ASSERT_EQ(read_fields(*entity, "3,2,1.,2.,3.,,5.,2HAB,1,,1,1"), 1);
   ASSERT_EQ(entity->reals.size(), 3U);
   EXPECT_EQ(entity->reals[0], 3);
-  EXPECT_EQ(entity->reals[1], undefined_real);  // given as an empty field
+  EXPECT_EQ(entity->reals[1], igs_undefined_real);  // given as an empty field
   EXPECT_EQ(entity->reals[2], 5);
   EXPECT_EQ(entity->num_references(), 3);
   entity->reals[1] = 4;
@@ -134,7 +134,7 @@ TEST(EntityPattern, WhatTheRecordDoesNotSupplyIsUnset) {
   igsFile file;
   auto* const entity = new TestEntity;
   ASSERT_EQ(read_fields(*entity, "2,2,1.,2.,3."), 1);
-  EXPECT_EQ(entity->reals, (std::vector<double>{3, undefined_real}));
+  EXPECT_EQ(entity->reals, (std::vector<double>{3, igs_undefined_real}));
   ASSERT_EQ(entity->records.size(), 2U);
   EXPECT_EQ(entity->records[1].name, "");
   EXPECT_EQ(entity->records[1].target.object(), nullptr);
