@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "igs/igs.h"
-#include "igs/input/record.h"
+#include "igs/input/private/record.h"
 
 /// What the programs of this folder share.
 namespace igs_bench {

@@ -16,7 +16,8 @@ if(TARGET igs_static)
 endif()
 
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME igs_development)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/igs/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/igs FILES_MATCHING PATTERN *.h)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/igs/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/igs
+  FILES_MATCHING PATTERN *.h PATTERN private EXCLUDE)
 
 install(EXPORT igs NAMESPACE igs:: FILE igs-config.cmake DESTINATION ${igs_cmake_dir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/igs-config-version.cmake COMPATIBILITY SameMinorVersion)

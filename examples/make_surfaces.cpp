@@ -55,10 +55,10 @@ void add_trimmed_surface() {
   auto* trimmed = new igs144;
   trimmed->set_surface(igsObjectPtr(surface));
   trimmed->set_outer_boundary_flag(1);
-  igsObject* border_in_space = add_border(entity_use_geometry);
-  igsObject* border = add_border(entity_use_2d_parametric);
+  igsObject* border_in_space = add_border(igsStatusFlags::use_geometry);
+  igsObject* border = add_border(igsStatusFlags::use_2d_parametric);
   trimmed->set_outer_boundary(igsObjectPtr(add_boundary(surface, border, border_in_space)));
-  igsObject* hole = part(circle(giPoint2(30, 20), 8), entity_use_2d_parametric);
+  igsObject* hole = part(circle(giPoint2(30, 20), 8), igsStatusFlags::use_2d_parametric);
   igsObject* hole_in_space = part(circle(giPoint2(30, 20), 8));
   trimmed->set_inner_boundaries({igsObjectPtr(add_boundary(surface, hole, hole_in_space))});
 }

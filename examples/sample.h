@@ -47,7 +47,7 @@ inline int print(igsFile& file) {
 
 /// Says in the directory entry that another entity refers to this one, which has no meaning of its own without it.
 template <class Entity>
-Entity* part(Entity* entity, igsEntityUse use = entity_use_geometry) {
+Entity* part(Entity* entity, igsEntityUse use = igsStatusFlags::use_geometry) {
   constexpr igsSubordinateStatus physically_dependent = 1;
   entity->directory_entry().set_status_flags(igsStatusFlags(0, physically_dependent, use, 0));
   return entity;
@@ -76,7 +76,7 @@ inline igs100* circle(const giPoint2& centre, double radius, double z = 0) {
 }
 
 /// Of curves that follow each other; they become parts of it.
-inline igs102* composite(std::initializer_list<igsObject*> curves, igsEntityUse use = entity_use_geometry) {
+inline igs102* composite(std::initializer_list<igsObject*> curves, igsEntityUse use = igsStatusFlags::use_geometry) {
   auto* entity = new igs102;
   entity->set_size(static_cast<int>(curves.size()));
   int i = 0;

@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "igs/input/igsInBuffer.h"
-#include "igs/input/record.h"
+#include "igs/input/private/record.h"
 #include "invariants.h"
 #include "pieces.h"
 

@@ -117,7 +117,7 @@ inline void check_pointers(const igsFile& file) {
 
 /// The logs' counts agree with what their iterators find, as a whole and by key.
 inline void check_logs(const igsFile& file) {
-  for (int id = 0; id < num_section_logs; ++id) {
+  for (int id = 0; id < igs_num_section_logs; ++id) {
     const igsSimpleSectionLog* const log = file.error_log().get_section_log(static_cast<igsLogID>(id));
     std::map<int, int> by_key;
     int count = 0;

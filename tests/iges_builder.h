@@ -318,14 +318,14 @@ inline std::string describe(const igsError& error) {
   Values values;
   error.visit_values(values);
   const auto* indexed = dynamic_cast<const igsIndexedError*>(&error);
-  const bool has_key = indexed != nullptr && indexed->key() != unset_int;
+  const bool has_key = indexed != nullptr && indexed->key() != igs_unset_int;
   return error.objtype().id_string() + (has_key ? " " + std::to_string(indexed->key()) : "") + values.text;
 }
 
 /// The active errors of a file in log and slot order, as describe() gives them.
 inline std::vector<std::string> active_errors(const igsFile& file) {
   std::vector<std::string> errors;
-  for (int log = 0; log < num_section_logs; ++log) {
+  for (int log = 0; log < igs_num_section_logs; ++log) {
     igsSimpleSectionLogIT it(file.error_log().get_section_log(static_cast<igsLogID>(log)));
     while (++it != 0) errors.push_back(describe(*it()));
   }
@@ -334,7 +334,7 @@ inline std::vector<std::string> active_errors(const igsFile& file) {
 /// The fixed errors of a file, log by log in fixing order.
 inline std::vector<std::string> fixed_errors(const igsFile& file) {
   std::vector<std::string> errors;
-  for (int log = 0; log < num_section_logs; ++log) {
+  for (int log = 0; log < igs_num_section_logs; ++log) {
     for (const igsError* error : file.error_log().get_section_log(static_cast<igsLogID>(log))->fixed_errors()) {
       errors.push_back(describe(*error));
     }

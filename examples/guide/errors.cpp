@@ -37,8 +37,8 @@ void print_entity(const igsFile& file, const igsError& error) {
 
 // [logs]
 void print_errors(const igsFile& file) {
-  constexpr const char* titles[num_section_logs] = {"entities", "structure", "Global", "Start", "Terminate"};
-  for (int id = 0; id < num_section_logs; ++id) {
+  constexpr const char* titles[igs_num_section_logs] = {"entities", "structure", "Global", "Start", "Terminate"};
+  for (int id = 0; id < igs_num_section_logs; ++id) {
     const igsSimpleSectionLog& log = *file.error_log().get_section_log(static_cast<igsLogID>(id));
     std::cout << titles[id] << ": " << log.num_errors() << '\n';
     igsSimpleSectionLogIT errors(log);

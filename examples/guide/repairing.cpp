@@ -9,7 +9,7 @@ namespace {
 
 // [report]
 void print_fixed(const igsFile& file) {
-  for (int id = 0; id < num_section_logs; ++id) {
+  for (int id = 0; id < igs_num_section_logs; ++id) {
     const igsSimpleSectionLog& log = *file.error_log().get_section_log(static_cast<igsLogID>(id));
     for (const igsError* error : log.fixed_errors()) std::cout << "repaired: " << error->objtype().name() << '\n';
     igsSimpleSectionLogIT left(log);

@@ -1,6 +1,6 @@
 #include "igs/annotation/igs202.h"
 
-#include "igs/annotation/igsDimensionCheck.h"
+#include "igs/annotation/private/igsDimensionCheck.h"
 #include "igs/fields/igsEntityFields.h"
 
 igs202::igs202() { set_directory_entry_type(igsEntity202, 0); }

@@ -29,5 +29,5 @@ class IGS_API igs202 : public igsEntity<igs202, "igs202", igsDimension>, public 
 
  private:
   giPoint2 m_vertex;
-  double m_radius = undefined_real;
+  double m_radius = igs_undefined_real;
 };

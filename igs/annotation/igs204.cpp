@@ -1,6 +1,6 @@
 #include "igs/annotation/igs204.h"
 
-#include "igs/annotation/igsDimensionCheck.h"
+#include "igs/annotation/private/igsDimensionCheck.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/objects/igsCurve.h"
 

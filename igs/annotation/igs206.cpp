@@ -1,6 +1,6 @@
 #include "igs/annotation/igs206.h"
 
-#include "igs/annotation/igsDimensionCheck.h"
+#include "igs/annotation/private/igsDimensionCheck.h"
 #include "igs/fields/igsEntityFields.h"
 
 igs206::igs206() { set_directory_entry_type(igsEntity206, 0); }

@@ -1,7 +1,7 @@
 #include "igs/annotation/igs208.h"
 
 #include "igs/annotation/igs208_errors.h"
-#include "igs/annotation/igsDimensionCheck.h"
+#include "igs/annotation/private/igsDimensionCheck.h"
 #include "igs/fields/igsEntityFields.h"
 
 igs208::igs208() { set_directory_entry_type(igsEntity208, 0); }

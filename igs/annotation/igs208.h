@@ -31,5 +31,5 @@ class IGS_API igs208 : public igsEntity<igs208, "igs208", igsDimension>, public 
 
  private:
   giPoint3 m_corner;
-  double m_angle = undefined_real;
+  double m_angle = igs_undefined_real;
 };

@@ -2,7 +2,7 @@
 
 #include "igs/annotation/igs208_errors.h"
 #include "igs/annotation/igs210_errors.h"
-#include "igs/annotation/igsDimensionCheck.h"
+#include "igs/annotation/private/igsDimensionCheck.h"
 #include "igs/fields/igsEntityFields.h"
 
 igs210::igs210() { set_directory_entry_type(igsEntity210, 0); }

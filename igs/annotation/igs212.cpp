@@ -3,7 +3,7 @@
 #include "igs/annotation/igs212_errors.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/output/igsEncoder.h"
-#include "igs/structure/igsTextStyleCheck.h"
+#include "igs/structure/private/igsTextStyleCheck.h"
 
 void igsNoteString::set_text(utString text) {
   m_text = std::move(text);

@@ -56,7 +56,7 @@ class IGS_API igs214 : public igsEntity<igs214, "igs214", igsAnnotation> {
  private:
   double m_arrow_height = 0;
   double m_arrow_width = 0;
-  double m_z_level = undefined_real;
+  double m_z_level = igs_undefined_real;
   giPoint2 m_arrow_head;
   std::vector<giPoint2> m_tails;
 };

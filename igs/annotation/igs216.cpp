@@ -1,6 +1,6 @@
 #include "igs/annotation/igs216.h"
 
-#include "igs/annotation/igsDimensionCheck.h"
+#include "igs/annotation/private/igsDimensionCheck.h"
 #include "igs/fields/igsEntityFields.h"
 
 igs216::igs216() { set_directory_entry_type(igsEntity216, 0); }

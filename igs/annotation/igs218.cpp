@@ -1,6 +1,6 @@
 #include "igs/annotation/igs218.h"
 
-#include "igs/annotation/igsDimensionCheck.h"
+#include "igs/annotation/private/igsDimensionCheck.h"
 #include "igs/fields/igsEntityFields.h"
 
 igs218::igs218() { set_directory_entry_type(igsEntity218, 0); }

@@ -1,6 +1,6 @@
 #include "igs/annotation/igs220.h"
 
-#include "igs/annotation/igsDimensionCheck.h"
+#include "igs/annotation/private/igsDimensionCheck.h"
 #include "igs/curves/igs100.h"
 #include "igs/curves/igs102.h"
 #include "igs/curves/igsSimpleClosedPlanarCurve.h"

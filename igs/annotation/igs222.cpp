@@ -1,6 +1,6 @@
 #include "igs/annotation/igs222.h"
 
-#include "igs/annotation/igsDimensionCheck.h"
+#include "igs/annotation/private/igsDimensionCheck.h"
 #include "igs/fields/igsEntityFields.h"
 
 igs222::igs222() { set_directory_entry_type(igsEntity222, 0); }

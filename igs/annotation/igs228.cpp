@@ -1,7 +1,7 @@
 #include "igs/annotation/igs228.h"
 
 #include "igs/annotation/igs228_errors.h"
-#include "igs/annotation/igsDimensionCheck.h"
+#include "igs/annotation/private/igsDimensionCheck.h"
 #include "igs/fields/igsEntityFields.h"
 
 igs228::igs228() { set_directory_entry_type(igsEntity228, 0); }

@@ -14,7 +14,7 @@ void igs230::check_pd() const {
   if (m_pattern < 0) tag<igs230InvalidPattern>(m_pattern);
   if (m_point.is_undefined()) tag<igs230InvalidPoint>();
   if (!(m_distance >= 0)) tag<igs230InvalidDistance>(m_distance);
-  if (is_undefined_real(m_angle)) tag<igs230InvalidAngle>();
+  if (igs_is_undefined_real(m_angle)) tag<igs230InvalidAngle>();
   for (int i = 0; const igsObjectPtr& island : islands()) {
     igs230IslandErrors::Test::check(*this, island, igsKindOf<igsCurve>(), i++);
   }

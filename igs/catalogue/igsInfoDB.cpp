@@ -25,7 +25,7 @@ struct FormRow {
 struct EntityRow {
   int type;
   const char* name;
-  int default_form;  ///< unset_int: no default form
+  int default_form;  ///< igs_unset_int: no default form
   std::span<const FormRow> forms;
 };
 
@@ -332,7 +332,7 @@ constexpr EntityRow entity_rows[] = {
     {100, "Circular Arc", 0, no_forms},
     {102, "Composite Curve", 0, no_forms},
     {104, "Conic Arc", 0, forms_104},
-    {106, "Copious Data", unset_int, forms_106},
+    {106, "Copious Data", igs_unset_int, forms_106},
     {108, "Plane", 0, forms_108},
     {110, "Line", 0, no_forms},
     {112, "Parametric Spline Curve", 0, no_forms},
@@ -364,18 +364,18 @@ constexpr EntityRow entity_rows[] = {
     {156, "Right Circular Cone Frustum", 0, no_forms},
     {158, "Sphere", 0, no_forms},
     {160, "Torus", 0, no_forms},
-    {162, "Solid of Revolution", unset_int, forms_162},
+    {162, "Solid of Revolution", igs_unset_int, forms_162},
     {164, "Solid of Linear Extrusion", 0, no_forms},
     {168, "Ellipsoid", 0, no_forms},
     {180, "Boolean Tree", 0, no_forms},
     {182, "Selected Component", 0, no_forms},
     {184, "Solid Assembly", 0, no_forms},
     {186, "Manifold Solid B-Rep Object", 0, no_forms},
-    {190, "Plane Surface", unset_int, parameterization_forms},
-    {192, "Right Circular Cylindrical Surface", unset_int, parameterization_forms},
-    {194, "Right Circular Conical Surface", unset_int, parameterization_forms},
-    {196, "Spherical Surface", unset_int, parameterization_forms},
-    {198, "Toroidal Surface", unset_int, parameterization_forms},
+    {190, "Plane Surface", igs_unset_int, parameterization_forms},
+    {192, "Right Circular Cylindrical Surface", igs_unset_int, parameterization_forms},
+    {194, "Right Circular Conical Surface", igs_unset_int, parameterization_forms},
+    {196, "Spherical Surface", igs_unset_int, parameterization_forms},
+    {198, "Toroidal Surface", igs_unset_int, parameterization_forms},
     {202, "Angular Dimension", 0, no_forms},
     {204, "Curve Dimension", 0, no_forms},
     {206, "Diameter Dimension", 0, no_forms},
@@ -390,8 +390,8 @@ constexpr EntityRow entity_rows[] = {
     {222, "Radius Dimension", 0, forms_222},
     {228, "General Symbol", 0, forms_228},
     {230, "Sectioned Area", 0, forms_230},
-    {302, "Associativity Definition", unset_int, forms_302},
-    {304, "Line Font Definition", unset_int, forms_304},
+    {302, "Associativity Definition", igs_unset_int, forms_302},
+    {304, "Line Font Definition", igs_unset_int, forms_304},
     {306, "MACRO Definition", 0, no_forms},
     {308, "Subfigure Definition", 0, no_forms},
     {310, "Text Font Definition", 0, no_forms},
@@ -400,17 +400,17 @@ constexpr EntityRow entity_rows[] = {
     {316, "Units Data", 0, no_forms},
     {320, "Network Subfigure Definition", 0, no_forms},
     {322, "Attribute Table Definition", 0, forms_322},
-    {402, "Associativity Instance", unset_int, forms_402},
-    {404, "Drawing", unset_int, forms_404},
-    {406, "Property", unset_int, forms_406},
+    {402, "Associativity Instance", igs_unset_int, forms_402},
+    {404, "Drawing", igs_unset_int, forms_404},
+    {406, "Property", igs_unset_int, forms_406},
     {408, "Singular Subfigure Instance", 0, no_forms},
-    {410, "View", unset_int, forms_410},
+    {410, "View", igs_unset_int, forms_410},
     {412, "Rectangular Array Subfigure Instance", 0, no_forms},
     {414, "Circular Array Subfigure Instance", 0, no_forms},
-    {416, "External Reference", unset_int, forms_416},
+    {416, "External Reference", igs_unset_int, forms_416},
     {418, "Nodal Load/Constraint", 0, no_forms},
     {420, "Network Subfigure Instance", 0, no_forms},
-    {422, "Attribute Table Instance", unset_int, forms_422},
+    {422, "Attribute Table Instance", igs_unset_int, forms_422},
     {430, "Solid Instance", 0, no_forms},
     {502, "Vertex", 1, forms_502},
     {504, "Edge", 1, forms_504},
@@ -556,7 +556,7 @@ void igsInfoDB::default_form_number(int type, int& form, int& found) {
   form = 0;
   found = 0;
   const igsEntityInfo* info = find_entity(type);
-  if (info == nullptr || info->default_form_number() == unset_int) return;
+  if (info == nullptr || info->default_form_number() == igs_unset_int) return;
   form = info->default_form_number();
   found = 1;
 }

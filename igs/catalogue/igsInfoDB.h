@@ -31,7 +31,7 @@ class IGS_API igsFormInfo {
 /// One entity type: its name, its default form and its forms.
 class IGS_API igsEntityInfo {
  public:
-  /// `default_form_number` is unset_int for a type without a default form. The type starts without forms.
+  /// `default_form_number` is igs_unset_int for a type without a default form. The type starts without forms.
   igsEntityInfo(utString name, int default_form_number);
 
   const utString& entity_name() const { return m_entity_name; }

@@ -1,7 +1,7 @@
 #include "igs/curves/igs102.h"
 
 #include "igs/curves/igs102_errors.h"
-#include "igs/curves/igsGeometryChecks.h"
+#include "igs/curves/private/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/fields/igsReferenceTest.h"

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "igs/curves/igs112_errors.h"
-#include "igs/curves/igsSplineData.h"
+#include "igs/curves/private/igsSplineData.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/support/coResourceTable.h"
 
@@ -13,7 +13,7 @@ namespace {
 bool leaves_plane(const igsCubicSegment& segment, double tolerance) {
   const auto& z = segment.z.coefficients();
   return std::any_of(z.begin() + 1, z.end(), [tolerance](double coefficient) {
-    return !is_undefined_real(coefficient) && std::abs(coefficient) > tolerance;
+    return !igs_is_undefined_real(coefficient) && std::abs(coefficient) > tolerance;
   });
 }
 }  // namespace
@@ -27,7 +27,7 @@ int igs112::set_size(int segments) {
   if (segments < 1 || segments == INT_MAX) return 0;
   const auto size = static_cast<std::size_t>(segments);
   std::vector<igsCubicSegment> unset_segments(size);
-  m_break_points.assign(size + 1, undefined_real);
+  m_break_points.assign(size + 1, igs_undefined_real);
   m_segments.swap(unset_segments);
   return 1;
 }

@@ -3,7 +3,7 @@
 #include <climits>
 
 #include "igs/curves/igs126_errors.h"
-#include "igs/curves/igsSplineData.h"
+#include "igs/curves/private/igsSplineData.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/support/coResourceTable.h"
 
@@ -20,7 +20,7 @@ int igs126::set_order_size(int order, int count) {
   if (order < 1 || count < order || count > INT_MAX - order || any_array) return 0;
   const auto size = static_cast<std::size_t>(count);
   std::vector<giPoint3> control_points(size);
-  std::vector<double> weights(size, undefined_real);
+  std::vector<double> weights(size, igs_undefined_real);
   m_direction.make(order, count);
   m_control_points.swap(control_points);
   m_weights.swap(weights);
@@ -172,7 +172,7 @@ void igs126::check_weights() const {
 
 void igs126::check_parametric_limits() const {
   const double start = m_direction.start(), end = m_direction.end();
-  if (is_undefined_real(start) || is_undefined_real(end)) tag<igs126UnsetTrimmingParams>();
+  if (igs_is_undefined_real(start) || igs_is_undefined_real(end)) tag<igs126UnsetTrimmingParams>();
   if (end <= start) tag<igs126TrimParamsOutOfSequence>(start, end);
 }
 

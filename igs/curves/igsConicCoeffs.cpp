@@ -9,7 +9,7 @@ igsConicCoeffs::igsConicCoeffs(const double coeffs[6]) : m_values{} {
   std::copy_n(coeffs, m_values.size(), m_values.begin());
 }
 
-bool igsConicCoeffs::valid() const { return std::none_of(m_values.begin(), m_values.end(), is_undefined_real); }
+bool igsConicCoeffs::valid() const { return std::none_of(m_values.begin(), m_values.end(), igs_is_undefined_real); }
 
 void igsConicCoeffs::coeffs(double coeffs[6]) const { std::copy(m_values.begin(), m_values.end(), coeffs); }
 

@@ -17,7 +17,7 @@ enum igsConicType : int {
 /// set.
 class IGS_API igsConicCoeffs {
  public:
-  igsConicCoeffs() { m_values.fill(undefined_real); }
+  igsConicCoeffs() { m_values.fill(igs_undefined_real); }
   igsConicCoeffs(double a, double b, double c, double d, double e, double f) : m_values{a, b, c, d, e, f} {}
   explicit igsConicCoeffs(const double coeffs[6]);
 

@@ -78,7 +78,7 @@ class IGS_API igsCopiousData {
   }
 
   int m_dimensionality = planar;
-  double m_z_level = undefined_real;
+  double m_z_level = igs_undefined_real;
 
  private:
   void follow_dimensionality() {

@@ -97,7 +97,7 @@ void igsCopiousEntity<Self, Name, Parent, BaseForm, Errors>::check_layout() cons
 
 template <class Self, igsName Name, class Parent, int BaseForm, class Errors>
 void igsCopiousEntity<Self, Name, Parent, BaseForm, Errors>::check_points() const {
-  if (layout() == planar && is_undefined_real(m_z_level)) this->template tag<typename Errors::InvalidZLevel>();
+  if (layout() == planar && igs_is_undefined_real(m_z_level)) this->template tag<typename Errors::InvalidZLevel>();
   for (int i = 0; i < number_of_points(); ++i) {
     if (is_point_undefined(i)) this->template tag<typename Errors::InvalidPoint>(i);
   }

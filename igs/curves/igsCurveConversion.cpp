@@ -3,7 +3,7 @@
 #include "igs/curves/igsConvert.h"
 #include "igs/curves/igsPointset.h"
 #include "igs/curves/igsPolyline.h"
-#include "igs/errors/igsRepairRun.h"
+#include "igs/errors/private/igsRepairRun.h"
 #include "igs/file/igsFile.h"
 
 int igsCurveTypeError::obj() {

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "igs/curves/igsSplineData.h"
+#include "igs/curves/private/igsSplineData.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/support/utOstream.h"
 
@@ -62,7 +62,7 @@ void igsKnotVector::snap_knots(double tolerance) {
 }
 
 void igsKnotVector::make(int order, int count) {
-  m_knots.assign(static_cast<std::size_t>(order) + static_cast<std::size_t>(count), undefined_real);
+  m_knots.assign(static_cast<std::size_t>(order) + static_cast<std::size_t>(count), igs_undefined_real);
   m_order = order;
 }
 

@@ -57,8 +57,8 @@ class IGS_API igsKnotVector {
   void print_knots(utOstream& os, const char* label) const;
   void clear() { *this = igsKnotVector(); }
 
-  int m_order = unset_int;
+  int m_order = igs_unset_int;
   std::vector<double> m_knots;
-  double m_start = undefined_real;
-  double m_end = undefined_real;
+  double m_start = igs_undefined_real;
+  double m_end = igs_undefined_real;
 };

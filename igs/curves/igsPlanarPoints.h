@@ -72,7 +72,7 @@ void igsPlanarPointsEntity<Self, Name, Parent, Errors>::check_plane() const {
   const int dimensionality = this->told_dimensionality();
   if (dimensionality != igsCopiousData::planar)
     this->template tag<typename Errors::InvalidDimensionality>(dimensionality);
-  if (is_undefined_real(this->z_level())) this->template tag<typename Errors::InvalidZLevel>();
+  if (igs_is_undefined_real(this->z_level())) this->template tag<typename Errors::InvalidZLevel>();
 }
 
 template <class Self, igsName Name, class Parent, class Errors>

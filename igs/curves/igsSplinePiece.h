@@ -11,7 +11,7 @@
 template <std::size_t N>
 class igsPolynomial {
  public:
-  igsPolynomial() { m_coefficients.fill(undefined_real); }
+  igsPolynomial() { m_coefficients.fill(igs_undefined_real); }
   explicit igsPolynomial(const std::array<double, N>& coefficients) : m_coefficients(coefficients) {}
 
   /// All of them.
@@ -44,14 +44,14 @@ struct igsSplinePiece {
   /// True when a coefficient was never set.
   bool has_unset() const {
     const auto has_unset = [](const igsPolynomial<N>& polynomial) {
-      return std::any_of(polynomial.coefficients().begin(), polynomial.coefficients().end(), is_undefined_real);
+      return std::any_of(polynomial.coefficients().begin(), polynomial.coefficients().end(), igs_is_undefined_real);
     };
     return has_unset(x) || has_unset(y) || has_unset(z);
   }
   /// Makes 0 what was never set.
   void set_unset_to_zero() {
     for (igsPolynomial<N>* const polynomial : {&x, &y, &z}) {
-      std::replace(polynomial->coefficients().begin(), polynomial->coefficients().end(), undefined_real, 0.0);
+      std::replace(polynomial->coefficients().begin(), polynomial->coefficients().end(), igs_undefined_real, 0.0);
     }
   }
 

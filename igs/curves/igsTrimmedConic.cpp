@@ -6,5 +6,5 @@ void igsTrimmedConic::end_points(giPoint2& start, giPoint2& end) const {
 }
 
 bool igsTrimmedConic::valid_pd() const {
-  return !m_start_point.is_undefined() && !m_end_point.is_undefined() && !is_undefined_real(m_z_level);
+  return !m_start_point.is_undefined() && !m_end_point.is_undefined() && !igs_is_undefined_real(m_z_level);
 }

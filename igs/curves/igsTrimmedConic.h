@@ -24,7 +24,7 @@ class IGS_API igsTrimmedConic : public igsTyped<igsTrimmedConic, "igsTrimmedConi
   /// True when both end points and the z level are defined.
   bool valid_pd() const;
 
-  double m_z_level = undefined_real;
+  double m_z_level = igs_undefined_real;
   giPoint2 m_start_point;
   giPoint2 m_end_point;
 };

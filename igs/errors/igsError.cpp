@@ -2,7 +2,6 @@
 
 #include <cstdarg>
 
-#include "igs/errors/igsErrorPool.h"
 #include "igs/errors/igsSectionLog.h"
 #include "igs/file/igsFile.h"
 #include "igs/file/igsObjectSystem.h"
@@ -55,7 +54,7 @@ void igsError::message(const char* format, ...) const {
   if (message_stream() == nullptr) return;
   std::va_list arguments;
   va_start(arguments, format);
-  message_stream()->print_list(iges_tag, format, arguments);
+  message_stream()->print_list(kel_iges_tag, format, arguments);
   va_end(arguments);
 }
 

@@ -116,7 +116,7 @@ class IGS_API igsIndexedError : public igsTyped<igsIndexedError, "igsIndexedErro
   explicit igsIndexedError(int key) : m_key(key) {}
 
  private:
-  int m_key = unset_int;
+  int m_key = igs_unset_int;
 };
 
 /// A fault of one entity. The key is set when the entity tags the error.

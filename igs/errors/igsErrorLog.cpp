@@ -33,5 +33,5 @@ void igsErrorLog::set_message_stream(kelabsOutput* stream) {
 }
 
 igsSimpleSectionLog* igsErrorLog::get_section_log(igsLogID log_id) const {
-  return log_id >= 0 && log_id < num_section_logs ? m_logs[static_cast<std::size_t>(log_id)].get() : nullptr;
+  return log_id >= 0 && log_id < igs_num_section_logs ? m_logs[static_cast<std::size_t>(log_id)].get() : nullptr;
 }

@@ -13,7 +13,7 @@ enum igsLogID : int {
   igsStartLog = 3,      ///< igsStartError
   igsTerminateLog = 4   ///< igsTerminateError
 };
-inline constexpr int num_section_logs = 5;
+inline constexpr int igs_num_section_logs = 5;
 
 /// All errors of one file. Every file has one; igsObjectSystem::log() is the current file's.
 class IGS_API igsErrorLog {
@@ -42,7 +42,7 @@ class IGS_API igsErrorLog {
   igsIndexedSectionLog& structure_log() const { return *m_structure; }
 
  private:
-  std::array<std::unique_ptr<igsSimpleSectionLog>, num_section_logs> m_logs;
+  std::array<std::unique_ptr<igsSimpleSectionLog>, igs_num_section_logs> m_logs;
   igsIndexedSectionLog* m_objects;
   igsIndexedSectionLog* m_structure;
 };

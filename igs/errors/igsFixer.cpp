@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "igs/errors/igsFixGraph.h"
-#include "igs/errors/igsRepairRun.h"
+#include "igs/errors/private/igsFixGraph.h"
+#include "igs/errors/private/igsRepairRun.h"
 #include "igs/file/igsObjectSystem.h"
 
 namespace {

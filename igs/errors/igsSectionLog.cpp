@@ -5,7 +5,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "igs/support/makeRoom.h"
+#include "igs/support/private/makeRoom.h"
 
 igsSimpleSectionLog::igsSimpleSectionLog(const kluTypeInfo& accepted, igsFile* file)
     : m_accepted(accepted), m_file(file) {}

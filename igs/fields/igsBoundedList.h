@@ -18,10 +18,10 @@ struct igsBadCount {
 };
 
 /// A count in a file is believed up to this many elements, whatever the record supplies ...
-inline constexpr std::int64_t always_believed_count = 256;
+inline constexpr std::int64_t igs_always_believed_count = 256;
 /// ... and beyond it up to this many times the elements that the record supplies; in both cases as long as the file as
 /// a whole is granted the elements that are missing (igsInStream::grant_missing).
-inline constexpr std::int64_t believed_per_supplied = 4;
+inline constexpr std::int64_t igs_believed_per_supplied = 4;
 
 /// What a record has for an element of a list.
 enum class igsSupply {
@@ -51,7 +51,7 @@ int igs_read_bounded(igsInStream& in, std::int64_t count, std::vector<Element>& 
                      const Element& unset = Element()) {
   constexpr std::int64_t weight = igs_weight_of_element<Element>;
   list.clear();
-  if (count > 0) list.reserve(static_cast<std::size_t>(std::min(count, always_believed_count / weight)));
+  if (count > 0) list.reserve(static_cast<std::size_t>(std::min(count, igs_always_believed_count / weight)));
   std::int64_t supplied = 0;
   for (std::int64_t i = 0; i < count; ++i) {
     Element element = unset;
@@ -60,7 +60,7 @@ int igs_read_bounded(igsInStream& in, std::int64_t count, std::vector<Element>& 
     if (supply == igsSupply::given) ++supplied;
     list.push_back(std::move(element));
   }
-  const std::int64_t believed = std::max(always_believed_count / weight, believed_per_supplied * supplied);
+  const std::int64_t believed = std::max(igs_always_believed_count / weight, igs_believed_per_supplied * supplied);
   const std::int64_t paid = igs_is_cheap_element<Element> ? static_cast<std::int64_t>(list.size()) : supplied;
   if (count < 0 || count > believed || in.grant_missing((count - paid) * weight) == 0) {
     list = std::vector<Element>();  // `= {}` would keep the memory

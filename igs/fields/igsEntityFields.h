@@ -142,7 +142,7 @@ class igsFieldReader : public igsExactReals {
       return m_given ? igsSupply::given : igsSupply::empty;
     };
     Element unset{};
-    if constexpr (std::is_same_v<Element, double>) unset = undefined_real;
+    if constexpr (std::is_same_v<Element, double>) unset = igs_undefined_real;
     const int believed = igs_read_bounded(m_in, count, elements, read, unset);
     m_position = position;
     m_given = given_before || any_given;
@@ -167,7 +167,7 @@ class igsFieldReader : public igsExactReals {
   }
   void read_supplied(double& value) {
     read_double(value);
-    if (m_in.take_value_present() == 0) value = undefined_real;
+    if (m_in.take_value_present() == 0) value = igs_undefined_real;
   }
   template <class Error>
   void refuse(int count) {

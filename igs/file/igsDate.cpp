@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "igs/input/number.h"
+#include "igs/input/private/number.h"
 #include "igs/support/utOstream.h"
 
 namespace {

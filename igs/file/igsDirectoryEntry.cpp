@@ -8,10 +8,10 @@
 #include "igs/curves/igs124.h"
 #include "igs/file/igsDE_errors.h"
 #include "igs/file/igsFile.h"
-#include "igs/input/record.h"
+#include "igs/file/private/igsDirectoryFields.h"
+#include "igs/input/private/record.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectManager.h"
-#include "igs/output/fixedColumns.h"
 #include "igs/output/igsOutStream.h"
 #include "igs/support/utOstream.h"
 
@@ -104,43 +104,51 @@ void igsDirectoryEntry::direction_check() const { check(false, INT_MIN); }
 void igsDirectoryEntry::shape_check(bool may_be_parametric) const {
   common_check();
   const igsEntityUse use = m_status_flags.entity_use();
-  if (use == entity_use_logical_positional || (use == entity_use_2d_parametric && !may_be_parametric)) {
-    m_manager->object()->tag_error(new igsDEInvalidEntityUse(entity_use_geometry));
+  if (use == igsStatusFlags::use_logical_positional ||
+      (use == igsStatusFlags::use_2d_parametric && !may_be_parametric)) {
+    m_manager->object()->tag_error(new igsDEInvalidEntityUse(igsStatusFlags::use_geometry));
   }
 }
 
-namespace {
-using DirectoryRecords = FixedColumns<std::size_t{2} * data_columns>;
-
-/// Two columns: a zero and the digit. Other values, none of the standard, stand there as far as they fit.
-void add_status(DirectoryRecords& records, int status) {
-  if (status >= 0 && status <= 9) {
-    records.add_character('0');
-    records.add_character(static_cast<char>('0' + status));
-  } else {
-    records.add_integer(2, status);
-  }
+void igsDirectoryEntry::take(const igsDirectoryFields<utString>& fields) {
+  m_parameter_data_pointer = fields.parameter_data;
+  m_structure = fields.structure;
+  m_line_font = igsLineFont(fields.line_font);
+  m_level = igsLevel(fields.level);
+  m_view = igsObjectPtr(fields.view);
+  m_matrix = igsObjectPtr(fields.matrix);
+  m_label_display = igsObjectPtr(fields.label_display);
+  m_status_flags = {fields.blank_status, fields.subordinate_status, fields.entity_use, fields.hierarchy};
+  m_line_weight = fields.line_weight;
+  m_colour = igsColour(fields.colour);
+  m_parameter_line_count = fields.parameter_lines;
+  m_form_number = fields.form;
+  m_entity_label = fields.label;
+  m_entity_subscript = fields.subscript;
 }
-}  // namespace
 
 void igsDirectoryEntry::write(igsOutStream& out) const {
-  constexpr int field_width = 8;
-  constexpr int label_width = 24;  // the two reserved fields and the label, which stands in the last 8 columns
-  DirectoryRecords records;
-  for (const int field : {static_cast<int>(m_entity_type), m_parameter_data_pointer, m_structure, m_line_font.field(),
-                          m_level.field(), m_view.de_number(), m_matrix.de_number(), m_label_display.de_number()}) {
-    records.add_integer(field_width, field);
-  }
-  for (const int status : {m_status_flags.blank_status(), m_status_flags.subordinate_status(),
-                           m_status_flags.entity_use(), m_status_flags.hierarchy()}) {
-    add_status(records, status);
-  }
-  for (const int field :
-       {static_cast<int>(m_entity_type), m_line_weight, m_colour.field(), m_parameter_line_count, m_form_number}) {
-    records.add_integer(field_width, field);
-  }
-  records.add_text(label_width, std::string_view(m_entity_label).substr(0, field_width));
-  records.add_integer(field_width, m_entity_subscript);
+  igsDirectoryFields<std::string_view> fields{.type = m_entity_type,
+                                              .parameter_data = m_parameter_data_pointer,
+                                              .structure = m_structure,
+                                              .line_font = m_line_font.field(),
+                                              .level = m_level.field(),
+                                              .view = m_view.de_number(),
+                                              .matrix = m_matrix.de_number(),
+                                              .label_display = m_label_display.de_number(),
+                                              .blank_status = m_status_flags.blank_status(),
+                                              .subordinate_status = m_status_flags.subordinate_status(),
+                                              .entity_use = m_status_flags.entity_use(),
+                                              .hierarchy = m_status_flags.hierarchy(),
+                                              .second_type = m_entity_type,
+                                              .line_weight = m_line_weight,
+                                              .colour = m_colour.field(),
+                                              .parameter_lines = m_parameter_line_count,
+                                              .form = m_form_number,
+                                              .label = m_entity_label,
+                                              .subscript = m_entity_subscript};
+  FixedColumns<std::size_t{2} * data_columns> records;
+  fields.layout(igsDirectoryWriter(records));
   out.write_columns(records.text());
 }
 

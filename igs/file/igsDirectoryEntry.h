@@ -7,6 +7,8 @@
 #include "igs/support/export.h"
 #include "igs/support/utString.h"
 
+template <class Text>
+struct igsDirectoryFields;
 class igsObjectManager;
 class igsOutStream;
 class utOstream;
@@ -86,6 +88,8 @@ class IGS_API igsDirectoryEntry {
     m_entity_type = type;
     m_form_number = form;
   }
+  /// Takes over what has been read, but for the entity type.
+  void take(const igsDirectoryFields<utString>& fields);
   /// Writes the entry's two records.
   void write(igsOutStream& out) const;
   void check(bool with_matrix, int min_line_weight) const;

@@ -1,18 +1,17 @@
 #include "igs/file/igsFile.h"
 
-#include <algorithm>
 #include <memory>
 
 #include "igs/errors/igsErrorLog.h"
 #include "igs/errors/igsFixer.h"
 #include "igs/file/igsDirectoryEntry.h"
-#include "igs/file/igsEntityPool.h"
-#include "igs/file/igsFileMemory.h"
 #include "igs/file/igsObjectSystem.h"
+#include "igs/file/private/igsEntityPool.h"
+#include "igs/file/private/igsFileMemory.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectManager.h"
-#include "igs/structure/igsViewNumbers.h"
-#include "igs/support/makeRoom.h"
+#include "igs/structure/private/igsViewNumbers.h"
+#include "igs/support/private/makeRoom.h"
 #include "igs/support/utOstream.h"
 
 namespace {
@@ -87,7 +86,6 @@ void igsFile::object_created(igsObject* object) {
     m_pending.erase(waiting);
   } else {
     manager = m_pool->make_manager();
-    ++m_num_managers;
   }
   if (m_free_slots.empty()) {
     m_slots.push_back(nullptr);
@@ -121,7 +119,6 @@ igsObjectManager* igsFile::add_pending(int slot) {
     throw;
   }
   manager->set_file(this);
-  ++m_num_managers;
   return manager;
 }
 
@@ -130,7 +127,6 @@ void igsFile::object_deleted(igsObject* object) {
   const int slot = manager->system_location();
   m_slots[index(slot)] = nullptr;
   m_free_slots.push_back(slot);
-  --m_num_managers;
   m_pool->destroy(manager);
 }
 
@@ -148,13 +144,6 @@ void igsFile::reset_visit_flags() const {
   for (igsObjectManager* const manager : m_slots) {
     if (manager != nullptr) manager->set_visited(0);
   }
-}
-
-int igsFile::all_entities_visited() const {
-  return std::all_of(m_slots.begin(), m_slots.end(),
-                     [](const igsObjectManager* manager) { return manager == nullptr || manager->visited() != 0; })
-             ? 1
-             : 0;
 }
 
 void igsFile::compress() {

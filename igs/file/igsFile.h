@@ -138,7 +138,6 @@ class IGS_API igsFile {
   igsObjectManager* add_pending(int slot);
   void release_prototype(igsObject* object);
   void reset_visit_flags() const;
-  int all_entities_visited() const;
   void tidyup();
   void compress();
   void set_system_location(int location) { m_system_location = location; }
@@ -152,7 +151,6 @@ class IGS_API igsFile {
   int read_stream(std::istream& in, utOstream& messages);
   int read_sections(igsInStream& in, utOstream& messages);
   void note_read_fault(igsInStream& in);
-  void note_line_faults(igsInStream& in);
   void drop_entity(igsObject* object);
   int read_entity(igsInStream& in, igsObject& object);
   int write_entities(igsOutStream& stream);
@@ -167,12 +165,9 @@ class IGS_API igsFile {
   std::vector<int> m_free_slots;
   std::unordered_map<int, igsObjectManager*> m_pending;
   std::unique_ptr<igsEntityPool> m_pool;
-  int m_num_managers = 0;
   int m_system_location = -1;
   utString m_write_dir;
   kelabsOutput* m_message_stream = nullptr;
-  int m_invalid_line_numbers = 0;
-  int m_blank_lines = 0;
   int m_parameter_data_read = 1;
   int m_num_deleted_nulls = 0;
   int m_num_deleted_unknowns = 0;

@@ -4,13 +4,14 @@
 
 #include "igs/catalogue/igsInfoDB.h"
 #include "igs/file/igsDirectoryEntry.h"
-#include "igs/file/igsEntityPool.h"
 #include "igs/file/igsFile.h"
-#include "igs/file/igsFileMemory.h"
 #include "igs/file/igsFile_errors.h"
 #include "igs/file/igsObjectSystem.h"
+#include "igs/file/private/igsDirectoryFields.h"
+#include "igs/file/private/igsEntityPool.h"
+#include "igs/file/private/igsFileMemory.h"
 #include "igs/input/igsInStream.h"
-#include "igs/input/record.h"
+#include "igs/input/private/record.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/objects/igsPlaceholders.h"
@@ -36,29 +37,22 @@ int igsFile::read_stream(std::istream& in, utOstream& messages) {
 
   const int result = read_sections(stream, messages);
   if (result == 0) note_read_fault(stream);
-  // Stepping over a boundary forgets what the record behind it has met.
-  if (stream.ever_met(igsIOSequenceOutOfOrder)) m_invalid_line_numbers = 1;
-  if (stream.ever_met(igsIOBlankLine)) m_blank_lines = 1;
-  if (m_invalid_line_numbers != 0) tag_error(new igsFileInvalidLineNumbers);
-  if (m_blank_lines != 0) tag_error(new igsFileBlankLine);
+  if (stream.ever_met(igsIOSequenceOutOfOrder)) tag_error(new igsFileInvalidLineNumbers);
+  if (stream.ever_met(igsIOBlankLine)) tag_error(new igsFileBlankLine);
   if (m_parameter_data_read != 0) tidyup();
   return result;
 }
 
 int igsFile::read_sections(igsInStream& in, utOstream& messages) {
   int result = m_start_section.read(in);
-  note_line_faults(in);
-  if (result != 0) result = m_global_section.read(in, messages, m_invalid_line_numbers, m_blank_lines);
+  if (result != 0) result = m_global_section.read(in, messages);
   if (result != 0) result = read_directory_section(in);
   if (result != 0) {
     reset_visit_flags();
     result = read_parameter_data_section(in);
   }
   m_parameter_data_read = result;
-  if (result == 0) return 0;
-  result = m_terminate_section.read(in);
-  note_line_faults(in);
-  return result;
+  return result != 0 ? m_terminate_section.read(in) : 0;
 }
 
 void igsFile::note_read_fault(igsInStream& in) {
@@ -74,14 +68,11 @@ void igsFile::note_read_fault(igsInStream& in) {
   if (m_read_fault.code == igsIOBadBackPointer) --m_read_fault.records_before;
 }
 
-void igsFile::note_line_faults(igsInStream& in) {
-  if (in.error_type(igsIOSequenceOutOfOrder) != 0) m_invalid_line_numbers = 1;
-  if (in.error_type(igsIOBlankLine) != 0) m_blank_lines = 1;
-}
-
 namespace {
-// A stream may fail behind a sound record, which does not freeze the buffer: no other section can follow then.
+// What the fields have met is collected, or the first fields of the next section would answer for it. A stream may fail
+// behind a sound record, which does not freeze the buffer: no other section can follow then.
 int leave_section(igsInStream& in) {
+  in.error();
   if (in.fatal_error() != 0 || in.reset() == 0) return 0;
   in.clear_errors();
   return 1;
@@ -95,48 +86,7 @@ int igsFile::read_directory_section(igsInStream& in) {
 }
 
 namespace {
-/// The fields of a directory entry as they stand in the file, in file order.
-struct DirectoryFields {
-  int type = 0, parameter_data = 0, structure = 0, line_font = 0, level = 0, view = 0, matrix = 0, label_display = 0;
-  int blank_status = 0, subordinate_status = 0, entity_use = 0, hierarchy = 0;
-  int second_type = 0, line_weight = 0, colour = 0, parameter_lines = 0, form = 0;
-  utString label;
-  int subscript = 0;
-
-  bool has_nul = false;
-
-  void read(igsInStream& in) {
-    constexpr unsigned field_width = 8, status_width = 2, reserved_width = 16;
-    // The stream has come to the next entry's record before the last field is taken, so each record is asked in its
-    // turn.
-    has_nul = in.nul_in_record();
-    in.read_integers(field_width,
-                     {&type, &parameter_data, &structure, &line_font, &level, &view, &matrix, &label_display});
-    in.read_integers(status_width, {&blank_status, &subordinate_status, &entity_use, &hierarchy});
-    has_nul = has_nul || in.nul_in_record();
-    in.read_integers(field_width, {&second_type, &line_weight, &colour, &parameter_lines, &form});
-    in.skip_columns(reserved_width);
-    in.read_string(field_width, label);
-    in.read_integers(field_width, {&subscript});
-  }
-
-  void store(igsDirectoryEntry& entry) const {
-    entry.set_start_of_parameter_data(parameter_data);
-    entry.set_structure(structure);
-    entry.set_line_font(igsLineFont(line_font));
-    entry.set_level(igsLevel(level));
-    entry.set_view(igsObjectPtr(view));
-    entry.set_matrix(igsObjectPtr(matrix));
-    entry.set_label_display(igsObjectPtr(label_display));
-    entry.set_status_flags({blank_status, subordinate_status, entity_use, hierarchy});
-    entry.set_line_weight(line_weight);
-    entry.set_colour(igsColour(colour));
-    entry.set_parameter_line_count(parameter_lines);
-    entry.set_form_number(form);
-    entry.set_entity_label(label);
-    entry.set_entity_subscript(subscript);
-  }
-};
+using DirectoryFields = igsDirectoryFields<utString>;
 
 constexpr int unknown_type = -1;
 
@@ -172,14 +122,14 @@ int igsFile::read_directory_entry(igsInStream& in) {
   int column = 0;
   in.position(section, location, column);
   DirectoryFields fields;
-  fields.read(in);
+  igsDirectoryReader reader(in);
+  fields.layout(reader);
   const std::pair<int, int> type_in_file(fields.type, fields.form);
   settle_type(fields, location);
-  if (fields.has_nul) tag_error(new igsFileDENullCharacters(location));
-  note_line_faults(in);
+  if (reader.has_nul()) tag_error(new igsFileDENullCharacters(location));
 
   igsObject* const object = igsObject::create(static_cast<igsEntityType>(fields.type), fields.form);
-  fields.store(object->directory_entry());
+  object->directory_entry().take(fields);
   if (object->isa(igsUnknown::type())) {
     static_cast<igsUnknown*>(object)->set_type_in_file(type_in_file.first, type_in_file.second);
   }
@@ -211,15 +161,14 @@ int igsFile::read_entity(igsInStream& in, igsObject& object) {
   if (entry.start_of_parameter_data() != first_line) {
     igs_report<igsFileIncorrectStartOfPD>(de, first_line, entry.start_of_parameter_data());
   }
-  int sequence_out_of_order = 0;
   try {
+    int sequence_out_of_order = 0;  // the stream remembers that, too
     object.read(in, sequence_out_of_order);
   } catch (const std::bad_alloc&) {  // half of an entity is none: its counts need not agree with its lists
     delete &object;
     throw;
   }
-  if (sequence_out_of_order != 0) m_invalid_line_numbers = 1;
-  if (in.error_type(igsIOBlankLine) != 0) m_blank_lines = 1;
+  in.error();  // collects what a reset that fails may forget
   if (in.reset() == 0) {
     const bool bad_record = in.error_type(igsIOBadBackPointer) != 0 || in.error_type(igsIOBadSequenceNumber) != 0 ||
                             in.error_type(igsIONoSectionLetter) != 0;
@@ -262,9 +211,6 @@ void igsFile::tidyup() {
       tag_error(new igsFileNoPDData(de));
     }
   }
-  for (const auto& [slot, manager] : m_pending) {
-    m_pool->destroy(manager);
-    --m_num_managers;
-  }
+  for (const auto& [slot, manager] : m_pending) m_pool->destroy(manager);
   m_pending = {};
 }

@@ -1,23 +1,21 @@
 // Writing a file: the drivers of igsFile that put the sections on the output stream.
 
 #include <cstddef>
-#include <cstdio>
-#include <fstream>
 #include <ios>
 #include <istream>
 #include <memory>
 #include <ostream>
-#include <streambuf>
 #include <utility>
 
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile.h"
-#include "igs/file/igsFileMemory.h"
 #include "igs/file/igsFile_errors.h"
 #include "igs/file/igsObjectSystem.h"
+#include "igs/file/private/igsFileMemory.h"
 #include "igs/objects/igsObject.h"
 #include "igs/output/igsOutStream.h"
 #include "igs/support/coResourceTable.h"
+#include "igs/support/private/igsTemporaryFile.h"
 #include "igs/support/ubFStream.h"
 
 namespace {
@@ -40,77 +38,6 @@ class QuietStream {
  private:
   std::ostream& m_stream;
   std::ios::iostate m_exceptions;
-};
-
-/// The name of a file of our own, which is removed at the end of its life at the latest.
-class TemporaryName {
- public:
-  explicit TemporaryName(const utString& directory) : m_name(klu_make_temp_file_name(directory)) {}
-  ~TemporaryName() { remove(); }
-  TemporaryName(const TemporaryName&) = delete;
-  TemporaryName& operator=(const TemporaryName&) = delete;
-
-  const utString& operator()() const { return m_name; }
-  void remove() {
-    if (!m_name.empty() && std::remove(m_name.c_str()) == 0) m_name.clear();
-  }
-
- private:
-  utString m_name;
-};
-
-/// Gathers what is written into blocks of 256 kB: the file then sees few calls, whatever the size of the records.
-class BlockBuffer : public std::streambuf {
- public:
-  explicit BlockBuffer(std::streambuf& target)
-      : m_target(target), m_block(std::make_unique_for_overwrite<char[]>(block_size)) {
-    begin_block();
-  }
-
- protected:
-  int_type overflow(int_type c) override {
-    if (!hand_over()) return traits_type::eof();
-    return traits_type::eq_int_type(c, traits_type::eof()) ? traits_type::not_eof(c) : sputc(static_cast<char>(c));
-  }
-  int sync() override { return hand_over() ? m_target.pubsync() : -1; }
-
- private:
-  static constexpr std::size_t block_size = 262144;
-
-  void begin_block() { setp(m_block.get(), m_block.get() + block_size); }
-  bool hand_over() {
-    const std::streamsize length = pptr() - pbase();
-    begin_block();
-    return m_target.sputn(pbase(), length) == length;
-  }
-
-  std::streambuf& m_target;
-  std::unique_ptr<char[]> m_block;
-};
-
-/// A file that is written, then read back, and gone afterwards. Where the system allows it the name goes at once, so
-/// that nothing is left behind even when the process is killed; elsewhere after the stream, which is destroyed first.
-class TemporaryFile {
- public:
-  // The file is there already and empty; to cut it off anew would make some systems write it to the disk when closed.
-  explicit TemporaryFile(const utString& directory)
-      : m_name(directory), m_file(m_name(), std::ios::in | std::ios::out | std::ios::binary) {
-    m_name.remove();
-  }
-
-  bool is_open() const { return m_file.is_open(); }
-  std::ostream& out() { return m_out; }
-  /// The file from its start, after the output has been flushed.
-  std::istream& in() {
-    m_file.seekg(0);
-    return m_file;
-  }
-
- private:
-  TemporaryName m_name;
-  std::fstream m_file;
-  BlockBuffer m_block{*m_file.rdbuf()};
-  std::ostream m_out{&m_block};
 };
 
 /// Makes sure that an output stream lets go of the temporary file before that is gone, even when memory runs out.
@@ -156,7 +83,7 @@ int igsFile::write_sections(std::ostream& out, utOstream& messages) {
 // The Directory section comes first in the file, but names the lines that the Parameter Data will take: those are
 // written to a temporary file before it.
 int igsFile::write_data_section(std::ostream& out, igsOutStream& stream) {
-  TemporaryFile parameter_data(m_write_dir);
+  igsTemporaryFile parameter_data(m_write_dir);
   if (!parameter_data.is_open()) return 0;
   stream.set_section(igsParameterSectionId);
   Detour detour(stream, parameter_data.out(), out);
@@ -180,7 +107,7 @@ int igsFile::write_entities(igsOutStream& stream) {
   while (++entities) {
     igsObject& object = *entities();
     igsDirectoryEntry& entry = object.directory_entry();
-    const bool parametric = entry.status_flags().entity_use() == entity_use_2d_parametric;
+    const bool parametric = entry.status_flags().entity_use() == igsStatusFlags::use_2d_parametric;
     if (parametric) stream.push_double_format(width, parametric_precision);
     object.write(stream);
     if (parametric) stream.pop_double_format();

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <tuple>
 
 #include "igs/catalogue/igsInfoDB.h"
 #include "igs/errors/igsErrorLog.h"
@@ -18,132 +19,319 @@
 
 namespace {
 
+using Section = igsGlobalSection;
+
 constexpr char default_parameter_delimiter = ',';
 constexpr char default_record_delimiter = ';';
-constexpr int min_integer_bits = 4;
 constexpr int min_magnitude = 38;
 constexpr int min_significance = 6;
 constexpr int max_line_weights = 32768;
 constexpr double min_resolution = 1e-15;
 constexpr double default_resolution = 0.0001;
+constexpr int default_version = 3;
 constexpr int num_drafting_standards = 8;
+constexpr int units_flag = 14, line_weights = 16, modification_date = 25;  // parameters that are told from others
 /// The first version flag (IGES 5.0) whose Global section has a modification date.
 constexpr int version_with_modification_date = 8;
 
-bool at_least(double value, double low) { return std::isfinite(value) && value >= low; }
-bool above_zero(double value) { return std::isfinite(value) && value > 0.0; }
-
+/// All there is to know of one parameter; of the units, which are two.
 template <class Value>
-int take_if(bool acceptable, Value& member, const Value& value) {
-  if (!acceptable) return 0;
-  member = value;
-  return 1;
+struct GlobalRow {
+  int number;
+  const char* label;
+  Value Section::*member;
+  Value (*absent)(const Section&) = nullptr;         ///< what it becomes where the file does not give it
+  const char* description = nullptr;                 ///< of one that must be given, for messages
+  bool (*valid)(const Value&) = nullptr;             ///< what its setter takes; null for anything
+  igsGlobalError* (*fault)(const Value&) = nullptr;  ///< what check reports of a value that is not valid; may give null
+  Value (*repaired)() = nullptr;
+};
+
+template <auto value>
+auto always() {
+  return value;
+}
+bool is_given(const utString& text) { return !text.empty(); }
+utString unknown() { return "Unknown"; }
+
+/// Texts that are given are all sound, but their setters refuse the empty text.
+constexpr GlobalRow<utString> text_row(int number, const char* label, utString Section::*member,
+                                       utString (*absent)(const Section&), const char* description = nullptr) {
+  return {number, label, member, absent, description, is_given, nullptr, description != nullptr ? unknown : nullptr};
 }
 
-int take_text(utString& member, const utString& text) { return take_if(!text.empty(), member, text); }
+template <class Error, int least, int repaired>
+constexpr GlobalRow<int> format_row(int number, const char* label, int Section::*member, const char* description) {
+  return {number,
+          label,
+          member,
+          [](const Section&) { return igs_unset_int; },
+          description,
+          [](const int& value) { return value >= least; },
+          [](const int& value) -> igsGlobalError* { return new Error(value); },
+          always<repaired>};
+}
 
-void read_field(igsInStream& in, int& value) { in.read_integer(value); }
-void read_field(igsInStream& in, double& value) { in.read_double(value); }
-void read_field(igsInStream& in, utString& value) { in.read_holerith(value); }
+template <class Error>
+constexpr GlobalRow<igsDate> date_row(int number, const char* label, igsDate Section::*member,
+                                      igsDate (*absent)(const Section&), const char* description = nullptr) {
+  return {number,
+          label,
+          member,
+          absent,
+          description,
+          [](const igsDate& date) { return date.check() != 0; },
+          [](const igsDate& date) -> igsGlobalError* { return new Error(date.date_string()); },
+          [] { return igsDate(); }};
+}
 
-/// Reads a parameter, which becomes `fallback` when it is not given. True when it was given.
-template <class Value>
-bool read_or(igsInStream& in, Value& value, const Value& fallback) {
-  read_field(in, value);
-  const bool given = in.take_value_present() != 0;
-  if (!given) value = fallback;
+template <class Error, class Value>
+igsGlobalError* fault_of(const Value& value) {
+  return new Error(value);
+}
+
+bool at_least(double value, double low) { return std::isfinite(value) && value >= low; }
+
+igsGlobalParameterKind kind_of(int) { return igsGlobalInteger; }
+igsGlobalParameterKind kind_of(double) { return igsGlobalReal; }
+igsGlobalParameterKind kind_of(const utString&) { return igsGlobalString; }
+igsGlobalParameterKind kind_of(const igsDate&) { return igsGlobalString; }
+
+/// These take the next field; true when it is given.
+bool read_field(igsInStream& in, int& value) { return in.read_integer(value), in.take_value_present() != 0; }
+bool read_field(igsInStream& in, double& value) { return in.read_double(value), in.take_value_present() != 0; }
+bool read_field(igsInStream& in, utString& value) { return in.read_holerith(value), in.take_value_present() != 0; }
+bool read_field(igsInStream& in, igsDate& value) {
+  utString text;
+  const bool given = read_field(in, text);
+  value = igsDate(text);
   return given;
 }
 
-/// Turns the conditions of the fields read into the flags of the file.
-void note_line_faults(igsInStream& in, int& out_of_order, int& blank_lines) {
-  if (in.error_type(igsIOSequenceOutOfOrder) != 0) out_of_order = 1;
-  if (in.error_type(igsIOBlankLine) != 0) blank_lines = 1;
+void write_field(igsOutStream& out, const utString& text) { out.write_holerith(text); }
+void write_field(igsOutStream& out, char c) { out.write_holerith(utString(1, c)); }
+void write_field(igsOutStream& out, const igsDate& date) { out.write_holerith(date.date_string()); }
+void write_field(igsOutStream& out, int value) { out.write_integer(value); }
+void write_field(igsOutStream& out, double value) { out.write_double(value); }
+void write_field(igsOutStream& out, const igsUnits& units) {
+  out.write_integer(units.type());
+  out.write_holerith(units.name());
 }
 
-class ParameterPrinter {
- public:
-  explicit ParameterPrinter(utOstream& os) : m_os(os) {}
+void print_field(utOstream& os, const utString& label, const utString& text) {
+  os << label << " = \"" << text << '"' << utEndl;
+}
+void print_field(utOstream& os, const utString& label, char c) { print_field(os, label, utString(1, c)); }
+void print_field(utOstream& os, const utString& label, const igsDate& date) {
+  print_field(os, label, date.date_string());
+}
+void print_field(utOstream& os, const utString& label, int value) { os << label << " = " << value << utEndl; }
+void print_field(utOstream& os, const utString& label, double value) { os << label << " = " << value << utEndl; }
+void print_field(utOstream& os, const utString& label, const igsUnits& units) {
+  print_field(os, label + "Flag", units.type());
+  print_field(os, label + "Name", units.name());
+}
 
-  void operator()(const char* label, const utString& text) { m_os << label << " = \"" << text << '"' << utEndl; }
-  void operator()(const char* label, char c) { (*this)(label, utString(1, c)); }
-  void operator()(const char* label, const igsDate& date) { (*this)(label, date.date_string()); }
-  void operator()(const char* label, int value) { m_os << label << " = " << value << utEndl; }
-  void operator()(const char* label, double value) { m_os << label << " = " << value << utEndl; }
+igsGlobalValue value_of(char c) { return utString(1, c); }
+igsGlobalValue value_of(const igsDate& date) { return date.date_string(); }
+template <class Value>
+igsGlobalValue value_of(const Value& value) {
+  return value;
+}
 
- private:
-  utOstream& m_os;
-};
-
-class ParameterWriter {
- public:
-  explicit ParameterWriter(igsOutStream& out) : m_out(out) {}
-
-  void operator()(const char*, const utString& text) { m_out.write_holerith(text); }
-  void operator()(const char*, char c) { m_out.write_holerith(utString(1, c)); }
-  void operator()(const char*, const igsDate& date) { m_out.write_holerith(date.date_string()); }
-  void operator()(const char*, int value) { m_out.write_integer(value); }
-  void operator()(const char*, double value) { m_out.write_double(value); }
-
- private:
-  igsOutStream& m_out;
-};
+/// "SPMaxPow10" is sp_max_pow10 where accessors are named.
+utString accessor_name(const utString& label) {
+  const auto is_capital = [&label](std::size_t i) { return i < label.size() && label[i] >= 'A' && label[i] <= 'Z'; };
+  utString name;
+  for (std::size_t i = 0; i < label.size(); ++i) {
+    const bool ends_abbreviation = i + 1 < label.size() && !is_capital(i + 1);
+    if (i > 0 && is_capital(i) && (!is_capital(i - 1) || ends_abbreviation)) name += '_';
+    name += is_capital(i) ? static_cast<char>(label[i] - 'A' + 'a') : label[i];
+  }
+  return name;
+}
 
 }  // namespace
 
+/// The one table of the section, in the order of the file.
+struct igsGlobalSection::Table {
+  using S = igsGlobalSection;
+
+  static constexpr auto rows() {
+    constexpr auto no_text = [](const S&) { return utString(); };
+    constexpr auto unknown_person = [](const S&) { return utString("unknown"); };
+    return std::tuple{
+        GlobalRow<char>{1, "ParameterDelimiter", &S::m_parameter_delimiter},
+        GlobalRow<char>{2, "RecordDelimiter", &S::m_record_delimiter},
+        text_row(3, "ProductIDFromSendingSystem", &S::m_product_id_from_sending_system, no_text,
+                 "product id from sending system"),
+        text_row(4, "FileName", &S::m_file_name, no_text),
+        text_row(5, "SystemID", &S::m_system_id, no_text, "system id"),
+        text_row(6, "PreprocessorVersion", &S::m_preprocessor_version, no_text, "preprocessor version"),
+        format_row<igsGlobalSectionInvalidIntegerSize, 4, 4>(7, "BinaryBitsForInt", &S::m_binary_bits_for_int,
+                                                             "number of bits in an integer"),
+        format_row<igsGlobalSectionInvalidSinglePrecMagnitude, min_magnitude, 38>(8, "SPMaxPow10", &S::m_sp_max_pow10,
+                                                                                  "maximum single precision float"),
+        format_row<igsGlobalSectionInvalidSinglePrecSignificance, min_significance, 6>(
+            9, "SPSigDigs", &S::m_sp_sig_digs, "significant figures in a single precision float"),
+        format_row<igsGlobalSectionInvalidDoublePrecMagnitude, min_magnitude, 308>(10, "DPMaxPow10", &S::m_dp_max_pow10,
+                                                                                   "maximum double precision float"),
+        format_row<igsGlobalSectionInvalidDoublePrecSignificance, min_significance, 15>(
+            11, "DPSigDigs", &S::m_dp_sig_digs, "significant figures in a double precision float"),
+        text_row(12, "ProductIDForReceivingSystem", &S::m_product_id_for_receiving_system,
+                 [](const S& s) { return s.m_product_id_from_sending_system; }),
+        GlobalRow<double>{13, "ModelSpaceScale", &S::m_model_space_scale, [](const S&) { return 1.0; }, nullptr,
+                          [](const double& scale) { return std::isfinite(scale) && scale > 0; },
+                          fault_of<igsGlobalSectionInvalidModelSpaceScale>, [] { return 1.0; }},
+        GlobalRow<igsUnits>{units_flag, "Units", &S::m_units, nullptr, "units flag", nullptr,
+                            [](const igsUnits& units) { return units.check(); }},
+        GlobalRow<int>{line_weights, "MaxNumberOfLineWeights", &S::m_max_number_of_line_weights,
+                       [](const S&) { return 1; }, nullptr,
+                       [](const int& number) { return number >= 1 && number <= max_line_weights; }},
+        GlobalRow<double>{17, "WidthOfMaxLineWeight", &S::m_width_of_max_line_weight, [](const S&) { return 0.0; },
+                          nullptr, [](const double& width) { return at_least(width, 0.0); },
+                          fault_of<igsGlobalSectionInvalidMaxLineWeightWidth>, [] { return 0.0; }},
+        date_row<igsGlobalSectionInvalidFileCreationDate>(
+            18, "FileCreationDate", &S::m_file_creation_date, [](const S& s) { return s.m_file_creation_date; },
+            "file creation date"),
+        GlobalRow<double>{19, "MinimumResolution", &S::m_minimum_resolution,
+                          [](const S&) { return default_resolution; }, "minimum user-intended resolution",
+                          [](const double& resolution) { return at_least(resolution, min_resolution); },
+                          fault_of<igsGlobalSectionInvalidMinResolution>, [] { return default_resolution; }},
+        GlobalRow<double>{
+            20, "MaxCoordValue", &S::m_max_coord_value, [](const S&) { return DBL_MAX; }, nullptr,
+            [](const double& largest) { return std::isfinite(largest) && !igs_is_undefined_real(largest); },
+            fault_of<igsGlobalSectionInvalidMaxCoordinate>, [] { return DBL_MAX; }},
+        text_row(21, "NameOfAuthor", &S::m_name_of_author, unknown_person),
+        text_row(22, "AuthorsOrganization", &S::m_authors_organization, unknown_person),
+        GlobalRow<int>{23, "IGESVersion", &S::m_iges_version, [](const S&) { return default_version; }, nullptr,
+                       [](const int& version) { return version >= 1 && igsInfoDB::version_exists(version); },
+                       fault_of<igsGlobalSectionInvalidIgesVersion>, always<default_version>},
+        GlobalRow<int>{24, "DraftingStandard", &S::m_drafting_standard, [](const S&) { return 0; }, nullptr,
+                       [](const int& standard) { return standard >= 0 && standard < num_drafting_standards; },
+                       fault_of<igsGlobalSectionInvalidDraftingStandard>, always<0>},
+        date_row<igsGlobalSectionInvalidFileModificationDate>(
+            modification_date, "FileModificationDate", &S::m_file_modification_date,
+            [](const S& s) { return s.dates_modification() ? s.m_file_creation_date : s.m_file_modification_date; })};
+  }
+
+  template <class Visit>
+  static void each(Visit visit) {
+    std::apply([&](const auto&... row) { (visit(row), ...); }, rows());
+  }
+
+  template <int number>
+  static constexpr auto row() {
+    constexpr int index = number > units_flag ? number - 2 : number - 1;
+    static_assert(std::get<index>(rows()).number == number);
+    return std::get<index>(rows());
+  }
+
+  /// What setters do: an acceptable value becomes the parameter.
+  template <int number, class Value>
+  static int set(S& section, const Value& value) {
+    if (!row<number>().valid(value)) return 0;
+    section.*row<number>().member = value;
+    return 1;
+  }
+
+  static void read(S& section, igsInStream& in) {
+    each([&](const auto& row) { read(section, in, row); });
+  }
+  static void read(S&, igsInStream&, const GlobalRow<char>&) {}  // the delimiters have been read
+  static void read(S& section, igsInStream& in, const GlobalRow<igsUnits>& row) {
+    igsUnitType flag = igs_unset_int;
+    if (!read_field(in, flag)) {
+      flag = igs_unset_int;
+      section.tag_error(new igsGlobalSectionIllegalDefault(row.number, igsGlobalInteger));
+    }
+    utString name;
+    section.*row.member = read_field(in, name) ? igsUnits(name, flag) : igsUnits(flag);
+  }
+  template <class Value>
+  static void read(S& section, igsInStream& in, const GlobalRow<Value>& row) {
+    Value value{};
+    const bool given = read_field(in, value);
+    if (!given) value = row.absent(section);
+    if (!given && row.description != nullptr) {
+      section.tag_error(new igsGlobalSectionIllegalDefault(row.number, kind_of(value)));
+    }
+    settle(section, row.number, given, value);
+    section.*row.member = value;
+  }
+
+  /// What two of them need besides.
+  template <class Value>
+  static void settle(S&, int, bool, Value&) {}
+  static void settle(S& section, int number, bool /*given*/, int& value) {
+    const int limited = std::clamp(value, 1, max_line_weights);
+    if (number != line_weights || value == limited) return;
+    value = limited;
+    section.tag_error(new igsGlobalSectionInvalidMaxNumLineWeightGrads(value));
+  }
+  static void settle(S& section, int number, bool given, igsDate& value) {
+    if (number != modification_date || section.dates_modification()) return;
+    value = section.m_file_modification_date;
+    if (given) section.tag_error(new igsGlobalSectionExtraModificationDate);
+  }
+};
+
 int igsGlobalSection::set_parameter_delimiter(char delimiter) {
-  return take_if(valid_delimiter(delimiter) != 0 && delimiter != m_record_delimiter, m_parameter_delimiter, delimiter);
+  if (valid_delimiter(delimiter) == 0 || delimiter == m_record_delimiter) return 0;
+  m_parameter_delimiter = delimiter;
+  return 1;
 }
 
 int igsGlobalSection::set_record_delimiter(char delimiter) {
-  return take_if(valid_delimiter(delimiter) != 0 && delimiter != m_parameter_delimiter, m_record_delimiter, delimiter);
+  if (valid_delimiter(delimiter) == 0 || delimiter == m_parameter_delimiter) return 0;
+  m_record_delimiter = delimiter;
+  return 1;
 }
 
-int igsGlobalSection::set_product_id_from_sending_system(const utString& text) {
-  return take_text(m_product_id_from_sending_system, text);
+int igsGlobalSection::set_product_id_from_sending_system(const utString& text) { return Table::set<3>(*this, text); }
+int igsGlobalSection::set_file_name(const utString& text) { return Table::set<4>(*this, text); }
+int igsGlobalSection::set_system_id(const utString& text) { return Table::set<5>(*this, text); }
+int igsGlobalSection::set_preprocessor_version(const utString& text) { return Table::set<6>(*this, text); }
+int igsGlobalSection::set_binary_bits_for_int(int number) { return Table::set<7>(*this, number); }
+int igsGlobalSection::set_sp_max_pow10(int number) { return Table::set<8>(*this, number); }
+int igsGlobalSection::set_sp_sig_digs(int number) { return Table::set<9>(*this, number); }
+int igsGlobalSection::set_dp_max_pow10(int number) { return Table::set<10>(*this, number); }
+int igsGlobalSection::set_dp_sig_digs(int number) { return Table::set<11>(*this, number); }
+int igsGlobalSection::set_product_id_for_receiving_system(const utString& text) { return Table::set<12>(*this, text); }
+int igsGlobalSection::set_model_space_scale(double value) { return Table::set<13>(*this, value); }
+int igsGlobalSection::set_max_number_of_line_weights(int number) { return Table::set<line_weights>(*this, number); }
+int igsGlobalSection::set_width_of_max_line_weight(double value) { return Table::set<17>(*this, value); }
+int igsGlobalSection::set_minimum_resolution(double value) { return Table::set<19>(*this, value); }
+int igsGlobalSection::set_name_of_author(const utString& text) { return Table::set<21>(*this, text); }
+int igsGlobalSection::set_authors_organization(const utString& text) { return Table::set<22>(*this, text); }
+
+std::vector<igsGlobalParameter> igsGlobalSection::parameters() const {
+  std::vector<igsGlobalParameter> list;
+  Table::each([&](const auto& row) {
+    list.push_back({row.number, accessor_name(row.label), value_of(this->*row.member)});
+  });
+  return list;
 }
 
-int igsGlobalSection::set_file_name(const utString& text) { return take_text(m_file_name, text); }
-
-int igsGlobalSection::set_system_id(const utString& text) { return take_text(m_system_id, text); }
-
-int igsGlobalSection::set_preprocessor_version(const utString& text) { return take_text(m_preprocessor_version, text); }
-
-int igsGlobalSection::set_binary_bits_for_int(int bits) {
-  return take_if(bits >= min_integer_bits, m_binary_bits_for_int, bits);
+int igsGlobalSection::repair(int parameter) {
+  int repaired = 0;
+  Table::each([&](const auto& row) {
+    if (row.number != parameter || row.repaired == nullptr) return;
+    this->*row.member = row.repaired();
+    repaired = 1;
+  });
+  return repaired;
 }
 
-int igsGlobalSection::set_sp_max_pow10(int power) { return take_if(power >= min_magnitude, m_sp_max_pow10, power); }
-
-int igsGlobalSection::set_sp_sig_digs(int digits) { return take_if(digits >= min_significance, m_sp_sig_digs, digits); }
-
-int igsGlobalSection::set_dp_max_pow10(int power) { return take_if(power >= min_magnitude, m_dp_max_pow10, power); }
-
-int igsGlobalSection::set_dp_sig_digs(int digits) { return take_if(digits >= min_significance, m_dp_sig_digs, digits); }
-
-int igsGlobalSection::set_product_id_for_receiving_system(const utString& text) {
-  return take_text(m_product_id_for_receiving_system, text);
+const char* igsGlobalSection::description(int parameter) {
+  const char* found = nullptr;
+  Table::each([&](const auto& row) {
+    if (row.number == parameter) found = row.description;
+  });
+  return found;
 }
 
-int igsGlobalSection::set_model_space_scale(double scale) {
-  return take_if(above_zero(scale), m_model_space_scale, scale);
-}
-
-int igsGlobalSection::set_max_number_of_line_weights(int number) {
-  return take_if(number >= 1 && number <= max_line_weights, m_max_number_of_line_weights, number);
-}
-
-int igsGlobalSection::set_width_of_max_line_weight(double width) {
-  return take_if(at_least(width, 0.0), m_width_of_max_line_weight, width);
-}
-
-int igsGlobalSection::set_minimum_resolution(double resolution) {
-  return take_if(at_least(resolution, min_resolution), m_minimum_resolution, resolution);
-}
-
-int igsGlobalSection::set_name_of_author(const utString& text) { return take_text(m_name_of_author, text); }
-
-int igsGlobalSection::set_authors_organization(const utString& text) { return take_text(m_authors_organization, text); }
+bool igsGlobalSection::dates_modification() const { return m_iges_version >= version_with_modification_date; }
 
 int igsGlobalSection::max_version() const {
   if (m_max_version == 0) set_max_version();
@@ -162,18 +350,21 @@ int igsGlobalSection::valid_delimiter(char c) const {
   return utString("+-.DEH").find(c) == utString::npos ? 1 : 0;
 }
 
-int igsGlobalSection::read(igsInStream& in, utOstream& messages, int& out_of_order, int& blank_lines) {
-  const int delimiters_read =
-      read_parameter_delimiter(in, messages) != 0 && read_record_delimiter(in, messages) != 0 ? 1 : 0;
-  if (delimiters_read != 0) read_parameters(in, messages);
-  note_line_faults(in, out_of_order, blank_lines);
-  if (delimiters_read == 0) return 0;
-
+int igsGlobalSection::read(igsInStream& in, utOstream& messages) {
+  if (read_parameter_delimiter(in, messages) == 0 || read_record_delimiter(in, messages) == 0) return 0;
+  Table::read(*this, in);
+  in.error();  // collects, or the fields of the next section would answer for what these have met
   if (in.reset() != 0) in.clear_errors();
   while (in.in_section(igsGlobalSectionId) != 0) in.skip_line();
-  note_line_faults(in, out_of_order, blank_lines);
   const int result = in.reset();
   if (result != 0) in.clear_errors();
+  return result;
+}
+
+int igsGlobalSection::read(igsInStream& in, utOstream& messages, int& out_of_order, int& blank_lines) {
+  const int result = read(in, messages);
+  if (in.ever_met(igsIOSequenceOutOfOrder)) out_of_order = 1;
+  if (in.ever_met(igsIOBlankLine)) blank_lines = 1;
   return result;
 }
 
@@ -204,7 +395,7 @@ int igsGlobalSection::read_record_delimiter(igsInStream& in, utOstream& /*messag
   // Where ";" separates parameters, it does not yet end the record.
   if (m_parameter_delimiter == default_record_delimiter) in.set_record_delimiter('\0');
   utString text;
-  read_or(in, text, utString(1, default_record_delimiter));
+  if (!read_field(in, text)) text = default_record_delimiter;
   // One character cannot do both: every field would end the record, and the file could not be read back.
   if (text.size() != 1 || valid_delimiter(text[0]) == 0 || text[0] == m_parameter_delimiter) {
     tag_error(new igsGlobalSectionInvalidRecordDelim(text));
@@ -215,75 +406,9 @@ int igsGlobalSection::read_record_delimiter(igsInStream& in, utOstream& /*messag
   return 1;
 }
 
-void igsGlobalSection::read_parameters(igsInStream& in, utOstream& messages) {
-  read_required(in, 3, m_product_id_from_sending_system);
-  read_or(in, m_file_name, utString());
-  read_required(in, 5, m_system_id);
-  read_required(in, 6, m_preprocessor_version);
-  read_required(in, 7, m_binary_bits_for_int);
-  read_required(in, 8, m_sp_max_pow10);
-  read_required(in, 9, m_sp_sig_digs);
-  read_required(in, 10, m_dp_max_pow10);
-  read_required(in, 11, m_dp_sig_digs);
-  read_or(in, m_product_id_for_receiving_system, m_product_id_from_sending_system);
-  read_or(in, m_model_space_scale, 1.0);
-  read_units(in, messages);
-  read_number_of_line_weights(in);
-  read_or(in, m_width_of_max_line_weight, 0.0);
-  read_creation_date(in);
-  if (!read_or(in, m_minimum_resolution, default_resolution)) {
-    tag_error(new igsGlobalSectionIllegalDefault(19, igsGlobalReal));
-  }
-  read_or(in, m_max_coord_value, DBL_MAX);
-  read_or(in, m_name_of_author, utString("unknown"));
-  read_or(in, m_authors_organization, utString("unknown"));
-  read_or(in, m_iges_version, 3);
-  read_or(in, m_drafting_standard, 0);
-  read_modification_date(in);
-}
-
-void igsGlobalSection::read_required(igsInStream& in, int parameter, utString& text) {
-  if (!read_or(in, text, utString())) tag_error(new igsGlobalSectionIllegalDefault(parameter, igsGlobalString));
-}
-
-void igsGlobalSection::read_required(igsInStream& in, int parameter, int& number) {
-  if (!read_or(in, number, unset_int)) tag_error(new igsGlobalSectionIllegalDefault(parameter, igsGlobalInteger));
-}
-
 int igsGlobalSection::read_units(igsInStream& in, utOstream& /*messages*/) {
-  igsUnitType flag = unset_int;
-  read_required(in, 14, flag);
-  utString name;
-  m_units = read_or(in, name, utString()) ? igsUnits(name, flag) : igsUnits(flag);
+  Table::read(*this, in, Table::row<units_flag>());
   return 1;
-}
-
-void igsGlobalSection::read_number_of_line_weights(igsInStream& in) {
-  int number = 1;
-  read_or(in, number, 1);
-  m_max_number_of_line_weights = std::clamp(number, 1, max_line_weights);
-  if (number != m_max_number_of_line_weights) {
-    tag_error(new igsGlobalSectionInvalidMaxNumLineWeightGrads(m_max_number_of_line_weights));
-  }
-}
-
-void igsGlobalSection::read_creation_date(igsInStream& in) {
-  utString text;
-  if (read_or(in, text, utString())) {
-    m_file_creation_date = igsDate(text);
-  } else {
-    tag_error(new igsGlobalSectionIllegalDefault(18, igsGlobalString));
-  }
-}
-
-void igsGlobalSection::read_modification_date(igsInStream& in) {
-  utString text;
-  const bool given = read_or(in, text, utString());
-  if (m_iges_version >= version_with_modification_date) {
-    m_file_modification_date = given ? igsDate(text) : m_file_creation_date;
-  } else if (given) {
-    tag_error(new igsGlobalSectionExtraModificationDate);
-  }
 }
 
 void igsGlobalSection::tag_error(igsGlobalError* error) const {
@@ -297,40 +422,10 @@ void igsGlobalSection::check() const {
   std::optional<igsFileScope> own_file;
   if (m_owner != nullptr) own_file.emplace(*m_owner);
   forget_last_check();
-  check_number_formats();
-  if (!above_zero(m_model_space_scale)) tag_fault(new igsGlobalSectionInvalidModelSpaceScale(m_model_space_scale));
-  tag_fault(m_units.check());
-  if (!at_least(m_width_of_max_line_weight, 0.0)) {
-    tag_fault(new igsGlobalSectionInvalidMaxLineWeightWidth(m_width_of_max_line_weight));
-  }
-  if (m_file_creation_date.check() == 0) {
-    tag_fault(new igsGlobalSectionInvalidFileCreationDate(m_file_creation_date.date_string()));
-  }
-  if (!at_least(m_minimum_resolution, min_resolution)) {
-    tag_fault(new igsGlobalSectionInvalidMinResolution(m_minimum_resolution));
-  }
-  if (is_undefined_real(m_max_coord_value) || !std::isfinite(m_max_coord_value)) {
-    tag_fault(new igsGlobalSectionInvalidMaxCoordinate(m_max_coord_value));
-  }
-  if (m_iges_version < 1 || m_iges_version > max_version()) {
-    tag_fault(new igsGlobalSectionInvalidIgesVersion(m_iges_version));
-  }
-  if (m_drafting_standard < 0 || m_drafting_standard >= num_drafting_standards) {
-    tag_fault(new igsGlobalSectionInvalidDraftingStandard(m_drafting_standard));
-  }
-  if (m_file_modification_date.check() == 0) {
-    tag_fault(new igsGlobalSectionInvalidFileModificationDate(m_file_modification_date.date_string()));
-  }
-}
-
-void igsGlobalSection::check_number_formats() const {
-  if (m_binary_bits_for_int < min_integer_bits) {
-    tag_fault(new igsGlobalSectionInvalidIntegerSize(m_binary_bits_for_int));
-  }
-  if (m_sp_max_pow10 < min_magnitude) tag_fault(new igsGlobalSectionInvalidSinglePrecMagnitude(m_sp_max_pow10));
-  if (m_sp_sig_digs < min_significance) tag_fault(new igsGlobalSectionInvalidSinglePrecSignificance(m_sp_sig_digs));
-  if (m_dp_max_pow10 < min_magnitude) tag_fault(new igsGlobalSectionInvalidDoublePrecMagnitude(m_dp_max_pow10));
-  if (m_dp_sig_digs < min_significance) tag_fault(new igsGlobalSectionInvalidDoublePrecSignificance(m_dp_sig_digs));
+  Table::each([this](const auto& row) {
+    const auto& value = this->*row.member;
+    if (row.fault != nullptr && (row.valid == nullptr || !row.valid(value))) tag_fault(row.fault(value));
+  });
 }
 
 void igsGlobalSection::forget_last_check() const {
@@ -348,54 +443,26 @@ void igsGlobalSection::tag_fault(igsGlobalError* error) const {
   tag_error(error);
 }
 
-template <class Visitor>
-void igsGlobalSection::parameters(Visitor visitor) const {
-  visitor("ParameterDelimiter", m_parameter_delimiter);
-  visitor("RecordDelimiter", m_record_delimiter);
-  visitor("ProductIDFromSendingSystem", m_product_id_from_sending_system);
-  visitor("FileName", m_file_name);
-  visitor("SystemID", m_system_id);
-  visitor("PreprocessorVersion", m_preprocessor_version);
-  visitor("BinaryBitsForInt", m_binary_bits_for_int);
-  visitor("SPMaxPow10", m_sp_max_pow10);
-  visitor("SPSigDigs", m_sp_sig_digs);
-  visitor("DPMaxPow10", m_dp_max_pow10);
-  visitor("DPSigDigs", m_dp_sig_digs);
-  visitor("ProductIDForReceivingSystem", m_product_id_for_receiving_system);
-  visitor("ModelSpaceScale", m_model_space_scale);
-  visitor("UnitsFlag", m_units.type());
-  visitor("UnitsName", m_units.name());
-  visitor("MaxNumberOfLineWeights", m_max_number_of_line_weights);
-  visitor("WidthOfMaxLineWeight", m_width_of_max_line_weight);
-  visitor("FileCreationDate", m_file_creation_date);
-  visitor("MinimumResolution", m_minimum_resolution);
-  visitor("MaxCoordValue", m_max_coord_value);
-  visitor("NameOfAuthor", m_name_of_author);
-  visitor("AuthorsOrganization", m_authors_organization);
-  visitor("IGESVersion", m_iges_version);
-  visitor("DraftingStandard", m_drafting_standard);
-}
-
 void igsGlobalSection::set_what_was_never_set() {
   const auto set = [](auto& member, auto unset, auto value) {
     if (member == unset) member = value;
   };
-  set(m_binary_bits_for_int, unset_int, static_cast<int>(CHAR_BIT * sizeof(int)));
-  set(m_sp_max_pow10, unset_int, std::numeric_limits<float>::max_exponent10);
-  set(m_sp_sig_digs, unset_int, std::numeric_limits<float>::digits10);
-  set(m_dp_max_pow10, unset_int, std::numeric_limits<double>::max_exponent10);
-  set(m_dp_sig_digs, unset_int, std::numeric_limits<double>::digits10);
-  set(m_minimum_resolution, undefined_real, default_resolution);
-  set(m_max_coord_value, undefined_real, DBL_MAX);
+  set(m_binary_bits_for_int, igs_unset_int, static_cast<int>(CHAR_BIT * sizeof(int)));
+  set(m_sp_max_pow10, igs_unset_int, std::numeric_limits<float>::max_exponent10);
+  set(m_sp_sig_digs, igs_unset_int, std::numeric_limits<float>::digits10);
+  set(m_dp_max_pow10, igs_unset_int, std::numeric_limits<double>::max_exponent10);
+  set(m_dp_sig_digs, igs_unset_int, std::numeric_limits<double>::digits10);
+  set(m_minimum_resolution, igs_undefined_real, default_resolution);
+  set(m_max_coord_value, igs_undefined_real, DBL_MAX);
 }
 
 int igsGlobalSection::write(igsOutStream& out, utOstream& /*messages*/) {
   set_what_was_never_set();
   out.set_section(igsGlobalSectionId);
   out.set_delimiters(utString(1, m_parameter_delimiter), utString(1, m_record_delimiter));
-  ParameterWriter writer(out);
-  parameters(writer);
-  if (m_iges_version >= version_with_modification_date) writer("", m_file_modification_date);
+  Table::each([&](const auto& row) {
+    if (row.number != modification_date || dates_modification()) write_field(out, this->*row.member);
+  });
   const int result = out.reset();
   if (result != 0) out.clear_errors();
   return result;
@@ -404,8 +471,6 @@ int igsGlobalSection::write(igsOutStream& out, utOstream& /*messages*/) {
 void igsGlobalSection::print(utOstream& os) const {
   os << "GlobalSection = {" << utEndl;
   utOstream inner(os, 1);
-  ParameterPrinter printer(inner);
-  parameters(printer);
-  printer("FileModificationDate", m_file_modification_date);
+  Table::each([&](const auto& row) { print_field(inner, row.label, this->*row.member); });
   os << '}' << utEndl;
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <variant>
+#include <vector>
+
 #include "igs/file/igsDate.h"
 #include "igs/file/igsUnits.h"
 #include "igs/support/export.h"
@@ -11,6 +14,16 @@ class igsGlobalError;
 class igsInStream;
 class igsOutStream;
 class utOstream;
+
+/// The value of a Global parameter. Delimiters and dates are texts; the units are flag and name in one.
+using igsGlobalValue = std::variant<utString, int, double, igsUnits>;
+
+/// One parameter as igsGlobalSection::parameters lists it.
+struct igsGlobalParameter {
+  int number;     ///< 1 to 25; the units, 14 and 15, have 14
+  utString name;  ///< of the accessor: "iges_version"
+  igsGlobalValue value;
+};
 
 /// The parameters of the Global section (IGES 5.3, section 2.2.4.3). Lengths are in the file's units. An integer that
 /// the file does not give is -2147483647, a real -DBL_MAX, except where a default is named.
@@ -104,6 +117,13 @@ class IGS_API igsGlobalSection {
   const igsDate& file_modification_date() const { return m_file_modification_date; }
   void set_file_modification_date(const igsDate& date) { m_file_modification_date = date; }
 
+  /// All parameters in the order of the file.
+  std::vector<igsGlobalParameter> parameters() const;
+  /// Gives a parameter (its number) the value that repairs it and returns 1; 0 for one that has no such value.
+  int repair(int parameter);
+  /// What messages call a parameter that must be given ("system id"); null for any other number.
+  static const char* description(int parameter);
+
   /// The largest version flag that igsInfoDB knows.
   int max_version() const;
 
@@ -114,9 +134,11 @@ class IGS_API igsGlobalSection {
  protected:
   friend class igsFile;
 
-  /// Reads the section to its end and hands the delimiters to `in`. Sets `out_of_order` and `blank_lines` to 1 when
-  /// sequence numbers out of order (code 9) or blank lines (code 20) were met, else leaves them. 0 when a delimiter is
-  /// invalid or the stream cannot go on.
+  /// Reads the section to its end and hands the delimiters to `in`. 0 when a delimiter is invalid or the stream cannot
+  /// go on.
+  int read(igsInStream& in, utOstream& messages);
+  /// As above; sets `out_of_order` and `blank_lines` to 1 when `in` has met sequence numbers out of order (code 9) or
+  /// blank lines (code 20), else leaves them.
   int read(igsInStream& in, utOstream& messages, int& out_of_order, int& blank_lines);
   int read_parameter_delimiter(igsInStream& in, utOstream& messages);
   int read_record_delimiter(igsInStream& in, utOstream& messages);
@@ -135,19 +157,12 @@ class IGS_API igsGlobalSection {
   void set_owner(igsFile* owner) { m_owner = owner; }
   void set_max_version() const;
 
-  void read_parameters(igsInStream& in, utOstream& messages);
-  void read_required(igsInStream& in, int parameter, utString& text);
-  void read_required(igsInStream& in, int parameter, int& number);
-  void read_number_of_line_weights(igsInStream& in);
-  void read_creation_date(igsInStream& in);
-  void read_modification_date(igsInStream& in);
-  void check_number_formats() const;
+  struct Table;
+
+  bool dates_modification() const;
   void set_what_was_never_set();
   void forget_last_check() const;
   void tag_fault(igsGlobalError* error) const;
-  /// Hands every parameter, in order, with its label to `visitor`.
-  template <class Visitor>
-  void parameters(Visitor visitor) const;
 
   char m_parameter_delimiter = ',';
   char m_record_delimiter = ';';
@@ -155,19 +170,19 @@ class IGS_API igsGlobalSection {
   utString m_file_name = "Unknown";
   utString m_system_id = "Unknown";
   utString m_preprocessor_version = "Unknown";
-  int m_binary_bits_for_int = unset_int;
-  int m_sp_max_pow10 = unset_int;
-  int m_sp_sig_digs = unset_int;
-  int m_dp_max_pow10 = unset_int;
-  int m_dp_sig_digs = unset_int;
+  int m_binary_bits_for_int = igs_unset_int;
+  int m_sp_max_pow10 = igs_unset_int;
+  int m_sp_sig_digs = igs_unset_int;
+  int m_dp_max_pow10 = igs_unset_int;
+  int m_dp_sig_digs = igs_unset_int;
   utString m_product_id_for_receiving_system = "Unknown";
   double m_model_space_scale = 1.0;
   igsUnits m_units;
   int m_max_number_of_line_weights = 1;
   double m_width_of_max_line_weight = 0.0;
   igsDate m_file_creation_date;
-  double m_minimum_resolution = undefined_real;
-  double m_max_coord_value = undefined_real;
+  double m_minimum_resolution = igs_undefined_real;
+  double m_max_coord_value = igs_undefined_real;
   utString m_name_of_author = "Unknown";
   utString m_authors_organization = "Unknown";
   int m_iges_version = 3;

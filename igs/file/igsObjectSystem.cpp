@@ -6,7 +6,7 @@
 
 #include "igs/errors/igsErrorLog.h"
 #include "igs/file/igsFile.h"
-#include "igs/support/makeRoom.h"
+#include "igs/support/private/makeRoom.h"
 
 neverDestroyed<std::vector<igsFile*>> igsObjectSystem::m_file_list;
 neverDestroyed<std::vector<igsErrorLog*>> igsObjectSystem::m_error_log_list;

@@ -6,7 +6,7 @@
 #include "igs/file/igsFile.h"
 #include "igs/file/igsStartSection_errors.h"
 #include "igs/input/igsInStream.h"
-#include "igs/input/record.h"
+#include "igs/input/private/record.h"
 #include "igs/output/igsOutStream.h"
 #include "igs/support/utOstream.h"
 

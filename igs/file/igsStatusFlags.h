@@ -13,13 +13,13 @@ using igsEntityUse = int;
 /// Fourth pair.
 using igsHierarchy = int;
 
-inline constexpr igsEntityUse entity_use_geometry = 0;
-inline constexpr igsEntityUse entity_use_logical_positional = 4;
-inline constexpr igsEntityUse entity_use_2d_parametric = 5;
-
 /// The status number of a directory entry (IGES 5.3, section 2.2.4.4.9). Values are kept as read.
 class IGS_API igsStatusFlags {
  public:
+  static constexpr igsEntityUse use_geometry = 0;
+  static constexpr igsEntityUse use_logical_positional = 4;
+  static constexpr igsEntityUse use_2d_parametric = 5;
+
   igsStatusFlags() = default;
   igsStatusFlags(igsBlankStatus blank, igsSubordinateStatus subordinate, igsEntityUse use, igsHierarchy hierarchy)
       : m_blank_status(blank), m_subordinate_status(subordinate), m_entity_use(use), m_hierarchy(hierarchy) {}

@@ -54,6 +54,7 @@ class IGS_API igsTerminateSection {
   int set_lines(std::size_t section, int lines);
   void set_owner(igsFile* owner) { m_owner = owner; }
 
-  std::array<int, num_counts> m_counts{unset_int, unset_int, unset_int, unset_int};  // by igsFileSection
+  std::array<int, num_counts> m_counts{igs_unset_int, igs_unset_int, igs_unset_int,
+                                       igs_unset_int};  // by igsFileSection
   igsFile* m_owner = nullptr;
 };

@@ -2,7 +2,7 @@
 
 igsDecoder::~igsDecoder() = default;
 
-std::size_t igsDecoder::decode_fast(const char*, const char*) { return 0; }
+std::size_t igsDecoder::decode_fast(const char*) { return 0; }
 
 std::size_t igsDecoder::accept_run(const char*, const char*) { return 0; }
 

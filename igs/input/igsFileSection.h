@@ -7,17 +7,5 @@ enum igsFileSection : int {
   igsDirectorySectionId = 2,  ///< D
   igsParameterSectionId = 3,  ///< P
   igsTerminateSectionId = 4,  ///< T
-  igsNoSectionId = 5          ///< a record without a valid section letter
+  igsNoSectionId = 5          ///< a record without a valid section letter; also the number of sections
 };
-
-/// Number of real sections.
-inline constexpr int num_file_sections = 5;
-/// The letters of the sections, in the order of igsFileSection.
-inline constexpr char section_letters[] = "SGDPT";
-
-/// The section of a letter; igsNoSectionId for any other character.
-constexpr igsFileSection convert_char_to_section(char letter) {
-  int section = 0;
-  while (section < num_file_sections && section_letters[section] != letter) ++section;
-  return static_cast<igsFileSection>(section);
-}

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "igs/input/number.h"
+#include "igs/input/private/number.h"
 
 void igsHolerithDecoder::clear_value() {
   m_value.clear();

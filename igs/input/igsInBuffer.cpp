@@ -1,6 +1,6 @@
 #include "igs/input/igsInBuffer.h"
 
-#include "igs/input/record.h"
+#include "igs/input/private/record.h"
 
 namespace {
 

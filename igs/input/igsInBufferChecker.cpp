@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <climits>
 
-#include "igs/input/number.h"
-#include "igs/input/record.h"
+#include "igs/input/private/number.h"
+#include "igs/input/private/record.h"
 
 namespace {
 

@@ -59,7 +59,7 @@ class IGS_API igsInBufferChecker {
 
   char* m_record = nullptr;  ///< during a check
   std::size_t m_length = 0;
-  std::array<int, num_file_sections> m_lines{};
+  std::array<int, igsNoSectionId> m_lines{};
   igsRecordMarks m_current;
   int m_fatal = 0;
   igsIOErrorSet m_errors;

@@ -6,8 +6,10 @@
 #include <string_view>
 
 #include "igs/input/igsInBuffer.h"
-#include "igs/input/number.h"
-#include "igs/input/record.h"
+#include "igs/input/private/igsInSource.h"
+#include "igs/input/private/number.h"
+#include "igs/input/private/plainRecord.h"
+#include "igs/input/private/record.h"
 #include "igs/support/kelabsOutput.h"
 
 namespace {
@@ -75,11 +77,13 @@ Ending find_ending(const std::string& line) {
 }  // namespace
 
 igsInBufferFiller::igsInBufferFiller(std::istream& in, const igsInOptions& options)
-    : m_source(in), m_messages(options.messages), m_shortcuts(options.shortcuts) {
+    : m_source(std::make_unique<igsInSource>(in)), m_messages(options.messages), m_shortcuts(options.shortcuts) {
   m_overflow.reserve(2 * longest_line);
 }
 
 igsInBufferFiller::~igsInBufferFiller() = default;
+
+std::uint64_t igsInBufferFiller::bytes_read() const { return m_source->position(); }
 
 void igsInBufferFiller::set_error(igsIOErrorCode code) {
   m_errors.set(code);
@@ -119,9 +123,9 @@ int igsInBufferFiller::get(igsInBuffer& buffer) {
   rebuild(line);
   m_continuation = check_for_continuation(line.data(), line.size());
   buffer.set_record(line.data(), line.size());
-  if (line.empty() && m_source.eof()) set_error(igsIOEndOfInput);
-  if (m_source.bad()) set_error(igsIOStreamBad);
-  if (m_source.fail()) set_error(igsIOStreamFailed);
+  if (line.empty() && m_source->eof()) set_error(igsIOEndOfInput);
+  if (m_source->bad()) set_error(igsIOStreamBad);
+  if (m_source->fail()) set_error(igsIOStreamFailed);
   return line.empty() ? 0 : 1;
 }
 
@@ -129,16 +133,17 @@ int igsInBufferFiller::get(igsInBuffer& buffer) {
 bool igsInBufferFiller::get_plain(igsInBuffer& buffer) {
   constexpr std::size_t with_line_end = record_size + 2;
   if (!m_overflow.empty()) return false;
-  if (m_source.available() < with_line_end) {
+  igsInSource& source = *m_source;
+  if (source.available() < with_line_end) {
     settle_continuation();  // the last record may be overwritten
-    if (m_source.require(with_line_end) < with_line_end) return false;
+    if (source.require(with_line_end) < with_line_end) return false;
   }
-  char* const text = m_source.data();
+  char* const text = source.data();
   const bool lf = text[record_size] == '\n';
   const bool cr_lf = text[record_size] == '\r' && text[record_size + 1] == '\n';
   if (!(lf || cr_lf) || !read_plain_record(text, m_marks)) return false;
   text[record_size] = '\0';
-  m_source.consume(lf ? record_size + 1 : record_size + 2);
+  source.consume(lf ? record_size + 1 : record_size + 2);
   m_unsettled = text;
   buffer.set_record(text, record_size);
   return true;
@@ -184,11 +189,12 @@ int igsInBufferFiller::get_line(std::string& line) {
   const std::size_t before = line.size();
   if (drain_overflow(line)) return 1;
   bool ended = false;
-  while (!ended && m_source.good() && m_source.look_ahead() && *m_source.data() != '\n' && line.size() < longest_line) {
+  while (!ended && m_source->good() && m_source->look_ahead() && *m_source->data() != '\n' &&
+         line.size() < longest_line) {
     ended = read_chunk(line);
   }
-  if (m_source.good() && m_source.look_ahead() && *m_source.data() == '\n') m_source.consume(1);
-  return line.size() > before || m_source.good() ? 1 : 0;
+  if (m_source->good() && m_source->look_ahead() && *m_source->data() == '\n') m_source->consume(1);
+  return line.size() > before || m_source->good() ? 1 : 0;
 }
 
 // Returns whether a line end was found among the characters left over.
@@ -203,8 +209,8 @@ bool igsInBufferFiller::drain_overflow(std::string& line) {
 // Reads up to a line feed or as far as the line may grow; returns whether a carriage return has ended the line.
 bool igsInBufferFiller::read_chunk(std::string& line) {
   const std::size_t wanted = std::min(longest_line - line.size(), record_size);
-  std::size_t length = std::min(m_source.require(wanted), wanted);
-  const char* const text = m_source.data();
+  std::size_t length = std::min(m_source->require(wanted), wanted);
+  const char* const text = m_source->data();
   if (const void* lf = std::memchr(text, '\n', length)) {
     length = static_cast<std::size_t>(static_cast<const char*>(lf) - text);
   }
@@ -212,9 +218,9 @@ bool igsInBufferFiller::read_chunk(std::string& line) {
   const std::size_t kept = cr == nullptr ? length : static_cast<std::size_t>(static_cast<const char*>(cr) - text);
   append_cleaned(line, text, kept);
   if (cr != nullptr) m_overflow.append(text + kept + 1, length - kept - 1);
-  m_source.consume(length);
+  m_source->consume(length);
   // A read that wanted more than there was has seen the end of the input.
-  if (length < wanted) m_source.look_ahead();
+  if (length < wanted) m_source->look_ahead();
   return cr != nullptr;
 }
 

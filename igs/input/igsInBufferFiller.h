@@ -2,25 +2,17 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <istream>
+#include <iosfwd>
+#include <memory>
 #include <string>
 
 #include "igs/input/igsIOErrorSet.h"
-#include "igs/input/igsInSource.h"
+#include "igs/input/igsInOptions.h"
 #include "igs/input/igsRecordMarks.h"
 #include "igs/support/export.h"
 
 class igsInBuffer;
-class kelabsOutput;
-
-/// How a file is read.
-struct igsInOptions {
-  /// Takes the warnings about repaired lines, with the tag "iges"; not owned; null for silence.
-  kelabsOutput* messages = nullptr;
-  /// False sends every record through the repair steps, also those that need none. The results are the same; tests
-  /// compare the two.
-  bool shortcuts = true;
-};
+class igsInSource;
 
 /// Makes 80-column records of the physical lines of a stream. Repairs tabs, NUL characters (code 19), blank lines (20),
 /// lines that were split or run together, missing trailing blanks, shifted section letters and sequence numbers, and a
@@ -40,7 +32,7 @@ class IGS_API igsInBufferFiller {
   void collect_errors(igsIOErrorcoDynArr& errors);
   int fatal_error() const { return m_fatal; }
   /// Number of bytes of the file that the records so far were made of; the start of the next record may be among them.
-  std::uint64_t bytes_read() const { return m_source.position(); }
+  std::uint64_t bytes_read() const;
   /// True when the current record held NUL characters.
   bool nul_in_record() const { return m_nul_in_record; }
   /// Every condition met so far, those forgotten meanwhile too.
@@ -50,8 +42,6 @@ class IGS_API igsInBufferFiller {
   /// delimiters of the fields.
   void set_param_delimiter(char delimiter);
   void set_record_delimiter(char delimiter);
-  /// Where the warnings go; null for silence.
-  void set_message_stream(kelabsOutput* messages) { m_messages = messages; }
 
  protected:
   /// The errors, as collect_errors hands them over.
@@ -85,7 +75,7 @@ class IGS_API igsInBufferFiller {
   static void format_buffer(std::string& line);
   static void remove_excess_127s(std::string& line);
 
-  igsInSource m_source;
+  std::unique_ptr<igsInSource> m_source;
   kelabsOutput* m_messages;
   bool m_shortcuts;
   int m_fatal = 0;

@@ -2,13 +2,34 @@
 
 #include <algorithm>
 
-#include "igs/input/eightCharacters.h"
+#include "igs/input/private/eightCharacters.h"
 
 igsInEngine::igsInEngine(std::istream& in, const igsInOptions& options) : igsInBuffer(in, options) {}
 
-void igsInEngine::decode() { decode_with(*m_decoder); }
+void igsInEngine::decode() {
+  m_decoder->reset_fast_decode();
+  pre_decode();
+  if (m_decoder->fast_permitted() != 0 && step_over_field(m_decoder->decode_fast(cursor()))) return;
+  slow_decode();
+}
 
-void igsInEngine::fixed_decode(unsigned width) { fixed_decode_with(*m_decoder, width); }
+void igsInEngine::fixed_decode(unsigned width) {
+  m_decoder->reset_fast_decode();
+  if (m_decoder->fast_permitted() == 0 || !fixed_fast_decode(width)) fixed_slow_decode(width);
+}
+
+bool igsInEngine::fixed_fast_decode(unsigned width) {
+  char* const field = cursor();
+  // The end of the record is a NUL already.
+  char* const end = field + std::min<std::ptrdiff_t>(width, record_end() - field);
+  const char saved = *end;
+  *end = '\0';
+  const std::size_t consumed = m_decoder->decode_fast(field);
+  *end = saved;
+  if (consumed != width) return false;
+  *this += width;
+  return true;
+}
 
 // Skips blanks and the ends of Global records.
 void igsInEngine::pre_decode() {
@@ -23,6 +44,7 @@ void igsInEngine::pre_decode() {
 }
 
 void igsInEngine::slow_decode() {
+  m_decoder->reset_slow_decode();
   int delimiters_allowed = 1;
   int more = 1;
   while (**this != '\0') {
@@ -43,8 +65,9 @@ void igsInEngine::slow_decode() {
   m_decoder->decode();
 }
 
-// The last column of the field is passed over, as it always has been.
+// The last column is passed over, as fixed_decode says.
 void igsInEngine::fixed_slow_decode(unsigned width) {
+  m_decoder->reset_slow_decode();
   const char* const field = cursor();
   unsigned i = 0;
   for (; field[i] != '\0' && i + 1 < width; ++i) {

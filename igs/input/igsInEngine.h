@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <istream>
 
@@ -13,7 +12,8 @@ class IGS_API igsInEngine : public igsInBuffer {
  public:
   explicit igsInEngine(std::istream& in, const igsInOptions& options = {});
 
-  /// Selects the decoder of the next field. Not owned; one must be selected before a field is read.
+  /// Selects the decoder of the next field, which may be a host's own. Not owned; one must be selected before a field
+  /// is read.
   void configure_for_decode(igsDecoder* decoder) { m_decoder = decoder; }
   /// Reads a free-format field, which ends behind a delimiter. The record delimiter freezes the reader.
   void decode();
@@ -59,57 +59,10 @@ class IGS_API igsInEngine : public igsInBuffer {
   void pre_decode();
   void slow_decode();
   void fixed_slow_decode(unsigned width);
-
-  // With the decoder's own class, so that nothing is called virtually for the common field.
-  template <class Decoder>
-  void decode_with(Decoder& decoder);
-  template <class Decoder>
-  bool fast_decode(Decoder& decoder);
-  template <class Decoder>
-  void fixed_decode_with(Decoder& decoder, unsigned width);
-  template <class Decoder>
-  bool fixed_fast_decode(Decoder& decoder, unsigned width);
+  bool fixed_fast_decode(unsigned width);
 
  private:
   igsDecoder* m_decoder = nullptr;
   char m_param_delimiter = ',';
   char m_record_delimiter = ';';
 };
-
-template <class Decoder>
-void igsInEngine::decode_with(Decoder& decoder) {
-  decoder.reset_fast_decode();
-  if (**this == ' ' || **this == '\n') pre_decode();
-  if (fast_decode(decoder)) return;
-  decoder.reset_slow_decode();
-  slow_decode();
-}
-
-template <class Decoder>
-bool igsInEngine::fast_decode(Decoder& decoder) {
-  if (decoder.fast_permitted() == 0) return false;
-  return step_over_field(decoder.decode_fast(cursor(), record_end()));
-}
-
-template <class Decoder>
-void igsInEngine::fixed_decode_with(Decoder& decoder, unsigned width) {
-  decoder.reset_fast_decode();
-  if (fixed_fast_decode(decoder, width)) return;
-  decoder.reset_slow_decode();
-  fixed_slow_decode(width);
-}
-
-template <class Decoder>
-bool igsInEngine::fixed_fast_decode(Decoder& decoder, unsigned width) {
-  if (decoder.fast_permitted() == 0) return false;
-  char* const field = cursor();
-  // The end of the record is a NUL already.
-  char* const end = field + std::min<std::ptrdiff_t>(width, record_end() - field);
-  const char saved = *end;
-  *end = '\0';
-  const std::size_t consumed = decoder.decode_fast(field, record_end());
-  *end = saved;
-  if (consumed != width) return false;
-  *this += width;
-  return true;
-}

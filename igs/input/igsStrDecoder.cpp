@@ -1,6 +1,6 @@
 #include "igs/input/igsStrDecoder.h"
 
-std::size_t igsStrDecoder::decode_fast(const char* text, const char* /*readable_end*/) {
+std::size_t igsStrDecoder::decode_fast(const char* text) {
   m_value.assign(text);
   if (!m_value.empty()) set_error(igsIOValuePresent);
   return m_value.size();

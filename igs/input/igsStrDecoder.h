@@ -8,10 +8,8 @@ class IGS_API igsStrDecoder final : public igsDecoder {
  public:
   igsStrDecoder() : igsDecoder(1) {}
 
-  std::size_t decode_fast(const char* text, const char* readable_end) override;
+  std::size_t decode_fast(const char* text) override;
   const utString& decoded_value() const { return m_value; }
-  /// Takes note of a text that was read elsewhere.
-  void note_value() { set_error(igsIOValuePresent); }
 
  protected:
   void receive(char c) override;

@@ -10,8 +10,8 @@
 #include <cstring>
 #include <string_view>
 
-#include "igs/output/decimalDigits.h"
-#include "igs/output/significantDigits.h"
+#include "igs/output/private/decimalDigits.h"
+#include "igs/output/private/significantDigits.h"
 #include "igs/support/coResourceTable.h"
 
 namespace {

@@ -5,7 +5,8 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "igs/output/decimalDigits.h"
+#include "igs/input/private/record.h"
+#include "igs/output/private/decimalDigits.h"
 
 namespace {
 /// Makes `bytes` a copy of `text` as it may stand inside a record.

@@ -62,11 +62,8 @@ class IGS_API igsIntEncoder : public igsEncoder {
   std::array<char, max_length> m_text{};
 };
 
-/// A byte of a text as it may stand inside a record. Line feed, carriage return and NUL would tear the record apart; a
+/// A text in one piece, as it stands, but for line feed, carriage return and NUL, which would tear the record apart: a
 /// blank takes the place of each.
-constexpr char record_character(char c) { return c == '\n' || c == '\r' || c == '\0' ? ' ' : c; }
-
-/// A text in one piece, as it stands except for the record_character of each byte.
 class IGS_API igsStrEncoder : public igsEncoder {
  public:
   void encode(const utString& value);

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <utility>
 
+#include "igs/input/private/record.h"
+
 namespace {
 /// 64 kB: what larger blocks save is no longer to be seen.
 constexpr std::ptrdiff_t block_records = 800;

@@ -8,7 +8,6 @@
 #include <string_view>
 
 #include "igs/input/igsFileSection.h"
-#include "igs/input/record.h"
 #include "igs/output/igsOutBufferFormatter.h"
 #include "igs/output/igsOutBufferPurger.h"
 #include "igs/support/export.h"

@@ -2,7 +2,8 @@
 
 #include <cstddef>
 
-#include "igs/output/decimalDigits.h"
+#include "igs/input/private/record.h"
+#include "igs/output/private/decimalDigits.h"
 
 namespace {
 bool is_section(igsFileSection section) { return section >= 0 && section < num_file_sections; }

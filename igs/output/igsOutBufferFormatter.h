@@ -5,7 +5,6 @@
 
 #include "igs/input/igsFileSection.h"
 #include "igs/input/igsIOError.h"
-#include "igs/input/record.h"
 #include "igs/support/export.h"
 
 /// Counts the records of each section and stamps their last columns: section letter and sequence number, in Parameter
@@ -28,7 +27,7 @@ class IGS_API igsOutBufferFormatter {
   /// Number of columns open to data: 80 before any section is set, 64 in Parameter Data, else 72.
   int data_width() const { return m_data_width; }
 
-  /// Stamps `record` (record_length characters) and returns 1. Returns 0, the record left as it is, when the
+  /// Stamps `record` (80 characters) and returns 1. Returns 0, the record left as it is, when the
   /// back-pointer or the sequence number does not fit its 7 columns; nothing can be stamped after that.
   int format(char* record);
 
@@ -41,9 +40,9 @@ class IGS_API igsOutBufferFormatter {
   int fail(igsIOErrorCode code);
   void update_sequence_text();
 
-  std::array<int, num_file_sections> m_num_lines{};
+  std::array<int, igsNoSectionId> m_num_lines{};
   igsFileSection m_section = igsNoSectionId;
-  int m_data_width = record_length;
+  int m_data_width = 80;
   int m_sequence_number = 0;
   int m_backpointer = 1;
   /// The columns of the numbers, kept because they change little from one record to the next: in eight bytes, the first

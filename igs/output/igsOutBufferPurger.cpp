@@ -4,7 +4,7 @@
 #include <ostream>
 #include <streambuf>
 
-#include "igs/input/record.h"
+#include "igs/input/private/record.h"
 
 namespace {
 

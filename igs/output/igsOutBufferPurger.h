@@ -16,7 +16,7 @@ class IGS_API igsOutBufferPurger {
   igsOutBufferPurger& operator=(const igsOutBufferPurger&) = delete;
   virtual ~igsOutBufferPurger();
 
-  /// Writes `count` records, each of record_length characters and the line feed after them. Returns how many have been
+  /// Writes `count` records, each of 80 characters and the line feed after them. Returns how many have been
   /// written whole: on failure less than `count`, the others being cleared to NULs.
   int purge(char* records, int count);
   /// Flushes the present destination, unless it is known to be faulty, and goes on with `destination`. Returns 0 when

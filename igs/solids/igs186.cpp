@@ -1,6 +1,6 @@
 #include "igs/solids/igs186.h"
 
-#include "igs/curves/igsGeometryChecks.h"
+#include "igs/curves/private/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/file/igsDirectoryEntry.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "igs/curves/igsGeometryChecks.h"
+#include "igs/curves/private/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/objects/igsCast.h"

@@ -1,6 +1,6 @@
 #include "igs/solids/igs514.h"
 
-#include "igs/curves/igsGeometryChecks.h"
+#include "igs/curves/private/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/fields/igsReferenceTest.h"

@@ -35,6 +35,6 @@ class IGS_API igs304_1 : public igsEntity<igs304_1, "igs304_1", igsStructure> {
  private:
   int m_orientation = 1;
   igsObjectPtr m_subfigure;
-  double m_spacing = undefined_real;
+  double m_spacing = igs_undefined_real;
   double m_scale = 1;
 };

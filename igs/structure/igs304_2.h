@@ -22,7 +22,7 @@ class IGS_API igs304_2 : public igsEntity<igs304_2, "igs304_2", igsStructure> {
   const std::vector<double>& lengths() const { return m_lengths; }
   void set_lengths(std::vector<double> lengths);
   /// Undefined (-DBL_MAX) outside the list.
-  double length(int i) const { return igs_is_position(m_lengths, i) ? igs_element(m_lengths, i) : undefined_real; }
+  double length(int i) const { return igs_is_position(m_lengths, i) ? igs_element(m_lengths, i) : igs_undefined_real; }
   /// Stores length `i` and returns 1; 0 outside the list.
   int set_length(int i, double length) { return igs_set_element(m_lengths, i, length); }
   /// Which segments are visible: hexadecimal digits, one bit a segment, as they stand in the file.

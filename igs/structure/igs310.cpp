@@ -1,6 +1,6 @@
 #include "igs/structure/igs310.h"
 
-#include "igs/curves/igsGeometryChecks.h"
+#include "igs/curves/private/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/structure/igs310_errors.h"

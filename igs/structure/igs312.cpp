@@ -2,7 +2,7 @@
 
 #include "igs/fields/igsEntityFields.h"
 #include "igs/structure/igs312_errors.h"
-#include "igs/structure/igsTextStyleCheck.h"
+#include "igs/structure/private/igsTextStyleCheck.h"
 
 igs312::igs312() { set_directory_entry_type(igsEntity312, 0); }
 

@@ -33,8 +33,8 @@ class IGS_API igs314 : public igsEntity<igs314, "igs314", igsStructure> {
   }
 
  private:
-  double m_red = undefined_real;
-  double m_green = undefined_real;
-  double m_blue = undefined_real;
+  double m_red = igs_undefined_real;
+  double m_green = igs_undefined_real;
+  double m_blue = igs_undefined_real;
   utString m_colour_name;
 };

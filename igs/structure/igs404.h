@@ -43,8 +43,8 @@ class IGS_API igs404View {
 
  private:
   igsObjectPtr m_view;
-  double m_x_origin = undefined_real;
-  double m_y_origin = undefined_real;
+  double m_x_origin = igs_undefined_real;
+  double m_y_origin = igs_undefined_real;
   double m_angle = 0;
 };
 

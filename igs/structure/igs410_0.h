@@ -30,7 +30,7 @@ class IGS_API igs410_0 : public igsEntity<igs410_0, "igs410_0", igsDefinition> {
 
   template <class E, class V>
   static void fields(E& entity, V& visit) {
-    visit("ViewNumber", entity.m_view_number, unset_int);
+    visit("ViewNumber", entity.m_view_number, igs_unset_int);
     visit("Scale", entity.m_scale, 1.0);
     visit("LeftPlane", entity.m_planes[left_plane]);
     visit("TopPlane", entity.m_planes[top_plane]);
@@ -41,7 +41,7 @@ class IGS_API igs410_0 : public igsEntity<igs410_0, "igs410_0", igsDefinition> {
   }
 
  private:
-  int m_view_number = unset_int;
+  int m_view_number = igs_unset_int;
   double m_scale = 1;
   std::array<igsObjectPtr, number_of_planes> m_planes;
 };

@@ -84,6 +84,6 @@ class IGS_API igsCompound : public igsTyped<igsCompound, "igsCompound", igsObjec
   std::int64_t growth_limit() const;
   void replace_groups(const std::unordered_set<const igsCompound*>& flattened, std::int64_t& members_left);
 
-  int m_number_of_entities = unset_int;
+  int m_number_of_entities = igs_unset_int;
   mutable igsReferenceList m_entities;  // a check, which is const, starts the index list anew
 };

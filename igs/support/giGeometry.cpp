@@ -43,7 +43,7 @@ void giXform3::set_matrix(const double (&elements)[4][4]) {
 bool giXform3::invalid() const {
   for (const auto& row : m_elements) {
     for (const double element : row) {
-      if (is_undefined_real(element) || !std::isfinite(element)) return true;
+      if (igs_is_undefined_real(element) || !std::isfinite(element)) return true;
     }
   }
   return false;

@@ -31,8 +31,8 @@ class IGS_API giPoint2 {
   bool operator==(const giPoint2&) const = default;
 
  private:
-  double m_x = undefined_real;
-  double m_y = undefined_real;
+  double m_x = igs_undefined_real;
+  double m_y = igs_undefined_real;
 };
 
 /// A point in space, in model units; undefined until it is given coordinates.
@@ -58,7 +58,7 @@ class IGS_API giPoint3 {
   bool operator==(const giPoint3&) const = default;
 
  private:
-  double m_x = undefined_real;
-  double m_y = undefined_real;
-  double m_z = undefined_real;
+  double m_x = igs_undefined_real;
+  double m_y = igs_undefined_real;
+  double m_z = igs_undefined_real;
 };

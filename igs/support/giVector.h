@@ -17,7 +17,7 @@ class IGS_API giVector2 {
   double y() const { return m_y; }
 
   /// True when the vector was never built: its x is -DBL_MAX. No other component is looked at.
-  bool is_undefined() const { return is_undefined_real(m_x); }
+  bool is_undefined() const { return igs_is_undefined_real(m_x); }
   /// Not to be asked of an undefined vector.
   double length() const { return std::hypot(m_x, m_y); }
 
@@ -26,8 +26,8 @@ class IGS_API giVector2 {
   bool operator==(const giVector2&) const = default;
 
  private:
-  double m_x = undefined_real;
-  double m_y = undefined_real;
+  double m_x = igs_undefined_real;
+  double m_y = igs_undefined_real;
 };
 
 /// A direction with a length, in space; undefined until it is given components.
@@ -41,7 +41,7 @@ class IGS_API giVector3 {
   double z() const { return m_z; }
 
   /// True when the vector was never built: its x is -DBL_MAX. No other component is looked at.
-  bool is_undefined() const { return is_undefined_real(m_x); }
+  bool is_undefined() const { return igs_is_undefined_real(m_x); }
   /// Not to be asked of an undefined vector.
   double length() const { return std::hypot(m_x, m_y, m_z); }
   /// The scalar product.
@@ -61,9 +61,9 @@ class IGS_API giVector3 {
   bool operator==(const giVector3&) const = default;
 
  private:
-  double m_x = undefined_real;
-  double m_y = undefined_real;
-  double m_z = undefined_real;
+  double m_x = igs_undefined_real;
+  double m_y = igs_undefined_real;
+  double m_z = igs_undefined_real;
 };
 
 /// A direction of length 1; undefined when it was built from a vector that has no direction.

@@ -12,7 +12,7 @@
 #endif
 
 /// The tag of every text that the library prints.
-inline constexpr char iges_tag[] = "iges";
+inline constexpr char kel_iges_tag[] = "iges";
 
 /// A sink for the library's few messages to people: warnings begin "Warning : " and end with a line end, and every one
 /// carries the tag "iges". A host overrides `write`; the library never owns a sink.

@@ -19,7 +19,8 @@ void igs108::set_coefficients(double a, double b, double c, double d) {
 }
 
 void igs108::check_pd() const {
-  if (is_undefined_real(m_a) || is_undefined_real(m_b) || is_undefined_real(m_c) || is_undefined_real(m_d)) {
+  if (igs_is_undefined_real(m_a) || igs_is_undefined_real(m_b) || igs_is_undefined_real(m_c) ||
+      igs_is_undefined_real(m_d)) {
     tag<igs108InvalidCoefficients>();
   }
   if (std::hypot(m_a, m_b, m_c) < kel_resource_table_inquire().value(kelTolMinValue)) tag<igs108ZeroNormal>();

@@ -42,10 +42,10 @@ class IGS_API igs108 : public igsEntity<igs108, "igs108", igsUnparameterizedSurf
  private:
   void check_boundary() const;
 
-  double m_a = undefined_real;
-  double m_b = undefined_real;
-  double m_c = undefined_real;
-  double m_d = undefined_real;
+  double m_a = igs_undefined_real;
+  double m_b = igs_undefined_real;
+  double m_c = igs_undefined_real;
+  double m_d = igs_undefined_real;
   igsObjectPtr m_boundary;
   giPoint3 m_symbol_location{0, 0, 0};
   double m_symbol_size = 0;

@@ -3,7 +3,7 @@
 #include <climits>
 #include <cstdint>
 
-#include "igs/curves/igsSplineData.h"
+#include "igs/curves/private/igsSplineData.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/support/coResourceTable.h"
 #include "igs/surfaces/igs114_errors.h"
@@ -13,8 +13,8 @@ igs114::igs114() { set_directory_entry_type(igsEntity114, 0); }
 int igs114::set_size(int m, int n) {
   if (m < 1 || n < 1 || number_of_patches(m, n) > INT_MAX / std::int64_t{igsBicubicPatch::size}) return 0;
   std::vector<igsBicubicPatch> patches(static_cast<std::size_t>(number_of_patches(m, n)));
-  m_break_points_u.assign(static_cast<std::size_t>(m) + 1, undefined_real);
-  m_break_points_v.assign(static_cast<std::size_t>(n) + 1, undefined_real);
+  m_break_points_u.assign(static_cast<std::size_t>(m) + 1, igs_undefined_real);
+  m_break_points_v.assign(static_cast<std::size_t>(n) + 1, igs_undefined_real);
   m_patches.swap(patches);
   default_patches_without_meaning();
   return 1;

@@ -1,7 +1,7 @@
 #include "igs/surfaces/igs118.h"
 
 #include "igs/curves/igs116.h"
-#include "igs/curves/igsGeometryChecks.h"
+#include "igs/curves/private/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/surfaces/igs118_errors.h"

@@ -20,7 +20,7 @@ igs120::igs120() { set_directory_entry_type(igsEntity120, 0); }
 void igs120::check_pd() const {
   AxisTest::check(*this, m_axis, igsExactly<igs110>());
   GeneratorTest::check(*this, m_generator, igsKindOf<igsCurve>());
-  if (is_undefined_real(m_start_angle) || is_undefined_real(m_terminate_angle)) {
+  if (igs_is_undefined_real(m_start_angle) || igs_is_undefined_real(m_terminate_angle)) {
     tag<igs120InvalidAngles>();
   } else {
     check_angles();

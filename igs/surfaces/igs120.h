@@ -36,6 +36,6 @@ class IGS_API igs120 : public igsEntity<igs120, "igs120", igsParameterizedSurfac
 
   igsObjectPtr m_axis;
   igsObjectPtr m_generator;
-  double m_start_angle = undefined_real;
-  double m_terminate_angle = undefined_real;
+  double m_start_angle = igs_undefined_real;
+  double m_terminate_angle = igs_undefined_real;
 };

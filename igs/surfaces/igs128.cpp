@@ -2,7 +2,7 @@
 
 #include <climits>
 
-#include "igs/curves/igsSplineData.h"
+#include "igs/curves/private/igsSplineData.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/support/coResourceTable.h"
 #include "igs/surfaces/igs128_errors.h"
@@ -22,7 +22,7 @@ int igs128::set_order_size(int order_u, int order_v, int count_u, int count_v) {
   if (!can_be_counted(order_u, order_v, count_u, count_v)) return 0;
   const auto size = static_cast<std::size_t>(count_u) * static_cast<std::size_t>(count_v);
   std::vector<giPoint3> control_points(size);
-  std::vector<double> weights(size, undefined_real);
+  std::vector<double> weights(size, igs_undefined_real);
   m_u.make(order_u, count_u);
   m_v.make(order_v, count_v);
   m_count_u = count_u;
@@ -221,7 +221,7 @@ void igs128::check_weights() const {
 
 void igs128::check_parametric_limits() const {
   for (const double limit : {m_u.start(), m_u.end(), m_v.start(), m_v.end()}) {
-    if (!is_undefined_real(limit)) continue;
+    if (!igs_is_undefined_real(limit)) continue;
     tag<igs128UnsetTrimmingParams>();
     break;
   }

@@ -31,6 +31,6 @@ class IGS_API igs140 : public igsEntity<igs140, "igs140", igsParameterizedSurfac
 
  private:
   giVector3 m_indicator;
-  double m_distance = undefined_real;
+  double m_distance = igs_undefined_real;
   igsObjectPtr m_surface;
 };

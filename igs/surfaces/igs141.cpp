@@ -1,6 +1,6 @@
 #include "igs/surfaces/igs141.h"
 
-#include "igs/curves/igsGeometryChecks.h"
+#include "igs/curves/private/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/objects/igsCurve.h"

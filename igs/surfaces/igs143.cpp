@@ -1,12 +1,12 @@
 #include "igs/surfaces/igs143.h"
 
-#include "igs/curves/igsGeometryChecks.h"
+#include "igs/curves/private/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/surfaces/igs141.h"
 #include "igs/surfaces/igs143_errors.h"
-#include "igs/surfaces/igsBoundaries.h"
+#include "igs/surfaces/private/igsBoundaries.h"
 
 igs143::igs143() { set_directory_entry_type(igsEntity143, 0); }
 

@@ -2,7 +2,7 @@
 
 #include "igs/surfaces/igs141.h"
 #include "igs/surfaces/igs143.h"
-#include "igs/surfaces/igsBoundaries.h"
+#include "igs/surfaces/private/igsBoundaries.h"
 
 int igs143NullSurfacePtr::fix() {
   return igs_repair<igs143>(object_at_key(), [](igs143& bounded) {

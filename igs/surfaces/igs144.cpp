@@ -1,12 +1,12 @@
 #include "igs/surfaces/igs144.h"
 
-#include "igs/curves/igsGeometryChecks.h"
+#include "igs/curves/private/igsGeometryChecks.h"
 #include "igs/fields/igsEntityFields.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/surfaces/igs142.h"
 #include "igs/surfaces/igs144_errors.h"
-#include "igs/surfaces/igsBoundaries.h"
+#include "igs/surfaces/private/igsBoundaries.h"
 
 namespace {
 using OuterTest = igsReferenceTest<igsNullIsLegal, igs144InvalidOuterBoundType, igs144InvalidOuterBoundData>;

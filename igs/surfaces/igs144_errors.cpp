@@ -2,7 +2,7 @@
 
 #include "igs/surfaces/igs142.h"
 #include "igs/surfaces/igs144.h"
-#include "igs/surfaces/igsBoundaries.h"
+#include "igs/surfaces/private/igsBoundaries.h"
 
 int igs144NullSurfacePtr::fix() {
   return igs_repair<igs144>(object_at_key(), [](igs144& trimmed) {

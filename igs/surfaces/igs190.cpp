@@ -1,6 +1,6 @@
 #include "igs/surfaces/igs190.h"
 
-#include "igs/surfaces/igsAnalyticCheck.h"
+#include "igs/surfaces/private/igsAnalyticCheck.h"
 
 template <class Self, igsName Name, int Form>
 igs190Base<Self, Name, Form>::igs190Base() : igsAnalyticSurface<Self, Name, Form>(igsEntity190) {}

@@ -1,6 +1,6 @@
 #include "igs/surfaces/igs192.h"
 
-#include "igs/surfaces/igsAnalyticCheck.h"
+#include "igs/surfaces/private/igsAnalyticCheck.h"
 
 template <class Self, igsName Name, int Form>
 igs192Base<Self, Name, Form>::igs192Base() : igsAnalyticSurface<Self, Name, Form>(igsEntity192) {}

@@ -26,7 +26,7 @@ class IGS_API_TEMPLATE igs192Base : public igsAnalyticSurface<Self, Name, Form> 
   igs192Base();
 
  private:
-  double m_radius = undefined_real;
+  double m_radius = igs_undefined_real;
 };
 
 /// Form 0, without parameters.

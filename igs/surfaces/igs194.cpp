@@ -1,6 +1,6 @@
 #include "igs/surfaces/igs194.h"
 
-#include "igs/surfaces/igsAnalyticCheck.h"
+#include "igs/surfaces/private/igsAnalyticCheck.h"
 
 template <class Self, igsName Name, int Form>
 igs194Base<Self, Name, Form>::igs194Base() : igsAnalyticSurface<Self, Name, Form>(igsEntity194) {}

@@ -32,8 +32,8 @@ class IGS_API_TEMPLATE igs194Base : public igsAnalyticSurface<Self, Name, Form> 
   igs194Base();
 
  private:
-  double m_radius = undefined_real;
-  double m_semi_angle = undefined_real;
+  double m_radius = igs_undefined_real;
+  double m_semi_angle = igs_undefined_real;
 };
 
 /// Form 0, without parameters.

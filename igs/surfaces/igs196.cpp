@@ -1,6 +1,6 @@
 #include "igs/surfaces/igs196.h"
 
-#include "igs/surfaces/igsAnalyticCheck.h"
+#include "igs/surfaces/private/igsAnalyticCheck.h"
 
 template <class Self, igsName Name, int Form>
 igs196Base<Self, Name, Form>::igs196Base() : igsAnalyticSurface<Self, Name, Form, Form == 1>(igsEntity196) {}

@@ -28,7 +28,7 @@ class IGS_API_TEMPLATE igs196Base : public igsAnalyticSurface<Self, Name, Form, 
   igs196Base();
 
  private:
-  double m_radius = undefined_real;
+  double m_radius = igs_undefined_real;
 };
 
 /// Form 0, without parameters.

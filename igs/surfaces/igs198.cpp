@@ -1,6 +1,6 @@
 #include "igs/surfaces/igs198.h"
 
-#include "igs/surfaces/igsAnalyticCheck.h"
+#include "igs/surfaces/private/igsAnalyticCheck.h"
 
 template <class Self, igsName Name, int Form>
 igs198Base<Self, Name, Form>::igs198Base() : igsAnalyticSurface<Self, Name, Form>(igsEntity198) {}

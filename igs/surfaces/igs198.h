@@ -30,8 +30,8 @@ class IGS_API_TEMPLATE igs198Base : public igsAnalyticSurface<Self, Name, Form> 
   igs198Base();
 
  private:
-  double m_major_radius = undefined_real;
-  double m_minor_radius = undefined_real;
+  double m_major_radius = igs_undefined_real;
+  double m_minor_radius = igs_undefined_real;
 };
 
 /// Form 0, without parameters.

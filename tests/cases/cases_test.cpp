@@ -50,7 +50,7 @@ struct Checked {
 
   std::vector<igsError*> errors() const {
     std::vector<igsError*> list;
-    for (int log = 0; log < num_section_logs; ++log) {
+    for (int log = 0; log < igs_num_section_logs; ++log) {
       igsSimpleSectionLogIT it(file.error_log().get_section_log(static_cast<igsLogID>(log)));
       while (++it != 0) list.push_back(it());
     }
@@ -247,7 +247,7 @@ class CaseFile : public testing::TestWithParam<CaseGroup> {
   /// An error as case files give it.
   std::string in_words(const igsError& error) const {
     const auto* indexed = dynamic_cast<const igsIndexedError*>(&error);
-    const bool has_key = indexed != nullptr && indexed->key() != unset_int;
+    const bool has_key = indexed != nullptr && indexed->key() != igs_unset_int;
     const std::string name = error.objtype().id_string(), values = describe(error).substr(name.size());
     const std::size_t key_size = has_key ? 1 + std::to_string(indexed->key()).size() : 0;
     const std::string words = shortened(name, has_key ? indexed->key() : GetParam().subject, GetParam());

@@ -39,13 +39,13 @@ TEST(ErrorLog, RoutesByKind) {
   igsError* errors[] = {new ObjectFault(0), new StructureFault(1), new GlobalFault(2), new StartFault(3),
                         new TerminateFault(4)};
   EXPECT_EQ((new igsCompoundEntityError(0))->fix(), 0) << "of no compound";
-  for (int id = 0; id < num_section_logs; ++id) {
+  for (int id = 0; id < igs_num_section_logs; ++id) {
     igsSimpleSectionLog* const section = log.get_section_log(static_cast<igsLogID>(id));
     ASSERT_NE(section, nullptr);
     EXPECT_EQ(errors[id]->log(), section) << id;
     EXPECT_EQ(errors[id]->log_position(), 0) << id;
     EXPECT_EQ(section->num_errors(), id == 0 ? 2 : 1) << id;
-    for (int other = 0; other < num_section_logs; ++other) {
+    for (int other = 0; other < igs_num_section_logs; ++other) {
       if (other == id) continue;
       EXPECT_EQ(section->receive_error(errors[other]) + section->mark_as_fixed(errors[other]), 0);
     }
@@ -161,12 +161,12 @@ TEST(IndexedLog, KeysOfErrorsThatAreNotCounted) {
   igsFile file;
   igsIndexedSectionLog& log = file.error_log().object_log();
   auto* const error = new ObjectFault(0);
-  EXPECT_EQ(error->key(), unset_int);
-  EXPECT_EQ(error->obj(), unset_int);
-  EXPECT_EQ(log.num_errors(unset_int), 1);
+  EXPECT_EQ(error->key(), igs_unset_int);
+  EXPECT_EQ(error->obj(), igs_unset_int);
+  EXPECT_EQ(log.num_errors(igs_unset_int), 1);
   error->set_key(7);
   EXPECT_EQ(error->obj(), 7);
-  EXPECT_EQ(log.num_errors(unset_int), 0);
+  EXPECT_EQ(log.num_errors(igs_unset_int), 0);
   log.mark_as_fixed(error);
   error->set_key(9);
   for (const int absent : {7, 9, 0, -1, INT_MIN, INT_MAX}) {

@@ -168,7 +168,7 @@ TEST_F(Sections, TerminateTakesWhatSevenColumnsCanHold) {
   const auto expect = [](int (T::*set)(int), int (T::*get)() const, std::initializer_list<int> refused, int taken) {
     T section, other;
     for (const int lines : refused) EXPECT_EQ((section.*set)(lines), 0) << lines;
-    EXPECT_EQ((section.*get)(), unset_int);
+    EXPECT_EQ((section.*get)(), igs_unset_int);
     EXPECT_EQ((section.*set)(taken), 1);
     other.become(section);
     EXPECT_EQ((other.*get)(), taken);
@@ -305,7 +305,7 @@ TEST_F(Sections, UnitsHaveNamesAndLengths) {
   EXPECT_EQ(igsUnits::type("IN"), 1);
   EXPECT_EQ(igsUnits::convert_between_units(5, 7), 1.609344) << "exactly";
   EXPECT_EQ(igsUnits::convert_between_units(1, 12), 1);
-  EXPECT_EQ(igsUnits::name(unset_int), "UNKNOWN");
+  EXPECT_EQ(igsUnits::name(igs_unset_int), "UNKNOWN");
   for (const char* name : {"", "in", "Inch", " MM", "MM ", "INCHES"}) EXPECT_EQ(igsUnits::type(name), 0) << name;
 }
 

@@ -45,7 +45,7 @@ TEST(Surfaces, SplinesAreMadeOnceAndNoLargerThanCanBeCounted) {
   double weight = 0, other = 0;
   EXPECT_EQ(surface->weight(1, 3, weight) + surface->weight(1, 2, other), 2);
   EXPECT_EQ(weight, 13);
-  EXPECT_EQ(other, undefined_real);
+  EXPECT_EQ(other, igs_undefined_real);
   EXPECT_EQ(surface->set_parametric_limits_u(2, 1) + surface->set_parametric_limits_v(2, 1), 0);
   EXPECT_EQ((new igs122)->set_terminate_point(giPoint3()), 0);
   EXPECT_EQ((new igs130)->set_normal(giVector3()), 0);

@@ -191,7 +191,7 @@ TEST(Buffer, FreezesAtSectionsAndEntities) {
     int line = 0;
     int column = 0;
     buffer.position(section, line, column);
-    seen.push_back(std::string(1, section_letters[section]) + std::to_string(line) + (buffer.frozen() ? "!" : "") +
+    seen.push_back(std::string(1, "SGDPT?"[section]) + std::to_string(line) + (buffer.frozen() ? "!" : "") +
                    (buffer.backpointer() != 0 ? "/" + std::to_string(buffer.backpointer()) : ""));
     EXPECT_EQ(*buffer == '\0', buffer.frozen());
     EXPECT_EQ(buffer.in_section(section), buffer.frozen() ? 0 : 1);

@@ -1,5 +1,7 @@
 #include "igs/input/igsInStream.h"
 
+#include "igs/input/igsInEngine.h"
+
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -167,6 +169,21 @@ TEST(Stream, KeepsTheCodesUntilTheyAreCollected) {
   EXPECT_EQ(list.at(0).column(), 2);
 }
 
+TEST(Stream, TakesADecoderOfTheHost) {
+  struct Word : igsDecoder {
+    Word() : igsDecoder(0) {}
+    void decode() override { word = m_characters; }
+    std::string word;
+  } decoder;
+  Opened opened(p_line("ab c,7;"));
+  opened.in.configure_for_decode(&decoder);
+  opened.in.decode();
+  EXPECT_EQ(decoder.word, "abc");
+  int next = 0;
+  opened.in.read_integer(next);
+  EXPECT_EQ(next, 7);
+}
+
 TEST(Stream, TakesOtherDelimiters) {
   Opened opened(p_line("1/2,5/3:4/"));
   opened.in.set_param_delimiter('/');
@@ -230,7 +247,7 @@ class Journal {
     return result + '|' + std::to_string(value) + '|' + std::to_string(std::bit_cast<std::uint64_t>(real)) + '|' +
            text + '|' + std::to_string(in.take_value_present()) + std::to_string(section) + ' ' +
            std::to_string(number) + ' ' + std::to_string(column) + ' ' + std::to_string(in.backpointer()) +
-           (in.frozen() ? "!" : "") + *in + std::to_string(in.fatal_error());
+           (in.frozen() ? "!" : "") + *static_cast<igsInEngine&>(in) + std::to_string(in.fatal_error());
   }
 
  private:

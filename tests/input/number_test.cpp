@@ -1,4 +1,4 @@
-#include "igs/input/number.h"
+#include "igs/input/private/number.h"
 
 #include <gtest/gtest.h>
 

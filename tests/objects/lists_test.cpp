@@ -91,7 +91,7 @@ TEST(Lists, WhatTheRecordDoesNotSupplyIsUnset) {
   igsFile file;
   auto* const reals = new TestReals;
   ASSERT_EQ(read_fields(*reals, "4,3.,,5."), 1);
-  EXPECT_EQ(reals->elements, (std::vector<double>{3, undefined_real, 5, undefined_real}));
+  EXPECT_EQ(reals->elements, (std::vector<double>{3, igs_undefined_real, 5, igs_undefined_real}));
   auto* const records = new TestRecords;
   ASSERT_EQ(read_fields(*records, "2,1HA"), 1);
   ASSERT_EQ(records->elements.size(), 2U);

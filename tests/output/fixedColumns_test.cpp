@@ -1,4 +1,4 @@
-#include "igs/output/fixedColumns.h"
+#include "igs/output/private/fixedColumns.h"
 
 #include <gtest/gtest.h>
 

@@ -62,7 +62,7 @@ int write_small_file(igsOutStream& out) {
 
   out.set_section(igsTerminateSectionId);
   for (int section = igsStartSectionId; section < igsTerminateSectionId; ++section) {
-    out.write_string(1, std::string(1, section_letters[section]));
+    out.write_string(1, std::string(1, "SGDPT?"[section]));
     out.write_integer(7, out.num_lines(static_cast<igsFileSection>(section)));
   }
   return out.reset();

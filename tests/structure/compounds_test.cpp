@@ -44,7 +44,7 @@ std::vector<int> numbers_of(const igsCompound& compound) {
 TEST(Compounds, CountsAndPositions) {
   igsFile file;
   auto* const compound = new TestCompound;
-  EXPECT_EQ(compound->number_of_entities(), unset_int);
+  EXPECT_EQ(compound->number_of_entities(), igs_unset_int);
   compound->set_index_list();
   EXPECT_EQ(compound->get_current_index(0), -1);
   igsObject* const point = sound();

@@ -40,11 +40,11 @@ class JsonParameters {
   void operator()(const char* name, const std::string& text) { m_json.member(name, text); }
   void operator()(const char* name, int number) {
     m_json.key(name);
-    number == unset_int ? m_json.null() : m_json.value(number);
+    number == igs_unset_int ? m_json.null() : m_json.value(number);
   }
   void operator()(const char* name, double number) {
     m_json.key(name);
-    is_undefined_real(number) ? m_json.null() : m_json.value(number);
+    igs_is_undefined_real(number) ? m_json.null() : m_json.value(number);
   }
   void operator()(const char* name, const igsUnits& units) {
     m_json.key(name);
@@ -61,9 +61,9 @@ class JsonParameters {
 /// Writes parameters as lines for people.
 struct TextParameters {
   void operator()(const char* name, const std::string& text) { write(name, printable(text)); }
-  void operator()(const char* name, int number) { write(name, number == unset_int ? "-" : std::to_string(number)); }
+  void operator()(const char* name, int number) { write(name, number == igs_unset_int ? "-" : std::to_string(number)); }
   void operator()(const char* name, double number) {
-    write(name, is_undefined_real(number) ? "-" : format_real(number));
+    write(name, igs_is_undefined_real(number) ? "-" : format_real(number));
   }
   void operator()(const char* name, const igsUnits& units) {
     write(name, std::to_string(units.type()) + ' ' + printable(units.name()));

@@ -15,8 +15,8 @@ std::string entity_text(const igsObject& entity) {
 }
 
 struct TextOfValue {
-  std::string operator()(int number) const { return number == unset_int ? "unset" : std::to_string(number); }
-  std::string operator()(double number) const { return is_undefined_real(number) ? "unset" : format_real(number); }
+  std::string operator()(int number) const { return number == igs_unset_int ? "unset" : std::to_string(number); }
+  std::string operator()(double number) const { return igs_is_undefined_real(number) ? "unset" : format_real(number); }
   std::string operator()(const std::string& text) const { return '"' + printable(text) + '"'; }
   std::string operator()(const igsObject* target) const { return target != nullptr ? entity_text(*target) : "null"; }
 };
@@ -80,8 +80,8 @@ void write_counts(std::ostream& out, const DifferenceCounts& counts, const Compa
 class JsonValue {
  public:
   explicit JsonValue(JsonWriter& json) : m_json(json) {}
-  void operator()(int number) { number == unset_int ? m_json.null() : m_json.value(number); }
-  void operator()(double number) { is_undefined_real(number) ? m_json.null() : m_json.value(number); }
+  void operator()(int number) { number == igs_unset_int ? m_json.null() : m_json.value(number); }
+  void operator()(double number) { igs_is_undefined_real(number) ? m_json.null() : m_json.value(number); }
   void operator()(const std::string& text) { m_json.value(text); }
   void operator()(const igsObject* target) {
     if (target == nullptr) return m_json.null();

@@ -14,8 +14,10 @@ namespace {
 class ValueWords : public igsErrorValueVisitor {
  public:
   explicit ValueWords(const igsError& error) { error.visit_values(*this); }
-  void value(int number) override { m_words.push_back(number == unset_int ? "unset" : std::to_string(number)); }
-  void value(double number) override { m_words.push_back(is_undefined_real(number) ? "unset" : format_real(number)); }
+  void value(int number) override { m_words.push_back(number == igs_unset_int ? "unset" : std::to_string(number)); }
+  void value(double number) override {
+    m_words.push_back(igs_is_undefined_real(number) ? "unset" : format_real(number));
+  }
   void value(const utString& text) override { m_words.push_back('"' + printable(text) + '"'); }
   const std::vector<std::string>& words() const { return m_words; }
 

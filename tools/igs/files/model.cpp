@@ -134,19 +134,19 @@ std::string Model::read_error() const {
 }
 
 const char* log_name(igsLogID log) {
-  constexpr std::array<const char*, num_section_logs> names{"object", "structure", "global", "start", "terminate"};
+  constexpr std::array<const char*, igs_num_section_logs> names{"object", "structure", "global", "start", "terminate"};
   return names.at(static_cast<std::size_t>(log));
 }
 
 std::optional<int> de_number(const igsError& error) {
   if (!error.typeof(igsIndexedError::type())) return std::nullopt;
   const int key = static_cast<const igsIndexedError&>(error).key();
-  return key == unset_int ? std::nullopt : std::optional<int>(key);
+  return key == igs_unset_int ? std::nullopt : std::optional<int>(key);
 }
 
 long long num_active_errors(const igsErrorLog& log) {
   long long count = 0;
-  for (int id = 0; id < num_section_logs; ++id) {
+  for (int id = 0; id < igs_num_section_logs; ++id) {
     count += log.get_section_log(static_cast<igsLogID>(id))->num_errors();
   }
   return count;
@@ -154,7 +154,7 @@ long long num_active_errors(const igsErrorLog& log) {
 
 long long num_fixed_errors(const igsErrorLog& log) {
   long long count = 0;
-  for (int id = 0; id < num_section_logs; ++id) {
+  for (int id = 0; id < igs_num_section_logs; ++id) {
     count += static_cast<long long>(log.get_section_log(static_cast<igsLogID>(id))->fixed_errors().size());
   }
   return count;

@@ -107,7 +107,7 @@ long long num_fixed_errors(const igsErrorLog& log);
 /// Calls `visit(igsLogID, const igsError&)` for the active errors, log by log, each in slot order.
 template <class Visit>
 void for_each_active_error(const igsErrorLog& log, Visit visit) {
-  for (int id = 0; id < num_section_logs; ++id) {
+  for (int id = 0; id < igs_num_section_logs; ++id) {
     igsSimpleSectionLogIT errors(log.get_section_log(static_cast<igsLogID>(id)));
     while (++errors != 0) visit(static_cast<igsLogID>(id), *errors());
   }
@@ -116,7 +116,7 @@ void for_each_active_error(const igsErrorLog& log, Visit visit) {
 /// As for_each_active_error, for the errors that were repaired, in fixing order.
 template <class Visit>
 void for_each_fixed_error(const igsErrorLog& log, Visit visit) {
-  for (int id = 0; id < num_section_logs; ++id) {
+  for (int id = 0; id < igs_num_section_logs; ++id) {
     for (const igsError* error : log.get_section_log(static_cast<igsLogID>(id))->fixed_errors()) {
       visit(static_cast<igsLogID>(id), *error);
     }

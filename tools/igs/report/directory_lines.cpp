@@ -8,9 +8,9 @@
 #include <string_view>
 #include <system_error>
 
-#include "igs/input/record.h"
-
 namespace {
+
+constexpr int record_length = 80, data_columns = 72;
 
 /// The sequence number of a line that is a whole record; 0 for any other line.
 long long sequence_number(std::string_view line) {

@@ -1,4 +1,4 @@
-#include "igs/errors/igsRepairRun.h"
+#include "igs/errors/private/igsRepairRun.h"
 
 igsRepairRun* igsRepairRun::m_current = nullptr;
 

@@ -1,4 +1,4 @@
-#include "igs/input/number.h"
+#include "igs/input/private/number.h"
 
 #include <algorithm>
 #include <array>
@@ -13,8 +13,8 @@
 #include <string_view>
 #include <system_error>
 
-#include "igs/input/eightCharacters.h"
-#include "igs/support/powersOfTen.h"
+#include "igs/input/private/eightCharacters.h"
+#include "igs/support/private/powersOfTen.h"
 
 namespace {
 

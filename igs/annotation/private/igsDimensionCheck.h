@@ -43,7 +43,7 @@ class igsDimensionCheck {
   }
   template <igsName Field>
   void defined(double value) const {
-    if (is_undefined_real(value)) m_dimension.tag<typename igsUndefinedErrors<Owner, Field>::Invalid>();
+    if (igs_is_undefined_real(value)) m_dimension.tag<typename igsUndefinedErrors<Owner, Field>::Invalid>();
   }
   template <igsName Field>
   void above_0(double value) const {

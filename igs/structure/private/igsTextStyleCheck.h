@@ -1,6 +1,6 @@
 #pragma once
 
-#include "igs/curves/igsGeometryChecks.h"
+#include "igs/curves/private/igsGeometryChecks.h"
 #include "igs/fields/igsReferenceTest.h"
 #include "igs/structure/igs310.h"
 #include "igs/structure/igsTextStyle.h"

@@ -1,4 +1,4 @@
-#include "igs/errors/igsFixGraph.h"
+#include "igs/errors/private/igsFixGraph.h"
 
 #include <algorithm>
 

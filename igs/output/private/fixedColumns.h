@@ -6,8 +6,8 @@
 #include <cstring>
 #include <string_view>
 
-#include "igs/output/decimalDigits.h"
-#include "igs/output/igsEncoder.h"
+#include "igs/input/private/record.h"
+#include "igs/output/private/decimalDigits.h"
 
 /// Fields of fixed width put side by side, in the form that igsOutStream::write_integer(width, value) and write_string
 /// give them: for records that are written again and again. The fields take `Size` columns at most.

@@ -2,13 +2,13 @@
 // point. The power is known to 128 bits, rounded down, so the product is known up to a small error, and so is its
 // distance from the tie that rounding turns on.
 
-#include "igs/output/significantDigits.h"
+#include "igs/output/private/significantDigits.h"
 
 #include <array>
 #include <bit>
 #include <cstddef>
 
-#include "igs/support/powersOfTen.h"
+#include "igs/support/private/powersOfTen.h"
 
 #ifdef __SIZEOF_INT128__
 

@@ -1,4 +1,4 @@
-#include "igs/curves/igsSplineData.h"
+#include "igs/curves/private/igsSplineData.h"
 
 #include <algorithm>
 #include <array>
@@ -18,7 +18,7 @@ void reserve_in_proportion(std::vector<Element>& list, std::int64_t count, std::
 double igs_read_supplied(igsInStream& in) {
   double value = 0;
   in.read_double(value);
-  return in.take_value_present() != 0 ? value : undefined_real;
+  return in.take_value_present() != 0 ? value : igs_undefined_real;
 }
 
 int igs_read_reals(igsInStream& in, std::int64_t count, std::vector<double>& reals, std::size_t read_before) {
@@ -27,10 +27,10 @@ int igs_read_reals(igsInStream& in, std::int64_t count, std::vector<double>& rea
     if (in.frozen()) return igsSupply::ended;
     in.read_double(real);
     if (in.take_value_present() != 0) return igsSupply::given;
-    real = undefined_real;
+    real = igs_undefined_real;
     return igsSupply::empty;
   };
-  return igs_read_bounded(in, count, reals, read, undefined_real);
+  return igs_read_bounded(in, count, reals, read, igs_undefined_real);
 }
 
 int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& points, std::size_t read_before) {

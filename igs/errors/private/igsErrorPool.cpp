@@ -1,11 +1,11 @@
-#include "igs/errors/igsErrorPool.h"
+#include "igs/errors/private/igsErrorPool.h"
 
 #include <algorithm>
 #include <array>
 #include <functional>
 #include <utility>
 
-#include "igs/support/addressSanitizer.h"
+#include "igs/support/private/addressSanitizer.h"
 
 namespace {
 

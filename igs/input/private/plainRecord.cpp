@@ -1,9 +1,9 @@
-#include "igs/input/igsRecordMarks.h"
+#include "igs/input/private/plainRecord.h"
 
 #include <cstdint>
 
-#include "igs/input/eightCharacters.h"
-#include "igs/input/record.h"
+#include "igs/input/private/eightCharacters.h"
+#include "igs/input/private/record.h"
 
 namespace {
 

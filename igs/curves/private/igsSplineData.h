@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <vector>
 
-#include "igs/curves/igsGeometryChecks.h"
 #include "igs/curves/igsKnotVector.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/objects/igsObject.h"
@@ -36,17 +35,17 @@ igsWeightSpread igs_weight_spread(const std::vector<double>& weights, double tol
 enum class igsWeightFault { none, zero, unset, negative };
 inline igsWeightFault igs_weight_fault(double weight, double tolerance) {
   if (std::abs(weight) < tolerance) return igsWeightFault::zero;
-  if (is_undefined_real(weight)) return igsWeightFault::unset;
+  if (igs_is_undefined_real(weight)) return igsWeightFault::unset;
   return weight < 0 ? igsWeightFault::negative : igsWeightFault::none;
 }
 
 /// Tags `entity` with the faults of the knots themselves: unset ones and those below the largest one before them.
 template <class Errors>
 void igs_check_knot_sequence(const igsObject& entity, const std::vector<double>& knots) {
-  double previous = undefined_real;
+  double previous = igs_undefined_real;
   for (std::size_t i = 0; i < knots.size(); ++i) {
     const double knot = knots[i];
-    if (is_undefined_real(knot)) entity.tag<typename Errors::UnsetKnot>(static_cast<int>(i));
+    if (igs_is_undefined_real(knot)) entity.tag<typename Errors::UnsetKnot>(static_cast<int>(i));
     if (knot < previous) {
       entity.tag<typename Errors::KnotOutOfSequence>(static_cast<int>(i), knot, previous);
     } else {
@@ -60,10 +59,10 @@ void igs_check_knot_sequence(const igsObject& entity, const std::vector<double>&
 template <class Errors>
 void igs_check_break_points(const igsObject& entity, const std::vector<double>& points, double tolerance) {
   igs_check_knot_sequence<Errors>(entity, points);
-  double previous = undefined_real;
+  double previous = igs_undefined_real;
   for (const double point : points) {
     if (!(point >= previous)) continue;
-    if (!is_undefined_real(previous) && point - previous < tolerance) {
+    if (!igs_is_undefined_real(previous) && point - previous < tolerance) {
       entity.tag<typename Errors::KnotsTooClose>();
       break;
     }

@@ -1,4 +1,4 @@
-#include "igs/input/igsInSource.h"
+#include "igs/input/private/igsInSource.h"
 
 #include <algorithm>
 #include <cstring>

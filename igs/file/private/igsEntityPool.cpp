@@ -1,4 +1,4 @@
-#include "igs/file/igsEntityPool.h"
+#include "igs/file/private/igsEntityPool.h"
 
 #include <algorithm>
 #include <new>
@@ -6,7 +6,7 @@
 
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/objects/igsObjectManager.h"
-#include "igs/support/addressSanitizer.h"
+#include "igs/support/private/addressSanitizer.h"
 
 struct igsEntityPool::Cell : igsObjectManager {
   std::optional<igsDirectoryEntry> entry;

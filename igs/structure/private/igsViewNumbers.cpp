@@ -1,4 +1,4 @@
-#include "igs/structure/igsViewNumbers.h"
+#include "igs/structure/private/igsViewNumbers.h"
 
 #include <algorithm>
 #include <climits>
@@ -45,7 +45,7 @@ std::vector<igsViewNumberFault> igs_view_number_faults(const igsFile& file) {
   std::vector<igsViewNumberFault> faults;
   for (const igs410_0* const view : views) {
     const int number = view->view_number();
-    if (number == unset_int) {
+    if (number == igs_unset_int) {
       faults.push_back({view, igsViewNumberFault::none_defined, free_numbers.take()});
     } else if (number < 0) {
       faults.push_back({view, igsViewNumberFault::invalid, free_numbers.take()});

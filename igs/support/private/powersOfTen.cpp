@@ -1,4 +1,4 @@
-#include "igs/support/powersOfTen.h"
+#include "igs/support/private/powersOfTen.h"
 
 #include <array>
 #include <bit>

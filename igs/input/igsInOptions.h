@@ -1,0 +1,12 @@
+#pragma once
+
+class kelabsOutput;
+
+/// How a file is read.
+struct igsInOptions {
+  /// Takes the warnings about repaired lines, with the tag "iges"; not owned; null for silence.
+  kelabsOutput* messages = nullptr;
+  /// False sends every record through the repair steps, also those that need none. The results are the same; tests
+  /// compare the two.
+  bool shortcuts = true;
+};
