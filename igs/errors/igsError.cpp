@@ -3,6 +3,7 @@
 #include <cstdarg>
 
 #include "igs/errors/igsSectionLog.h"
+#include "igs/errors/private/igsErrorPool.h"
 #include "igs/file/igsFile.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsObject.h"

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "igs/curves/igsKnotVector.h"
+#include "igs/curves/private/igsGeometryChecks.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/objects/igsObject.h"
 #include "igs/support/giPoint.h"
