@@ -8,9 +8,9 @@
 #include "igs/file/igsFile.h"
 #include "igs/support/private/makeRoom.h"
 
-neverDestroyed<std::vector<igsFile*>> igsObjectSystem::m_file_list;
-neverDestroyed<std::vector<igsErrorLog*>> igsObjectSystem::m_error_log_list;
-neverDestroyed<std::vector<int>> igsObjectSystem::m_file_free_list;
+utNeverDestroyed<std::vector<igsFile*>> igsObjectSystem::m_file_list;
+utNeverDestroyed<std::vector<igsErrorLog*>> igsObjectSystem::m_error_log_list;
+utNeverDestroyed<std::vector<int>> igsObjectSystem::m_file_free_list;
 int igsObjectSystem::m_current_file = 0;
 int igsObjectSystem::m_system_on_line = 0;
 int igsObjectSystem::m_recurse_depth = 0;

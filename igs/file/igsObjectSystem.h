@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "igs/support/export.h"
-#include "igs/support/neverDestroyed.h"
+#include "igs/support/utNeverDestroyed.h"
 
 class igsError;
 class igsErrorLog;
@@ -72,9 +72,9 @@ class IGS_API igsObjectSystem {
   }
 
   // Files of static storage are deleted when the process ends, in an order that nobody knows.
-  static neverDestroyed<std::vector<igsFile*>> m_file_list;
-  static neverDestroyed<std::vector<igsErrorLog*>> m_error_log_list;
-  static neverDestroyed<std::vector<int>> m_file_free_list;
+  static utNeverDestroyed<std::vector<igsFile*>> m_file_list;
+  static utNeverDestroyed<std::vector<igsErrorLog*>> m_error_log_list;
+  static utNeverDestroyed<std::vector<int>> m_file_free_list;
   static int m_current_file;
   static int m_system_on_line;
   static int m_recurse_depth;
