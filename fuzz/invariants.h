@@ -15,6 +15,7 @@
 #include <string_view>
 #include <vector>
 
+#include "fuzz/written_file.h"
 #include "igs/igs.h"
 
 namespace igs_fuzz {
@@ -173,27 +174,6 @@ inline std::string printed(const igsFile& file) {
   return text.str();
 }
 
-/// Every record of a written file has 80 columns and a line feed, its section's letter and its number.
-inline void check_columns(const std::string& text) {
-  constexpr std::size_t columns = 80, letter = 72;
-  require(text.size() % (columns + 1) == 0, "a written file has lines of 80 columns");
-  std::size_t section = 0;
-  int number = 0;
-  for (std::size_t at = 0; at < text.size(); at += columns + 1) {
-    const std::string_view line(&text[at], columns + 1);
-    require(line[columns] == '\n' && line.find_first_of(std::string_view("\n\r\0", 3)) == columns,
-            "a written line ends behind column 80");
-    const std::size_t found = std::string_view("SGDPT").find(line[letter]);
-    require(found != std::string_view::npos && found >= section, "sections are written in order");
-    number = found == section ? number + 1 : 1;
-    section = found;
-    const std::string digits = std::to_string(number);
-    require(line.substr(letter + 1, columns - letter - 1) ==
-                std::string(columns - letter - 1 - digits.size(), ' ') + digits,
-            "written lines are numbered");
-  }
-}
-
 /// What happens to a file between reading and writing.
 struct Treatment {
   bool repair = true;
@@ -243,7 +223,8 @@ inline Outcome read_and_write(const std::string& bytes, utOstream& messages, con
   outcome.num_nulls = num_nulls(file);
   outcome.outline = outline(file);
   outcome.text = out.str();
-  if (outcome.written) check_columns(outcome.text);
+  if (outcome.read && outcome.written)
+    require(column_fault(outcome.text).empty(), "a written file keeps every rule of columns");
   return outcome;
 }
 
