@@ -18,6 +18,7 @@ class IGS_API igs102 : public igsEntity<igs102, "igs102", igsCurve> {
  public:
   igs102();
 
+  /// Null ones too.
   int number_of_sub_curves() const { return static_cast<int>(sub_curves().size()); }
   /// Cuts the list, or lengthens it by null pointers, and returns 1; 0 for a negative size.
   int set_size(int size);

@@ -26,6 +26,7 @@ class IGS_API igs124 : public igsWrittenEntity<igs124, "igs124", igsObject> {
   /// Examines the matrix of the entity's own, the status flags and the subscript, nothing else.
   void check_de() const override;
 
+  /// States what is written: the first three rows.
   template <class V>
   static void fields(const igs124& matrix, V& visit) {
     constexpr const char* labels[rows_in_file][4] = {

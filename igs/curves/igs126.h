@@ -67,6 +67,7 @@ class IGS_API igs126 : public igsWrittenEntity<igs126, "igs126", igsCurve> {
   void print_pd_data(utOstream& os) const override;
   void check_pd() const override;
 
+  /// States what is written.
   template <class V>
   static void fields(const igs126& curve, V& visit) {
     visit("SumIndex", curve.number_of_control_points() - 1);

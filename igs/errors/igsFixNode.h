@@ -14,7 +14,9 @@ class IGS_API igsTraveller {
 
   /// How many nodes are entered and not left again.
   int distance_travelled() const { return m_distance; }
+  /// One deeper, and one less deep.
   void enters() { ++m_distance; }
+  /// Undoes enters().
   void exits() { --m_distance; }
   /// Takes one of the steps; false when none is left.
   bool goes_on() { return m_steps_left != 0 && --m_steps_left != 0; }

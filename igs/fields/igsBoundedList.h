@@ -32,14 +32,18 @@ enum class igsSupply {
 
 /// As how many elements one counts: a group of reals, whose class gives their number as `size`, as that many.
 template <class Element>
-inline constexpr std::int64_t igs_weight_of_element = 1;
-template <class Element>
-requires(Element::size > 1) inline constexpr std::int64_t igs_weight_of_element<Element> = Element::size;
+constexpr std::int64_t igs_weight_of_element() {
+  if constexpr (requires { Element::size > 1; }) {
+    return Element::size;
+  } else {
+    return 1;
+  }
+}
 
 /// Where an element costs little more than its fields have taken in the file, empty ones are not paid for.
 template <class Element>
 inline constexpr bool igs_is_cheap_element =
-    igs_weight_of_element<Element> > 1 || std::is_arithmetic_v<Element> ||
+    igs_weight_of_element<Element>() > 1 || std::is_arithmetic_v<Element> ||
     std::is_constructible_v<Element, double, double> || std::is_constructible_v<Element, double, double, double>;
 
 /// Makes `list` hold `count` elements. `read(element)` reads the next element from `in` into its argument; where the
@@ -49,7 +53,7 @@ inline constexpr bool igs_is_cheap_element =
 template <class Element, class Read>
 int igs_read_bounded(igsInStream& in, std::int64_t count, std::vector<Element>& list, Read read,
                      const Element& unset = Element()) {
-  constexpr std::int64_t weight = igs_weight_of_element<Element>;
+  constexpr std::int64_t weight = igs_weight_of_element<Element>();
   list.clear();
   if (count > 0) list.reserve(static_cast<std::size_t>(std::min(count, igs_always_believed_count / weight)));
   std::int64_t supplied = 0;

@@ -20,9 +20,9 @@ using igsGlobalValue = std::variant<utString, int, double, igsUnits>;
 
 /// One parameter as igsGlobalSection::parameters lists it.
 struct igsGlobalParameter {
-  int number;     ///< 1 to 25; the units, 14 and 15, have 14
-  utString name;  ///< of the accessor: "iges_version"
-  igsGlobalValue value;
+  int number;            ///< 1 to 25; the units, 14 and 15, have 14
+  utString name;         ///< of the accessor: "iges_version"
+  igsGlobalValue value;  ///< as the accessor gives it
 };
 
 /// The parameters of the Global section (IGES 5.3, section 2.2.4.3). Lengths are in the file's units. An integer that

@@ -16,9 +16,9 @@ using igsHierarchy = int;
 /// The status number of a directory entry (IGES 5.3, section 2.2.4.4.9). Values are kept as read.
 class IGS_API igsStatusFlags {
  public:
-  static constexpr igsEntityUse use_geometry = 0;
-  static constexpr igsEntityUse use_logical_positional = 4;
-  static constexpr igsEntityUse use_2d_parametric = 5;
+  static constexpr igsEntityUse use_geometry = 0;            ///< geometry
+  static constexpr igsEntityUse use_logical_positional = 4;  ///< logical or positional
+  static constexpr igsEntityUse use_2d_parametric = 5;       ///< in the parameter space of a surface
 
   igsStatusFlags() = default;
   igsStatusFlags(igsBlankStatus blank, igsSubordinateStatus subordinate, igsEntityUse use, igsHierarchy hierarchy)

@@ -114,6 +114,7 @@ class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
   /// Read and write the whole parameter data record, type number included; the parts of igsFile::read and
   /// igsFile::write that concern one entity. Records out of sequence set `sequence_out_of_order` to 1.
   void read(igsInStream& in, int& sequence_out_of_order);
+  /// The other way round.
   void write(igsOutStream& out);
 
  private:

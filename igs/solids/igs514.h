@@ -17,6 +17,7 @@ class IGS_API igs514 : public igsEntity<igs514, "igs514", igsObject> {
  public:
   igs514();
 
+  /// Null ones too.
   int number_of_faces() const { return static_cast<int>(faces().size()); }
   /// Cuts the list, or lengthens it by null faces, and returns 1; 0 for a negative size.
   int set_size(int size);

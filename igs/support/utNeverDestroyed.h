@@ -9,7 +9,9 @@ union utNeverDestroyed {
   utNeverDestroyed(const utNeverDestroyed&) = delete;
   utNeverDestroyed& operator=(const utNeverDestroyed&) = delete;
 
+  /// The object.
   T& operator*() { return m_value; }
+  /// One of its members.
   T* operator->() { return &m_value; }
 
  private:

@@ -76,6 +76,7 @@ class IGS_API igs128 : public igsWrittenEntity<igs128, "igs128", igsParameterize
   void print_pd_data(utOstream& os) const override;
   void check_pd() const override;
 
+  /// States what is written.
   template <class V>
   static void fields(const igs128& surface, V& visit) {
     visit("SumIndexU", surface.m_count_u - 1);
@@ -109,19 +110,28 @@ class IGS_API igs128 : public igsWrittenEntity<igs128, "igs128", igsParameterize
     int degree_u = 0;     ///< M1
     int degree_v = 0;     ///< M2
 
+    /// Degree along u and one.
     std::int64_t order_u() const { return std::int64_t{degree_u} + 1; }
+    /// Degree along v and one.
     std::int64_t order_v() const { return std::int64_t{degree_v} + 1; }
+    /// Control points along u.
     std::int64_t count_u() const { return std::int64_t{sum_index_u} + 1; }
+    /// Control points along v.
     std::int64_t count_v() const { return std::int64_t{sum_index_v} + 1; }
   };
 
   // The steps of read_pd_data(), in their order. Each returns 1; or 0 where the read of the surface ends, the error
   // tagged.
 
+  /// K1, K2, M1 and M2.
   int read_surface_size(igsInStream& in, Size& size);
+  /// PROP1 to PROP5.
   int read_flags(igsInStream& in);
+  /// Those along u, then those along v.
   int read_knot_vectors(igsInStream& in, const Size& size);
+  /// The weights, then the points.
   int read_homogenous_control_points(igsInStream& in, const Size& size);
+  /// U(0), U(1), V(0) and V(1).
   int read_parametric_limits(igsInStream& in);
 
   // The steps of check_pd(), in their order.
