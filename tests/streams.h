@@ -1,11 +1,15 @@
 #pragma once
 
 #include <algorithm>
+#include <istream>
+#include <ostream>
 #include <stdexcept>
 #include <streambuf>
 #include <string>
 #include <string_view>
 #include <utility>
+
+#include "igs/support/utOstream.h"
 
 // The stream buffers of the tests. None takes memory of its own but for what it keeps.
 namespace igs_test {
@@ -42,17 +46,21 @@ class LimitedInput : public std::streambuf {
   std::size_t m_step;
 };
 
-/// Counts what is written and keeps nothing.
+/// Keeps nothing of what is written.
 class NoOutput : public std::streambuf {
- public:
-  std::size_t count = 0;
-
  protected:
-  int_type overflow(int_type character) override { return ++count, traits_type::not_eof(character); }
-  std::streamsize xsputn(const char* /*bytes*/, std::streamsize size) override {
-    count += static_cast<std::size_t>(size);
-    return size;
-  }
+  int_type overflow(int_type character) override { return traits_type::not_eof(character); }
+  std::streamsize xsputn(const char* /*bytes*/, std::streamsize size) override { return size; }
+};
+
+/// A text to read, and where to write what nobody reads.
+struct Streams {
+  explicit Streams(std::string_view text) : input(text) {}
+  TextInput input;
+  NoOutput output;
+  std::istream in{&input};
+  std::ostream out{&output};
+  utOstream messages{out};
 };
 
 /// Accepts `room` bytes, then fails as a full disk does, or throws. Counts flushes, which may fail, too.
@@ -74,10 +82,7 @@ class LimitedOutput : public std::streambuf {
     const char character = traits_type::to_char_type(c);
     return xsputn(&character, 1) == 1 ? c : traits_type::eof();
   }
-  int sync() override {
-    ++flushes;
-    return m_flush_fails ? -1 : 0;
-  }
+  int sync() override { return ++flushes, m_flush_fails ? -1 : 0; }
 
  private:
   std::size_t m_room;

@@ -10,6 +10,7 @@
 
 igsErrorValueVisitor::~igsErrorValueVisitor() = default;
 
+// NOLINTNEXTLINE(misc-new-delete-overloads): see the header
 void* igsError::operator new(std::size_t size) { return igsErrorPool::take(size); }
 
 void* igsError::operator new(std::size_t size, const std::nothrow_t& nothrow) noexcept {

@@ -62,17 +62,17 @@ class IGS_API igsGlobalSection {
 
   /// 7: bits of an integer on the sending system, at least 4.
   int binary_bits_for_int() const { return m_binary_bits_for_int; }
-  int set_binary_bits_for_int(int bits);
+  int set_binary_bits_for_int(int number);
   /// 8 and 9: largest power of ten and significant digits of a single precision real, at least 38 and 6.
   int sp_max_pow10() const { return m_sp_max_pow10; }
-  int set_sp_max_pow10(int power);
+  int set_sp_max_pow10(int number);
   int sp_sig_digs() const { return m_sp_sig_digs; }
-  int set_sp_sig_digs(int digits);
+  int set_sp_sig_digs(int number);
   /// 10 and 11: the same of a double precision real, at least 38 and 6.
   int dp_max_pow10() const { return m_dp_max_pow10; }
-  int set_dp_max_pow10(int power);
+  int set_dp_max_pow10(int number);
   int dp_sig_digs() const { return m_dp_sig_digs; }
-  int set_dp_sig_digs(int digits);
+  int set_dp_sig_digs(int number);
 
   /// 12: parameter 3 unless given.
   const utString& product_id_for_receiving_system() const { return m_product_id_for_receiving_system; }
@@ -80,7 +80,7 @@ class IGS_API igsGlobalSection {
 
   /// 13: model units by real world units, above 0.
   double model_space_scale() const { return m_model_space_scale; }
-  int set_model_space_scale(double scale);
+  int set_model_space_scale(double value);
   /// 14 and 15.
   const igsUnits& units() const { return m_units; }
   void set_units(const igsUnits& units) { m_units = units; }
@@ -88,14 +88,14 @@ class IGS_API igsGlobalSection {
   int max_number_of_line_weights() const { return m_max_number_of_line_weights; }
   int set_max_number_of_line_weights(int number);
   double width_of_max_line_weight() const { return m_width_of_max_line_weight; }
-  int set_width_of_max_line_weight(double width);
+  int set_width_of_max_line_weight(double value);
 
   /// 18.
   const igsDate& file_creation_date() const { return m_file_creation_date; }
   void set_file_creation_date(const igsDate& date) { m_file_creation_date = date; }
   /// 19: smallest distance between coordinates that counts as a difference, at least 1e-15.
   double minimum_resolution() const { return m_minimum_resolution; }
-  int set_minimum_resolution(double resolution);
+  int set_minimum_resolution(double value);
   /// 20: no coordinate is larger. -DBL_MAX was never set, DBL_MAX is no limit.
   double max_coord_value() const { return m_max_coord_value; }
   void set_max_coord_value(double value) { m_max_coord_value = value; }

@@ -15,82 +15,18 @@
 #include <sstream>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "iges_builder.h"
 #include "igs/igs.h"
+#include "own_memory.h"
 #include "sanitizers.h"
 #include "streams.h"
 
+namespace igs_test {
 namespace {
-
-long live = 0;  // blocks in use
 
 /// Once: the n-th allocation fails and those after it succeed. For good: those after it fail, too.
 enum class Shortage { once, for_good };
-
-struct Plan {
-  long left = 0;  ///< allocations until one fails; 0 when none does
-  bool for_good = false;
-  bool reached = false;
-
-  void fail_at(long n, Shortage shortage) { *this = {n, shortage == Shortage::for_good, false}; }
-  /// True when the allocation that was to fail was reached.
-  bool stop() { return std::exchange(*this, Plan()).reached; }
-  bool refuses() {
-    if (left > 0 && --left == 0) return reached = true;
-    return reached && for_good;
-  }
-};
-Plan plan;
-
-void* take(std::size_t size, std::size_t alignment) noexcept {
-  const std::size_t rounded = (size + alignment - 1) / alignment * alignment;
-  // NOLINTNEXTLINE(cppcoreguidelines-no-malloc)
-  void* const memory = std::aligned_alloc(alignment, rounded == 0 ? alignment : rounded);
-  if (memory != nullptr) ++live;
-  return memory;
-}
-
-void* take_or_throw(std::size_t size, std::size_t alignment) {
-  void* const memory = plan.refuses() ? nullptr : take(size, alignment);
-  if (memory == nullptr) throw std::bad_alloc();
-  return memory;
-}
-
-void give_back(void* memory) noexcept {
-  if (memory == nullptr) return;
-  --live;
-  std::free(memory);  // NOLINT(cppcoreguidelines-no-malloc)
-}
-
-// Whoever asks in this way can do without.
-void* take_if_possible(std::size_t size, std::size_t alignment) noexcept {
-  return plan.reached && plan.for_good ? nullptr : take(size, alignment);
-}
-
-constexpr std::size_t usual = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
-}  // namespace
-
-void* operator new(std::size_t size) { return take_or_throw(size, usual); }
-void* operator new[](std::size_t size) { return take_or_throw(size, usual); }
-void* operator new(std::size_t size, std::align_val_t a) { return take_or_throw(size, static_cast<std::size_t>(a)); }
-void* operator new[](std::size_t size, std::align_val_t a) { return take_or_throw(size, static_cast<std::size_t>(a)); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return take_if_possible(size, usual); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return take_if_possible(size, usual); }
-void operator delete(void* memory) noexcept { give_back(memory); }
-void operator delete[](void* memory) noexcept { give_back(memory); }
-void operator delete(void* memory, std::size_t) noexcept { give_back(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { give_back(memory); }
-void operator delete(void* memory, std::align_val_t) noexcept { give_back(memory); }
-void operator delete[](void* memory, std::align_val_t) noexcept { give_back(memory); }
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept { give_back(memory); }
-void operator delete[](void* memory, std::size_t, std::align_val_t) noexcept { give_back(memory); }
-void operator delete(void* memory, const std::nothrow_t&) noexcept { give_back(memory); }
-void operator delete[](void* memory, const std::nothrow_t&) noexcept { give_back(memory); }
-
-namespace igs_test {
-namespace {
 
 constexpr long cold_stride = is_sanitized ? 29 : 1;  // a process of its own for each
 constexpr long stride = is_sanitized ? 3 : 1;
@@ -105,22 +41,14 @@ class FixedOutput : public std::streambuf {
  private:
   char m_block[1 << 20];
 };
-class TemporaryFolder {
- public:
+struct TemporaryFolder {
   TemporaryFolder() {
-    const std::filesystem::path memory = "/dev/shm";  // tens of thousands of files come and go
-    const bool exists = access(memory.c_str(), W_OK) == 0;
-    std::string name = ((exists ? memory : std::filesystem::temp_directory_path()) / "igs_alloc_XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    m_path = name;
+    const bool exists = access("/dev/shm", W_OK) == 0;  // memory: tens of thousands of files come and go
+    path = (exists ? "/dev/shm" : std::filesystem::temp_directory_path()) / "igs_alloc_XXXXXX";
+    if (mkdtemp(path.data()) == nullptr) throw std::runtime_error("no temporary folder");
   }
-  ~TemporaryFolder() { std::filesystem::remove_all(m_path); }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  const std::filesystem::path& path() const { return m_path; }
-
- private:
-  std::filesystem::path m_path;
+  ~TemporaryFolder() { std::filesystem::remove_all(path); }
+  std::string path;
 };
 
 /// What one pass over a file came to.
@@ -128,21 +56,16 @@ struct Pass {
   bool reached = false;    ///< the allocation that was to fail
   bool reported = false;   ///< by a constructor's exception, a result or out_of_memory()
   bool consistent = true;  ///< results agree with out_of_memory(), and the file can be printed and written afterwards
+  bool operator==(const Pass&) const = default;
 };
-
-utDateTime fixed_clock() { return {2026, 11, 21, 12, 0, 0}; }
 
 /// Reads, checks, repairs and writes `text`, the `n`-th allocation failing; the file that is left is then looked at and
 /// written to `out` with all the memory it wants.
 Pass pass_over(std::string_view text, const utString& folder, std::ostream& out, long n, Shortage shortage) {
-  ut_set_clock(fixed_clock);
-  static NoOutput nowhere;
-  std::ostream silence(&nowhere);
-  utOstream messages(silence);
-  TextInput buffer(text);
-  std::istream in(&buffer);
+  ut_set_clock([] { return utDateTime{2026, 11, 21, 12, 0, 0}; });
+  Streams streams(text);
   Pass pass;
-  plan.fail_at(n, shortage);
+  plan = {n, shortage == Shortage::for_good};
   try {
     igsFile file;
     file.set_write_dir(folder);
@@ -150,17 +73,17 @@ Pass pass_over(std::string_view text, const utString& folder, std::ostream& out,
       pass.reported = pass.reported || file.out_of_memory();
       pass.consistent = pass.consistent && agrees;
     };
-    const int was_read = file.read(in, messages);
+    const int was_read = file.read(streams.in, streams.messages);
     note(was_read == 0 || !file.out_of_memory());
     file.check();
     note(true);
     file.clean(1);
     note(true);
-    const int was_written = file.write(silence, messages);
+    const int was_written = file.write(streams.out, streams.messages);
     note((was_written == 0) == file.out_of_memory());
     pass.reached = plan.stop();
-    file.print(messages);
-    note(file.write(out, messages) == 1 && out.good());
+    file.print(streams.messages);
+    note(file.write(out, streams.messages) == 1 && out.good());
     file.check();
     file.clean(0);
     note(!file.out_of_memory());
@@ -180,21 +103,12 @@ std::string file_text(const std::string& name) {
 
 /// What a process that has never used the library before comes to.
 struct FirstUse {
-  bool reached = false, reported = false, consistent = false;
-  long live = -1;           ///< blocks in use in the end
+  Pass pass{.consistent = false};
+  std::size_t live = 0;     ///< blocks in use in the end
   std::size_t written = 0;  ///< a hash of what the second, undisturbed pass writes
   bool operator==(const FirstUse&) const = default;
 };
 
-FirstUse first_use(std::string_view text, const utString& folder, long n, Shortage shortage, FixedOutput& output) {
-  std::ostream out(&output);
-  const Pass pass = pass_over(text, folder, out, n, shortage);
-  output.clear();
-  pass_over(text, folder, out, 0, shortage);
-  return {pass.reached, pass.reported, pass.consistent, live, std::hash<std::string_view>()(output.text())};
-}
-
-/// Does it in a process of its own.
 FirstUse first_use_elsewhere(std::string_view text, const utString& folder, long n, Shortage shortage) {
   const auto output = std::make_unique<FixedOutput>();
   int ends[2];
@@ -202,8 +116,15 @@ FirstUse first_use_elsewhere(std::string_view text, const utString& folder, long
   if (pipe(ends) != 0) return result;
   const pid_t child = fork();
   if (child == 0) {
-    const FirstUse here = first_use(text, folder, n, shortage, *output);
-    _exit(write(ends[1], &here, sizeof here) == sizeof here ? 0 : 1);
+    {
+      std::ostream out(output.get());
+      result.pass = pass_over(text, folder, out, n, shortage);
+      output->clear();
+      pass_over(text, folder, out, 0, shortage);
+    }
+    result.live = blocks_in_use;
+    result.written = std::hash<std::string_view>()(output->text());
+    _exit(write(ends[1], &result, sizeof result) == sizeof result ? 0 : 1);
   }
   close(ends[1]);
   if (read(ends[0], &result, sizeof result) != sizeof result) result = {};
@@ -215,16 +136,15 @@ FirstUse first_use_elsewhere(std::string_view text, const utString& folder, long
 // Comes first in this file, so that nothing has used the library yet.
 TEST(FirstUseOutOfMemory, IsReportedAndForgotten) {
   const TemporaryFolder folder;
-  const utString directory = folder.path().string();
   const std::string text = file_text("fuzz/seeds/file/line.igs");
-  FirstUse expected = first_use_elsewhere(text, directory, 0, Shortage::once);
-  ASSERT_TRUE(expected.consistent);
+  FirstUse expected = first_use_elsewhere(text, folder.path, 0, Shortage::once);
+  ASSERT_TRUE(expected.pass.consistent);
   for (const Shortage shortage : {Shortage::once, Shortage::for_good}) {
     bool reached = true;
     for (long n = 1; reached; n += cold_stride) {
-      const FirstUse result = first_use_elsewhere(text, directory, n, shortage);
-      reached = result.reached;
-      expected.reached = expected.reported = reached;
+      const FirstUse result = first_use_elsewhere(text, folder.path, n, shortage);
+      reached = result.pass.reached;
+      expected.pass.reached = expected.pass.reported = reached;
       ASSERT_EQ(result.live, expected.live) << n;
       ASSERT_EQ(result, expected) << n;
     }
@@ -242,44 +162,25 @@ std::string large_text() {
   return builder.text();
 }
 
-struct Case {
-  const char* name;
-  std::string (*text)();
-  long stride;
-};
-void PrintTo(const Case& c, std::ostream* os) { *os << c.name; }
-
-const Case cases[] = {
-    {"Faulty", [] { return file_text("examples/bracket-faulty.igs"); }, stride},
-    {"Damaged", [] { return file_text("examples/bracket-damaged.igs"); }, stride},
-    {"Solid", [] { return file_text("fuzz/seeds/file/brep.igs"); }, stride},
-    {"Curves", [] { return file_text("fuzz/seeds/file/curves.igs"); }, stride},
-    {"Drawing", [] { return file_text("fuzz/seeds/file/drawing.igs"); }, stride},
-    {"Structure", [] { return file_text("fuzz/seeds/file/structure.igs"); }, stride},
-    {"Surfaces", [] { return file_text("fuzz/seeds/file/surfaces.igs"); }, stride},
-    {"Unknown", [] { return file_text("fuzz/seeds/file/unknown.igs"); }, stride},
-    {"Large", large_text, 499 * stride},
-};
-
-class OutOfMemory : public testing::TestWithParam<Case> {};
+class OutOfMemory : public testing::TestWithParam<std::string> {};
 
 TEST_P(OutOfMemory, IsReportedAndForgotten) {
   const TemporaryFolder folder;
-  const utString directory = folder.path().string();
-  const std::string text = GetParam().text();
+  const bool is_large = GetParam() == "large";
+  const std::string text = is_large ? large_text() : file_text(GetParam());
   ASSERT_FALSE(text.empty());
   const auto output = std::make_unique<FixedOutput>();
   const auto undisturbed = [&] {
     output->clear();
     std::ostream out(output.get());
-    pass_over(text, directory, out, 0, Shortage::once);
+    pass_over(text, folder.path, out, 0, Shortage::once);
     return std::string(output->text());
   };
   const std::string expected = undisturbed();
   ASSERT_NE(expected, "");
   undisturbed();
   bool reached = true;
-  for (long n = 1; reached; n += GetParam().stride) {
+  for (long n = 1; reached; n += is_large ? 499 * stride : stride) {
     reached = false;
     for (const Shortage shortage : {Shortage::once, Shortage::for_good}) {
       SCOPED_TRACE("allocation " + std::to_string(n) + (shortage == Shortage::once ? "" : " and all after it"));
@@ -287,22 +188,25 @@ TEST_P(OutOfMemory, IsReportedAndForgotten) {
       {
         output->clear();
         std::ostream out(output.get());
-        const long in_use = live;
-        pass = pass_over(text, directory, out, n, shortage);
-        ASSERT_EQ(live, in_use) << "memory is lost";
+        const std::size_t in_use = blocks_in_use;
+        pass = pass_over(text, folder.path, out, n, shortage);
+        ASSERT_EQ(blocks_in_use, in_use) << "memory is lost";
       }
       reached = reached || pass.reached;
       ASSERT_EQ(pass.reported, pass.reached);
       ASSERT_TRUE(pass.consistent);
       ASSERT_TRUE(output->text().empty() || column_fault(std::string(output->text())).empty()) << output->text();
-      ASSERT_TRUE(std::filesystem::is_empty(folder.path()));
+      ASSERT_TRUE(std::filesystem::is_empty(folder.path));
     }
     ASSERT_EQ(undisturbed(), expected) << "the next file suffers from allocation " << n;
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(File, OutOfMemory, testing::ValuesIn(cases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(File, OutOfMemory,
+                         testing::Values("examples/bracket-faulty.igs", "examples/bracket-damaged.igs",
+                                         "fuzz/seeds/file/brep.igs", "fuzz/seeds/file/curves.igs",
+                                         "fuzz/seeds/file/drawing.igs", "fuzz/seeds/file/structure.igs",
+                                         "fuzz/seeds/file/surfaces.igs", "fuzz/seeds/file/unknown.igs", "large"));
 
 }  // namespace
 }  // namespace igs_test

@@ -3,12 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "geometry/geometry_fixture.h"
-#include "igs/annotation/igs212.h"
-#include "igs/annotation/igs218.h"
-#include "igs/annotation/igs222.h"
-#include "igs/annotation/igs228.h"
-#include "igs/annotation/igsWitnessLine.h"
-#include "igs/structure/igs310.h"
 
 namespace igs_test {
 namespace {
@@ -22,11 +16,9 @@ TEST(Annotation, PositionsAreFollowedThroughRepairs) {
   symbol->check();
   symbol->remove_null_geometry(2);
   symbol->remove_null_leaders(1);
-  const int moved[] = {-1, 0, -1, 1};
-  for (int i = 0; i < 4; ++i) EXPECT_EQ(symbol->current_geometry_index(i), moved[i]) << i;
+  EXPECT_EQ(answers(0, 3, [&](int i) { return symbol->current_geometry_index(i); }), "-1 0 -1 1 ");
   EXPECT_EQ(symbol->current_leader_index(2), 1);
-  EXPECT_EQ(symbol->leader(1).de_number(), 7);
-  EXPECT_EQ(symbol->leader(2).object(), nullptr);
+  EXPECT_EQ(answers(1, 2, [&](int i) { return symbol->leader(i).de_number(); }), "7 0 ");
   EXPECT_EQ(symbol->set_leader(2, ends[4]) + symbol->set_geometry(-1, ends[4]), 0);
   EXPECT_EQ(symbol->set_leader(1, ends[4]) + symbol->set_geometry(0, ends[4]), 2);
   EXPECT_EQ(written_data(file, 11), "228,0,2,9,3,2,5,9;");
@@ -36,10 +28,8 @@ TEST(Annotation, PositionsAreFollowedThroughRepairs) {
 TEST(Annotation, AFieldThatTheFormLacksIsNotWrittenButGivenUp) {
   for (const bool ordinate : {false, true}) {
     igsFile file;
-    IgesBuilder builder;
-    builder.entity(ordinate ? 218 : 222, 1, ordinate ? "5,7,3" : "5,3,1.,2.,3");
-    builder.entity(214, 1, "1,1.,1.,0.,0.,0.,1.,1.");
-    ASSERT_EQ(read_text(file, builder.text()), 1);
+    read_entities(file,
+                  (ordinate ? "218:1 5,7,3" : "222:1 5,3,1.,2.,3") + std::string(" 214:1 1,1.,1.,0.,0.,0.,1.,1."));
     auto& dimension = entity_of<igsObject>(file);
     if (!ordinate) entity_of<igs222>(file).set_leader({});
     dimension.directory_entry().set_form_number(0);
@@ -70,8 +60,7 @@ TEST(Annotation, NotesAndLinesOfHosts) {
   auto* const line = new igsWitnessLine;
   EXPECT_EQ(line->set_size(-1), 0);
   EXPECT_EQ(line->set_size(2), 1);
-  EXPECT_EQ(line->set_planar_point(1, {1, 1}), 1);
-  EXPECT_EQ(line->set_planar_point(2, {1, 1}), 0);
+  EXPECT_EQ(answers(1, 2, [&](int i) { return line->set_planar_point(i, {1, 1}); }), "1 0 ");
   line->append_point({2, 2});
   EXPECT_EQ(line->number_of_points(), 3);
   for (int left = 2; left >= -1; --left) line->remove_last_point();

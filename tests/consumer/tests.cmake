@@ -3,13 +3,12 @@ set(here ${CMAKE_CURRENT_LIST_DIR})
 set(work ${CMAKE_CURRENT_BINARY_DIR}/consumer)
 
 # This build provides one kind of library; the other kind comes from a build as a user would make it, but for its speed.
+set(kinds static shared)
 if(BUILD_SHARED_LIBS)
-  set(here_kind shared)
-  set(other_kind static)
-else()
-  set(here_kind static)
-  set(other_kind shared)
+  list(REVERSE kinds)
 endif()
+list(GET kinds 0 here_kind)
+list(GET kinds 1 other_kind)
 add_test(NAME consumer.plain-build
   COMMAND ${here}/build ${CMAKE_COMMAND} ${PROJECT_SOURCE_DIR} ${work}/plain-build $<NOT:$<BOOL:${BUILD_SHARED_LIBS}>>)
 set_tests_properties(consumer.plain-build PROPERTIES FIXTURES_SETUP plain_build TIMEOUT 1500 PROCESSORS 2)

@@ -29,9 +29,7 @@ TEST(Fixer, RepairsTheDeepestFirst) {
     Names expected;
   };
   const Case cases[] = {
-      {"nothing", {}, {}},
       {"one entity, log order", {{1, 0}, {1, 1}, {1, 0}}, {0, 1, 2}},
-      {"chain", {{1, 3}, {3, 5}, {5, 0}}, {2, 1, 0}},
       {"chain logged from below", {{5, 0}, {3, 5}, {1, 3}}, {0, 1, 2}},
       {"an entity without errors in between is passed", {{1, 3}, {5, 0}, {3, 5}, {7, 7}, {5, 7}}, {3, 1, 4, 2, 0}},
       {"the longest path counts", {{1, 5}, {1, 3}, {3, 5}, {5, 0}}, {3, 2, 0, 1}},
@@ -72,13 +70,8 @@ TEST(Fixer, FailureEndsAnEntityOrAGroupOnlyWithoutKeepGoing) {
 }
 
 /// Logs other errors while it is repaired.
-class Breeder : public igsTyped<Breeder, "Breeder", igsObjectError> {
- public:
-  int fix() override {
-    ObjectFault::create(key(), 7);
-    new StructureFault(8);
-    return 1;
-  }
+struct Breeder : public igsTyped<Breeder, "Breeder", igsObjectError> {
+  int fix() override { return ObjectFault::create(key(), 7), new StructureFault(8), 1; }
 };
 
 TEST(Fixer, FixMayLogErrors) {

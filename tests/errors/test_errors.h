@@ -22,14 +22,10 @@ class RecordedError : public igsTyped<RecordedError<Kind, Name>, Name, Kind> {
     error->set_obj(obj);
     return error;
   }
-  int fix() override {
-    fix_calls.push_back(name);
-    return result;
-  }
+  int fix() override { return fix_calls.push_back(name), result; }
   void visit_values(igsErrorValueVisitor& visitor) const override { visitor.value(name); }
 
-  const int name;
-  const int result;
+  const int name, result;
   static inline int alive = 0;
 };
 

@@ -37,15 +37,13 @@ class RealFiles : public testing::TestWithParam<std::size_t> {
     if (folder == nullptr) GTEST_SKIP() << "IGES_CORPUS names no folder with real files";
     std::set<std::pair<std::uintmax_t, std::string>> found;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-      const std::string extension = entry.path().extension().string();
-      const bool is_iges = extension == ".igs" || extension == ".iges";
+      const bool is_iges = entry.path().extension() == ".igs" || entry.path().extension() == ".iges";
       if (is_iges && entry.file_size() <= max_size) found.emplace(entry.file_size(), entry.path().string());
     }
     ASSERT_FALSE(found.empty()) << folder;
-    const std::vector<std::pair<std::uintmax_t, std::string>> files(found.begin(), found.end());
-    const std::size_t count = std::min(max_files, files.size());
+    const std::size_t count = std::min(max_files, found.size());
     for (std::size_t i = GetParam(); i < count && !HasFailure(); i += num_parts) {
-      const std::string& name = files[i * files.size() / count].second;
+      const std::string& name = std::next(found.begin(), static_cast<long>(i * found.size() / count))->second;
       SCOPED_TRACE(name);
       std::ostringstream bytes;
       bytes << std::ifstream(name, std::ios::binary).rdbuf();
@@ -98,16 +96,11 @@ TEST_P(RealFiles, SurviveWriting) {
 
 using Lines = std::vector<std::string>;
 
-/// Whether a line of a printed entity tells of another entity, or may.
-bool is_reference(std::string_view line) {
-  constexpr std::string_view marks[] = {
-      "@", "NullPointer", "}", "= -", "View =", "\tLevel =", "Matrix =", "Colour =", "LineFont =", "LabelDisplay ="};
-  return std::any_of(std::begin(marks), std::end(marks), [line](auto mark) { return line.find(mark) != line.npos; });
-}
-
 /// The entities of a file by DE number, each by itself and without its references, whose targets may be lost; those
 /// whose parameter data are not read begin with "incomplete".
 std::map<int, Lines> entities_by_number(igsFile& file) {
+  constexpr std::string_view references[] = {
+      "@", "NullPointer", "}", "= -", "View =", "\tLevel =", "Matrix =", "Colour =", "LineFont =", "LabelDisplay ="};
   std::map<int, Lines> entities;
   igsFileIT it(&file);
   while (++it != 0) {
@@ -119,46 +112,41 @@ std::map<int, Lines> entities_by_number(igsFile& file) {
     it()->manager()->set_visited(0);
     std::istringstream text(printed(*it()));
     for (std::string line; std::getline(text, line);) {
-      if (!is_reference(line)) entities[it()->de_number()].push_back(line);
+      const auto holds = [&line](std::string_view mark) { return line.find(mark) != line.npos; };
+      if (std::none_of(std::begin(references), std::end(references), holds))
+        entities[it()->de_number()].push_back(line);
     }
   }
   return entities;
 }
 
-/// What stands where in a file whose records have 80 columns and a section letter, in order.
-struct Records {
-  explicit Records(const std::string& bytes) {
+/// A real file whose records have 80 columns and a section letter, in order; of any other, there are no entities. Read
+/// without its last section, so that nothing is tidied up: as a damaged file is left.
+struct WholeFile {
+  explicit WholeFile(const std::string& bytes) {
     std::istringstream in(bytes);
     std::size_t at = 0;
-    for (std::string line; std::getline(in, line) && terminate == 0; at += line.size() + 1) {
+    for (std::string line; std::getline(in, line); at += line.size() + 1) {
       const std::string record = line.substr(0, line.find_last_not_of('\r') + 1);
       if (record.size() != 80 || std::string_view("SGDPT").find(record[72]) == std::string_view::npos) return;
       if (record[72] == 'D') entry_end[number_at(record, 74, 7) - 1] = ends.size();
       if (record[72] == 'P') data_end[number_at(record, 66, 7)] = ends.size();
-      if (record[72] == 'T') terminate = at;
       ends.push_back(at + 80);
+      if (record[72] == 'T') break;
     }
+    igsFile file;
+    read_text(file, bytes.substr(0, at));
+    entities = entities_by_number(file);
   }
-  /// Whether the record at `of` in a map of last records, and the one after it, which tells that it has ended, stand
-  /// before the damage.
+  std::vector<std::size_t> ends;                   ///< of records
+  std::map<int, std::size_t> entry_end, data_end;  ///< last records by DE number
+  std::map<int, Lines> entities;
+
+  /// Whether an entity's last record, and the one after it, which tells that it has ended, stand before the damage.
   bool is_sound(const std::map<int, std::size_t>& last, int de, std::size_t damage) const {
     const auto found = last.find(de);
     return found != last.end() && found->second + 1 < ends.size() && ends[found->second + 1] <= damage;
   }
-  std::vector<std::size_t> ends;
-  std::map<int, std::size_t> entry_end, data_end;  ///< last records by DE number
-  std::size_t terminate = 0;                       ///< 0: another kind of file
-};
-
-/// A real file, read without its last section, so that nothing is tidied up: as a damaged file is left.
-struct WholeFile {
-  explicit WholeFile(const std::string& bytes) : records(bytes) {
-    igsFile file;
-    if (records.terminate != 0)
-      read_text(file, bytes.substr(0, records.terminate)), entities = entities_by_number(file);
-  }
-  Records records;
-  std::map<int, Lines> entities;
 
   /// Reads bytes that are sound before `damage`; the number of entities that had to be equal.
   int compare(const std::string& bytes, std::size_t damage) const {
@@ -168,8 +156,8 @@ struct WholeFile {
     std::map<int, Lines> found = entities_by_number(file);
     int compared = 0, missing = 0;
     for (const auto& [de, lines] : entities) {
-      if (lines[0] == "incomplete" || !records.is_sound(records.entry_end, de, damage)) continue;
-      const bool has_data = records.is_sound(records.data_end, de, damage);
+      if (lines[0] == "incomplete" || !is_sound(entry_end, de, damage)) continue;
+      const bool has_data = is_sound(data_end, de, damage);
       Lines now = found[de], expected = lines;
       if (now.empty()) {
         EXPECT_FALSE(has_data) << "entity " << de << " is lost";

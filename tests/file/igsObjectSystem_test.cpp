@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <memory>
-#include <sstream>
+#include <utility>
 
 #include "iges_builder.h"
 #include "igs/curves/igs110.h"
@@ -27,12 +27,10 @@ igsFilecoDynArr all_files() {
 }
 
 TEST(ObjectSystem, ComesUpWithOneEmptyFile) {
-  igsObjectSystem::initialize_system();
-  igsObjectSystem::initialize_system();
-  ASSERT_THAT(all_files(), SizeIs(1));
-  EXPECT_EQ(&igsObjectSystem::file(), all_files()[0]);
-  EXPECT_EQ(all_files()[0]->num_entities(), 0);
-  EXPECT_EQ(&igsObjectSystem::log(), &all_files()[0]->error_log());
+  for (int i = 0; i < 2; ++i) igsObjectSystem::initialize_system();
+  ASSERT_THAT(all_files(), ElementsAre(&igsObjectSystem::file()));
+  EXPECT_EQ(igsObjectSystem::file().num_entities(), 0);
+  EXPECT_EQ(&igsObjectSystem::log(), &igsObjectSystem::file().error_log());
 }
 
 TEST(ObjectSystem, LocationsAreReused) {
@@ -63,36 +61,30 @@ TEST(ObjectSystem, LowestRemainingFileBecomesCurrent) {
 TEST(ObjectSystem, NewThingsGoToTheCurrentFile) {
   igsFile one, two;
   EXPECT_EQ((new Node)->de_number(), 1);
+  const igsObjectPtr there(1), ahead(3);
+  for (const int de : {3, 5}) new igsFileNoPDData(de);
   igsObjectSystem::set_current_file(one);
   const Node* node = new Node;
   const igsObjectPtr here(1);
   new igsFileNoPDData(1);
-  igsObjectSystem::set_current_file(two);
-  const igsObjectPtr there(1);
-  new igsFileNoPDData(3);
-  new igsFileNoPDData(5);
   EXPECT_EQ(&node->file(), &one);
   EXPECT_EQ(here.object(), node);
   EXPECT_EQ(there.object(), two.entity(1));
   EXPECT_THAT(active_errors(one), SizeIs(1));
   EXPECT_THAT(active_errors(two), SizeIs(2));
-  // A pointer to an entity ahead is filled by its own file alone.
-  const igsObjectPtr ahead(3);
-  igsObjectSystem::set_current_file(one);
   new Node;
-  EXPECT_EQ(ahead.object(), nullptr);
+  EXPECT_EQ(ahead.object(), nullptr) << "a pointer to an entity ahead is filled by its own file alone";
   igsObjectSystem::set_current_file(two);
   EXPECT_EQ((new Node)->de_number(), 3);
   EXPECT_EQ(ahead.object(), two.entity(3));
   delete node;
   EXPECT_EQ(here.object(), nullptr);
-  EXPECT_EQ(one.num_entities(), 1);
-  EXPECT_EQ(two.num_entities(), 2);
+  EXPECT_EQ(std::pair(one.num_entities(), two.num_entities()), std::pair(1, 2));
 }
 
 TEST(ObjectSystem, DriversWorkOnTheirOwnFile) {
   IgesBuilder builder;
-  builder.entity(110, 0, "0.,0.,0.,0.,0.,0.");
+  builder.line(0);
   builder.entity(999, 0, "");
   igsFile one, two;
   ASSERT_EQ(read_text(one, builder.text()), 1);
@@ -101,7 +93,6 @@ TEST(ObjectSystem, DriversWorkOnTheirOwnFile) {
   EXPECT_THAT(active_errors(one), ElementsAre("igs110CoincidentPoints 1 1e-06", "igsFileInvalidIGESEntity 3 999"));
   EXPECT_EQ(one.entity(1)->check(), 0);
   one.clean(0);
-  EXPECT_EQ(one.entity(1)->objtype().id_string(), "igsPolyline");
   EXPECT_EQ(column_fault(written(one)), "");
   EXPECT_THAT(printed(one), testing::HasSubstr("@1(106)"));
   EXPECT_THAT(printed(*one.entity(1)), testing::HasSubstr("NumberOfPoints"));
@@ -114,14 +105,12 @@ TEST(ObjectSystem, OutermostPassClearsTheVisitFlags) {
   igsFile file;
   igsObjectManager* const manager = (new Node)->manager();
   for (int pass = 0; pass < 2; ++pass) {
-    manager->set_visited(1);
-    igsObjectSystem::reentrant_start();
-    EXPECT_EQ(manager->visited(), 0);
-    manager->set_visited(1);
-    igsObjectSystem::reentrant_start();
-    EXPECT_EQ(manager->visited(), 1);
-    igsObjectSystem::reentrant_end();
-    igsObjectSystem::reentrant_end();
+    for (const int inner : {0, 1}) {
+      manager->set_visited(1);
+      igsObjectSystem::reentrant_start();
+      EXPECT_EQ(manager->visited(), inner);
+    }
+    for (int i = 0; i < 2; ++i) igsObjectSystem::reentrant_end();
     EXPECT_EQ(manager->visited(), 1);
   }
 }

@@ -6,12 +6,7 @@
 #include <vector>
 
 #include "iges_builder.h"
-#include "igs/errors/igsErrorLog.h"
-#include "igs/file/igsDirectoryEntry.h"
-#include "igs/file/igsFile.h"
-#include "igs/objects/igsCast.h"
-#include "igs/objects/igsObject.h"
-#include "igs/support/coResourceTable.h"
+#include "igs/igs.h"
 
 namespace igs_test {
 
@@ -29,13 +24,6 @@ inline std::vector<std::string> found_by_check(const igsObject& object) {
   std::vector<std::string> found;
   for (const igsError* error : object_errors(object.file())) found.push_back(describe(*error));
   return found;
-}
-
-/// Checks the entity, which must have exactly one fault, and repairs that: what `fix` answers.
-inline int fix_the_fault(const igsObject& object) {
-  object.check();
-  const std::vector<igsError*> errors = object_errors(object.file());
-  return errors.size() == 1 ? errors.front()->fix() : -1;
 }
 
 /// The parameter data of an entity as the file writes it, its records joined.
@@ -65,20 +53,22 @@ T& entity_of(const igsFile& file, int de = 1) {
   return *entity;
 }
 
-/// Sets a key of the resource table for the life of this object.
-template <class Key, class Value>
-class Resource {
- public:
-  Resource(Key key, Value value) : m_key(key), m_old(kel_resource_table_inquire().value(key)) {
-    kel_resource_table_inquire().set_value(key, value);
-  }
-  ~Resource() { kel_resource_table_inquire().set_value(m_key, m_old); }
-  Resource(const Resource&) = delete;
-  Resource& operator=(const Resource&) = delete;
+/// Reads entities, each as "type:form fields", with blanks between them.
+inline void read_entities(igsFile& file, const std::string& entities) {
+  IgesBuilder builder;
+  std::istringstream words(entities);
+  char colon = 0;
+  int type = 0, form = 0;
+  for (std::string data; words >> type >> colon >> form >> data;) builder.entity(type, form, data);
+  if (read_text(file, builder.text()) != 1) throw std::runtime_error("the file cannot be read");
+}
 
- private:
-  Key m_key;
-  Value m_old;
-};
+/// What the call answers for the numbers from `first` to `last`, a blank behind each.
+template <class Call>
+std::string answers(int first, int last, Call call) {
+  std::string all;
+  for (int i = first; i <= last; ++i) all += std::to_string(call(i)) + ' ';
+  return all;
+}
 
 }  // namespace igs_test

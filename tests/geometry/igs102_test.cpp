@@ -1,40 +1,37 @@
 // The list of a composite curve while repairs and hosts take elements out of it.
 
-#include "igs/curves/igs102.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "geometry/geometry_fixture.h"
 #include "igs/curves/igs102_errors.h"
-#include "igs/curves/igs110.h"
-#include "igs/curves/igsPolyline.h"
 
 namespace igs_test {
 namespace {
-using Numbers = std::vector<int>;
-
 /// Reads a composite of lines (l), lines without a start point (L) and point sets (s), with DE numbers 3, 5, ...
 igs102& read_composite(igsFile& file, const std::string& kinds) {
-  IgesBuilder builder;
-  std::string data = std::to_string(kinds.size());
-  for (std::size_t i = 0; i < kinds.size(); ++i) data += ',' + std::to_string(2 * i + 3);
-  builder.entity(102, 0, data);
-  for (const char kind : kinds) {
-    if (kind == 's') builder.entity(106, 2, "2,2,1.,2.,3.,4.,5.,6.");
-    if (kind != 's')
-      builder.entity(110, 0, kind == 'l' ? "0.,0.,0.,1.,2.,3." : "-1.7976931348623157D308,0.,0.,1.,2.,3.");
+  std::string composite = "102:0 " + std::to_string(kinds.size()), elements;
+  for (std::size_t i = 0; i < kinds.size(); ++i) {
+    composite += ',' + std::to_string(2 * i + 3);
+    elements += kinds[i] == 's' ? " 106:2 2,2," : kinds[i] == 'l' ? " 110:0 " : " 110:0 -1.7976931348623157D308,2.,3.,";
+    elements += kinds[i] == 'L' ? "4.,5.,6." : "1.,2.,3.,4.,5.,6.";
   }
-  read_text(file, builder.text());
+  read_entities(file, composite + elements);
   return entity_of<igs102>(file);
 }
 
-Numbers sub_curves(const igs102& composite) {
-  Numbers numbers;
+std::string sub_curves(const igs102& composite) {
+  std::string numbers;
   igsObjectPtr sub_curve;
-  for (int i = 0; composite.sub_curve(i, sub_curve) != 0; ++i) numbers.push_back(sub_curve.de_number());
+  for (int i = 0; composite.sub_curve(i, sub_curve) != 0; ++i) numbers += std::to_string(sub_curve.de_number()) + ' ';
   return numbers;
+}
+
+/// The current indices of the original positions from `first` to `last`, and the original ones of the current.
+std::string indices(const igs102& composite, int first, int last) {
+  return answers(first, last, [&](int i) { return composite.get_current_index(i); }) + "| " +
+         answers(first, last, [&](int i) { return composite.get_original_index(i); });
 }
 
 TEST(Igs102, FaultsAreRepairedInAnyOrder) {
@@ -52,7 +49,7 @@ TEST(Igs102, FaultsAreRepairedInAnyOrder) {
       EXPECT_EQ(errors[number]->fix(), 1);
       if (turn % 2 != 0) composite.set_sub_curve(-1, {});  // a look at the list between the repairs
     }
-    EXPECT_EQ(sub_curves(composite), (Numbers{5, 9, 11, 17}));
+    EXPECT_EQ(sub_curves(composite), "5 9 11 17 ");
     EXPECT_EQ(composite.check(), 1);
     for (const int de : {5, 11, 17}) EXPECT_TRUE(file.entity(de)->isa(igsPolyline::type()));
     for (int step = 0; step < 25; ++step) std::next_permutation(order.begin(), order.end());
@@ -72,15 +69,11 @@ TEST(Igs102, AFaultKnowsItsSubCurveWhereverThatIs) {
   EXPECT_EQ(static_cast<igsObjectError*>(bad[0])->obj(), 5);
   static_cast<igs110*>(file.entity(9))->set_start_point({0, 0, 0});
   file.entity(9)->check();  // has become clean
-  const Numbers answers{bad[1]->fix(), bad[0]->fix(), bad[0]->fix(), bad[2]->fix()};
-  EXPECT_EQ(answers, (Numbers{1, 1, 0, 1}));
+  const std::vector<int> fixed{bad[1]->fix(), bad[0]->fix(), bad[0]->fix(), bad[2]->fix()};
+  EXPECT_EQ(fixed, (std::vector<int>{1, 1, 0, 1}));
   EXPECT_EQ(file.entity(5)->num_references(), 0);
-  Numbers current, original;
-  for (int i = -1; i <= 7; ++i) current.push_back(composite.get_current_index(i));
-  for (int i = -1; i <= 5; ++i) original.push_back(composite.get_original_index(i));
-  EXPECT_EQ(current, (Numbers{-1, 0, -1, 1, 2, -1, 3, 4, -1}));
-  EXPECT_EQ(original, (Numbers{-1, 0, 2, 3, 5, 6, -1}));
-  EXPECT_EQ(sub_curves(composite), (Numbers{3, 7, 9, 13, 15}));
+  EXPECT_EQ(indices(composite, -1, 7), "-1 0 -1 1 2 -1 3 4 -1 | -1 0 2 3 5 6 -1 -1 -1 ");
+  EXPECT_EQ(sub_curves(composite), "3 7 9 13 15 ");
   composite.check();
   EXPECT_EQ(composite.get_current_index(3), 3);  // a check starts anew
 }
@@ -88,28 +81,21 @@ TEST(Igs102, AFaultKnowsItsSubCurveWhereverThatIs) {
 TEST(Igs102, TheListFollowsTheHost) {
   igsFile file;
   igs102& composite = read_composite(file, "lll");
-  composite.set_index(0, -1);
-  composite.set_index(2, 0);
-  composite.set_index(3, 1);  // no such position
-  composite.set_index(1, 1000);
-  Numbers current;
-  for (const int i : {0, 1, 2, 3}) current.push_back(composite.get_current_index(i));
-  EXPECT_EQ(current, (Numbers{-1, 1000, 0, -1}));
-  EXPECT_EQ(composite.get_original_index(0), 2);
-  EXPECT_EQ(composite.at_original(0), nullptr);
-  EXPECT_EQ(composite.at_original(1), nullptr);
+  const int moved[] = {-1, 1000, 0, 1};  // where there is no last position
+  for (const int i : {0, 2, 3, 1}) composite.set_index(i, moved[i]);
+  EXPECT_EQ(indices(composite, 0, 3), "-1 1000 0 -1 | 2 -1 -1 -1 ");
+  for (const int i : {0, 1}) EXPECT_EQ(composite.at_original(i), nullptr);
   EXPECT_EQ(composite.at_original(2)->de_number(), 3);
   composite.set_index_list();
-  EXPECT_EQ(composite.get_current_index(0), 0);
-  EXPECT_EQ(composite.get_original_index(2), 2);
+  EXPECT_EQ(indices(composite, 0, 2), "0 1 2 | 0 1 2 ");
   EXPECT_EQ(composite.remove_original(1), 1);
   EXPECT_EQ(composite.remove_original(1) + composite.remove_original(3), 0);
-  EXPECT_EQ(sub_curves(composite), (Numbers{3, 7}));
+  EXPECT_EQ(sub_curves(composite), "3 7 ");
   EXPECT_EQ(composite.set_size(-1), 0);
   EXPECT_EQ(composite.set_size(3), 1);
-  EXPECT_EQ(composite.set_sub_curve(3, igsObjectPtr(3)) + composite.set_sub_curve(-1, igsObjectPtr(3)), 0);
-  EXPECT_EQ(composite.set_sub_curve(2, igsObjectPtr(5)), 1);
-  EXPECT_EQ(sub_curves(composite), (Numbers{3, 7, 5}));
+  EXPECT_EQ(answers(-1, 3, [&](int i) { return i < 0 || i > 1 ? composite.set_sub_curve(i, igsObjectPtr(5)) : 7; }),
+            "0 7 7 1 0 ");
+  EXPECT_EQ(sub_curves(composite), "3 7 5 ");
 }
 }  // namespace
 }  // namespace igs_test

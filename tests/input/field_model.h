@@ -76,6 +76,9 @@ class FieldModel {
     m_outcome.codes = std::exchange(m_null_code, 0);
     m_kind = kind;
     m_text.clear();
+    m_started = m_in_string = false;
+    m_declared = m_stored = 0;
+    m_next_codes = 0;
     if (kind == 'I' || kind == 'S') {
       if (!read_fixed_fast(width)) read_fixed_slow(width);
     } else {
@@ -96,10 +99,8 @@ class FieldModel {
     while (m_frozen && !ended()) {
       m_frozen = false;
       m_null_code = 0;
-      if (m_column > 0)
-        next_record();
-      else
-        break;
+      if (m_column == 0) break;
+      next_record();
     }
     return !ended();
   }
@@ -109,9 +110,7 @@ class FieldModel {
     if (ended()) return;
     std::string data = m_data[m_line];
     if (data.find('\0') != std::string::npos) m_null_code = code(igsIONullCharacter);
-    for (char& c : data) {
-      if (c == '\0' || c == '\t') c = ' ';
-    }
+    for (const char c : {'\0', '\t'}) std::replace(data.begin(), data.end(), c, ' ');
     m_record = m_layout.line(m_line, data);
     m_end = m_layout.width();
     if (m_layout.section != 'D') m_record[m_end] = '\n';
@@ -182,15 +181,9 @@ class FieldModel {
     return true;
   }
   void read_slow() {
-    begin_slowly();
-    while (at() != '\0') {
-      if ((m_kind != 'h' || m_stored >= m_declared) && is_delimiter(at())) {
-        step_over_delimiter(1);
-        break;
-      }
-      if (!accept(at())) break;
-      advance(1);
-    }
+    const auto at_end = [this] { return (m_kind != 'h' || m_stored >= m_declared) && is_delimiter(at()); };
+    while (at() != '\0' && !at_end() && accept(at())) advance(1);
+    if (at_end()) step_over_delimiter(1);
     finish();
   }
   bool read_fixed_fast(std::size_t width) {
@@ -199,64 +192,38 @@ class FieldModel {
     return true;
   }
   void read_fixed_slow(std::size_t width) {
-    begin_slowly();
     const std::string text = rest();
     for (std::size_t i = 0; i + 1 < width && i < text.size(); ++i) accept(text[i]);
     finish();
     advance(std::min(width, text.size()));
   }
 
-  void begin_slowly() {
-    m_state = State::start;
-    m_declared = m_stored = 0;
-    m_outcome.number = 0;
-    m_outcome.text.clear();
-  }
   // False when no further character is wanted.
   bool accept(char c) {
-    if (m_state == State::stop) return false;
-    if (m_state == State::string) return accept_in_string(c);
-    if (m_kind == 'S') return accept_text(c);
-    if (c == ' ') {
-      if (m_state == State::storing) m_state = State::blank;
-      if (m_state == State::split) m_state = State::blank_split;
-    } else if (c == '\n') {
-      if (m_state == State::storing) m_state = State::split;
-      if (m_state == State::blank) m_state = State::blank_split;
-    } else {
-      if (m_state == State::start) raise(igsIOValuePresent);
-      if (m_state == State::blank || m_state == State::blank_split) raise(igsIOBlankInValue);
-      if (m_state == State::split || m_state == State::blank_split) raise(igsIOSplitValue);
-      m_state = State::storing;
-      store(c);
+    if (m_in_string) return accept_in_string(c);
+    if (c == '\n' || (c == ' ' && (m_kind != 'S' || !m_started))) {
+      if (m_started && m_kind != 'S') m_next_codes |= code(c == ' ' ? igsIOBlankInValue : igsIOSplitValue);
+      return true;
     }
-    return true;
-  }
-  void store(char c) {
+    m_outcome.codes |= code(igsIOValuePresent) | std::exchange(m_next_codes, 0);
+    m_started = true;
     if (m_kind == 'h' && (c == 'H' || c == 'h')) {
       m_declared = nearest_int(std::strtoll(m_text.c_str(), nullptr, 10));
       m_text.clear();
-      m_state = State::string;
+      m_in_string = true;
     } else {
       m_text += m_kind == 'r' && (c == 'D' || c == 'd') ? 'E' : c;
     }
+    return true;
   }
   bool accept_in_string(char c) {
-    if (c == '\n') return true;
-    if (m_declared > 0) {
+    if (m_declared > 0 && c != '\n') {
       m_text += c;
       ++m_stored;
-    } else if (c != ' ') {
+    } else if (c != '\n' && c != ' ') {
       raise(igsIOExtraCharacters);
-      m_state = State::stop;
+      return false;
     }
-    return m_state != State::stop;
-  }
-  bool accept_text(char c) {
-    if (c == '\n' || (m_state == State::start && c == ' ')) return true;
-    if (m_state == State::start) raise(igsIOValuePresent);
-    m_state = State::text;
-    m_text += c;
     return true;
   }
   void finish() {
@@ -276,15 +243,11 @@ class FieldModel {
     const std::string stored = std::exchange(m_text, "");
     long long excess = m_stored - m_declared;
     for (std::size_t i = 0; i < stored.size(); ++i) {
-      if (excess > 0 && i > 0 && stored[i] == ' ' && stored[i - 1] == ' ')
-        --excess;
-      else
-        m_text += stored[i];
+      const bool drop = excess > 0 && i > 0 && stored[i] == ' ' && stored[i - 1] == ' ';
+      drop ? void(--excess) : m_text.push_back(stored[i]);
     }
     m_text.resize(std::min(m_text.size(), static_cast<std::size_t>(m_declared)));
   }
-
-  enum class State { start, storing, blank, split, blank_split, string, text, stop };
 
   FieldLayout m_layout;
   std::vector<std::string> m_data;
@@ -293,8 +256,10 @@ class FieldModel {
   bool m_frozen = false;
   unsigned m_null_code = 0;
 
+  // Of the field that is read; m_next_codes are raised if one more character belongs to it.
   char m_kind = 'i';
-  State m_state = State::start;
+  bool m_started = false, m_in_string = false;
+  unsigned m_next_codes = 0;
   std::string m_text;
   long long m_declared = 0, m_stored = 0;
   FieldOutcome m_outcome;
@@ -318,8 +283,7 @@ inline FieldOutcome read_by_stream(igsInStream& in, char kind, unsigned width) {
   }
   for (const igsIOError& error : in.errors()) outcome.codes |= code(error.error_type());
   igsFileSection section = igsNoSectionId;
-  int line = 0;
-  int column = 0;
+  int line = 0, column = 0;
   in.position(section, line, column);
   outcome.line = static_cast<std::size_t>(line);
   outcome.column = static_cast<std::size_t>(column);

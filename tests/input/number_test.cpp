@@ -6,7 +6,6 @@
 #include <array>
 #include <bit>
 #include <cerrno>
-#include <cfloat>
 #include <climits>
 #include <clocale>
 #include <cmath>
@@ -20,8 +19,6 @@
 
 namespace {
 
-const double inf = HUGE_VAL;
-
 bool same(double a, double b) {
   return (std::isnan(a) && std::isnan(b)) || std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
@@ -31,16 +28,14 @@ void expect_as_in_c(const std::string& text) {
   char* end = nullptr;
   const double real = std::strtod(text.c_str(), &end);
   double value = -1;
-  EXPECT_EQ(igs_number::parse_real(text.c_str(), value), static_cast<std::size_t>(end - text.c_str())) << text;
+  EXPECT_EQ(text.c_str() + igs_number::parse_real(text.c_str(), value), end) << text;
   EXPECT_PRED2(same, value, real) << text;
-  EXPECT_EQ(igs_number::parse_real(text.c_str(), value, text.c_str() + text.size()),
-            static_cast<std::size_t>(end - text.c_str()))
-      << text;
+  EXPECT_EQ(text.c_str() + igs_number::parse_real(text.c_str(), value, text.c_str() + text.size()), end) << text;
   EXPECT_PRED2(same, value, real) << text;
 
   const long long whole = std::strtoll(text.c_str(), &end, 10);
   int integer = -1;
-  EXPECT_EQ(igs_number::parse_int(text.c_str(), integer), static_cast<std::size_t>(end - text.c_str())) << text;
+  EXPECT_EQ(text.c_str() + igs_number::parse_int(text.c_str(), integer), end) << text;
   EXPECT_EQ(integer, std::clamp<long long>(whole, INT_MIN, INT_MAX)) << text;
 }
 
@@ -58,11 +53,11 @@ TEST(Number, ReadsWhatTheCLibraryReads) {
       "-nan|1,5|1.5D3|00000000000000000000000001.5|1e22|1e23|123e-22|1.5f|1e0x1|");
   for (const char* text : {"", "  \t\n\v\f\r12,", "\v"}) expect_as_in_c(text);
   for (std::string text; std::getline(cases, text, '|');) expect_as_in_c(text);
-  expect_as_in_c("0." + std::string(400, '0') + "1e400");
-  expect_as_in_c("0x0." + std::string(400, '0') + "1p1600");
-  expect_as_in_c(std::string(400, '9') + "." + std::string(400, '9') + "e-400");
-  expect_as_in_c(std::string(400, '9'));
-  expect_as_in_c("0.0" + std::string(19, '1'));  // 19 digits behind leading zeros
+  const std::string zeros(400, '0'), nines(400, '9');
+  // The last has 19 digits behind leading zeros.
+  for (const std::string& text : {"0." + zeros + "1e400", "0x0." + zeros + "1p1600", nines + "." + nines + "e-400",
+                                  nines, "0.0" + std::string(19, '1')})
+    expect_as_in_c(text);
 }
 
 TEST(Number, ReadsRandomTextAsTheCLibraryDoes) {
@@ -89,30 +84,11 @@ TEST(Number, RoundsToTheNearestDouble) {
     const double value = std::abs(std::bit_cast<double>(random()));
     if (!std::isfinite(value)) continue;
     std::array<char, 64> middle;
-    const long double next = std::nextafter(value, inf);
+    const long double next = std::nextafter(value, HUGE_VAL);
     std::snprintf(middle.data(), middle.size(), "%.*Le", static_cast<int>(15 + random() % 5),
                   (static_cast<long double>(value) + next) / 2);
     expect_as_in_c(middle.data());
     expect_as_in_c(std::to_string((random() >> 10 | 1) << (random() % 8)));  // whole numbers beyond 53 bits: real ties
-  }
-}
-
-TEST(Number, ReadsTheDecimalExponentBehindAD) {
-  struct Case {
-    const char* text;
-    double value;
-    std::size_t length;
-  };
-  const Case cases[] = {
-      {"1.5D3,", 1500, 5},    {"1.5d+3;", 1500, 6},  {"1.1D-5", 1.1e-5, 6}, {"1.5D,", 1.5, 4},
-      {"1.5D 3,", 1500, 6},   {"1.5D-,", 1.5, 4},    {"1.5E2D1", 1500, 7},  {"D3,", 0, 2},
-      {"0D999999999", 0, 11}, {"-0.D+4", -0.0, 6},   {"1D-400", 0, 6},      {"-1D400", -inf, 6},
-      {"0.01D310", 1e308, 8}, {"0x10D1", 0x10D1, 6}, {"infD2", inf, 5},     {"1.7976931348623157D+308", DBL_MAX, 23},
-      {"1.5 D3", 1.5, 3},     {"xD3", 0, 0}};
-  for (const Case& c : cases) {
-    double value = -1;
-    EXPECT_EQ(igs_number::parse_real_with_d(c.text, value), c.length) << c.text;
-    EXPECT_PRED2(same, value, c.value) << c.text;
   }
 }
 

@@ -1,58 +1,21 @@
 // Memory, time and stack for files that are meant to exhaust them. A program of its own, since it replaces operator new
 // to measure how much memory is in use.
 #include <gtest/gtest.h>
-#include <malloc.h>
 #include <pthread.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <ctime>
 #include <functional>
-#include <istream>
-#include <memory>
-#include <new>
-#include <ostream>
-#include <streambuf>
+#include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "hostile_text.h"
+#include "iges_builder.h"
 #include "igs/igs.h"
 #include "igs/structure/igsCompound_errors.h"
+#include "own_memory.h"
 #include "streams.h"
-
-namespace {
-
-std::size_t in_use = 0, peak = 0;
-
-void* take(std::size_t size) noexcept {
-  void* const memory = std::malloc(size == 0 ? 1 : size);  // NOLINT(cppcoreguidelines-no-malloc)
-  if (memory == nullptr) return nullptr;
-  in_use += malloc_usable_size(memory) + sizeof(std::size_t);
-  peak = std::max(peak, in_use);
-  return memory;
-}
-
-void give_back(void* memory) noexcept {
-  if (memory == nullptr) return;
-  in_use -= malloc_usable_size(memory) + sizeof(std::size_t);
-  std::free(memory);  // NOLINT(cppcoreguidelines-no-malloc)
-}
-}  // namespace
-
-void* operator new(std::size_t size) {
-  void* const memory = take(size);
-  if (memory == nullptr) throw std::bad_alloc();
-  return memory;
-}
-void* operator new[](std::size_t size) { return operator new(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return take(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return take(size); }
-void operator delete(void* memory) noexcept { give_back(memory); }
-void operator delete[](void* memory) noexcept { give_back(memory); }
-void operator delete(void* memory, std::size_t) noexcept { give_back(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { give_back(memory); }
 
 namespace {
 
@@ -61,136 +24,139 @@ using namespace igs_test;
 /// Sanitizers take their time: they get smaller files.
 constexpr int scaled(int count) { return count / IGS_TEST_SCALE; }
 
-/// Reads, checks, repairs and writes; the number of bytes written.
-std::size_t use(std::string& text) {
-  TextInput input(text);
-  std::istream in(&input);
-  NoOutput output;
-  std::ostream out(&output);
-  utOstream messages(out);
+/// Reads, checks, repairs and writes.
+void use(const std::string& text) {
+  Streams streams(text);
   igsFile file;
-  file.read(in, messages);
+  file.read(streams.in, streams.messages);
   file.check();
   file.clean(1);
-  output.count = 0;
-  file.write(out, messages);
-  return output.count;
+  file.write(streams.out, streams.messages);
 }
 
-struct Hostile {
+/// The text of a file of some size.
+using Text = std::function<std::string(int count)>;
+
+std::string repeated(std::string_view piece, int count) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += piece;
+  return text;
+}
+
+/// Entities that are all the same.
+Text many(int type, int form, const std::string& data) {
+  return [=](int count) {
+    IgesBuilder builder;
+    for (int i = 0; i < count; ++i) builder.entity(type, form, data);
+    return builder.text();
+  };
+}
+
+/// A small first entity (DE 1), then one with a list of equal pieces, which claims to be longer than it is.
+struct List {
   const char* name;
-  std::function<std::string(int count)> text;
+  int type, form;
+  const char *head, *piece;
+  int count;
+  int claim = 1;  ///< how many times longer
+  double ratio = 12;
+  int first_type = 110, first_form = 0;
+  const char* first = "0.,0.,0.,1.,1.,1.";
+
+  std::string text(int pieces) const {
+    IgesBuilder builder;
+    builder.entity(first_type, first_form, first);
+    std::string data = head + std::to_string(claim * pieces) + ',' + repeated(piece, pieces);
+    data.pop_back();
+    builder.entity(type, form, data);
+    return builder.text();
+  }
+};
+const List shared_points{"shared points", 102, 0, "", "1,", 200000, 1, 12, 106, 2, "2,2,0.,0.,0.,1.,0.,0."};
+
+struct Hostile {
+  std::string name;
+  Text text;
   int count;
   double ratio = 12;  ///< of memory in use to the size of the file, beyond the constant
 };
 
-/// An entity of the type, 243 bytes of file, that announces a list and supplies nothing of it.
-Hostile liar(const char* name, const char* data, int form = 0) {
-  return {name, [=](int count) { return many(std::atoi(data), data, form, count); }, 12000};
-}
-
-/// A list of fields of one character each, each of them at fault: an entity cannot be kept in so little memory.
-Hostile faults_only(const char* name, int type, int form, const char* head, const char* tail, const char* piece,
-                    double ratio) {
-  return {name,
-          [=](int count) {
-            return one_list(type, form, std::to_string(type) + head + std::to_string(count) + tail, piece, count);
-          },
-          2000000, ratio};
-}
-
-std::string many_lines(const char* line, int count) { return repeated(line, count); }
-
 std::vector<Hostile> hostile_files() {
-  return {
-      liar("102", "102,256;"),
-      liar("106", "106,2,256;", 12),
-      liar("112", "112,1,1,3,19;"),
-      liar("126", "126,250,1,0,0,1,0;"),
-      liar("128", "128,15,15,1,1,0,0,1,0,0;"),
-      liar("141", "141,0,0,1,256;"),
-      liar("143", "143,0,1,256;"),
-      liar("212", "212,256;"),
-      liar("402", "402,256;", 7),
-      liar("404", "404,256;"),
-      liar("502", "502,256;", 1),
-      liar("504", "504,256;", 1),
-      liar("508", "508,256;", 1),
-      {"lists in a list that lie",
-       [](int count) { return one_list(141, 0, "141,0,0,1," + std::to_string(4 * count) + ",", "0,0,256,", count); },
-       200000},
-      {"a count four times too large",
-       [](int count) { return one_list(141, 0, "141,0,0,1," + std::to_string(4 * count) + ",", "1,1,0,", count); },
-       300000},
-      {"tiny entities", [](int count) { return many(110, "110,0,0,0,0,0,1;", 0, count); }, 60000},
-      {"tiny faulty entities", [](int count) { return many(110, "110;", 0, count); }, 60000},
-      {"one entity of all pointers",
-       [](int count) { return one_list(402, 7, "402," + std::to_string(count) + ",", "1,", count); }, 1000000},
-      {"one point set as all curves",
-       [](int count) {
-         return one_list(102, 0, "102," + std::to_string(count) + ",", "1,", count, "106,2,2,0,0,0,1,0,0;");
-       },
-       200000},
-      {"one faulty curve as all curves",
-       [](int count) {
-         return one_list(102, 0, "102," + std::to_string(count) + ",", "1,", count, "100,0.,0.,0.,0.,0.,0.,0.;");
-       },
-       2000000, 25},
-      {"one line", [](int count) { return many_lines("x", count); }, 10000000},
-      {"blank lines", [](int count) { return many_lines("\n", count); }, 10000000},
-      {"NUL characters", [](int count) { return std::string(static_cast<std::size_t>(count), '\0'); }, 10000000},
-      {"short lines", [](int count) { return many_lines("S      1\n", count); }, 1000000},
-      {"shortest lines of the Start section", [](int count) { return many_lines("S1\n", count); }, 1000000},
-      faults_only("null members", 402, 7, ",", ",", "0,", 12),
-      faults_only("empty members", 102, 0, ",", ",", ",", 12),
-      faults_only("null vertices", 508, 1, ",", ",", "0,0,0,0,0,", 12),
+  std::vector<Hostile> files{{"tiny entities", many(110, 0, "0,0,0,0,0,1"), 60000},
+                             {"tiny faulty entities", many(110, 0, ""), 60000},
+                             {"shortest lines", [](int count) { return repeated("S1\n", count); }, 1000000},
+                             {"short lines", [](int count) { return repeated("S      1\n", count); }, 1000000}};
+  for (const char piece : {'x', '\n', '\0'}) {
+    files.push_back({"character " + std::to_string(piece), [=](int n) { return repeated({&piece, 1}, n); }, 10000000});
+  }
+  // Entities of 243 bytes of file that announce a list and supply nothing of it.
+  std::istringstream liars(
+      "102 0 256 106 12 2,256 112 0 1,1,3,19 126 0 250,1,0,0,1,0 128 0 15,15,1,1,0,0,1,0,0 141 0 0,0,1,256 "
+      "143 0 0,1,256 212 0 256 402 7 256 404 0 256 502 1 256 504 1 256 508 1 256");
+  std::string data;
+  for (int type, form; liars >> type >> form >> data;) {
+    files.push_back({std::to_string(type) + ',' + data, many(type, form, data), 12000});
+  }
+  const List lists[] = {
+      {"lists in a list that lie", 141, 0, "0,0,1,", "0,0,256,", 200000, 4},
+      {"a count four times too large", 141, 0, "0,0,1,", "1,1,0,", 300000, 4},
+      {"all pointers", 402, 7, "", "1,", 1000000},
+      shared_points,
+      {"one faulty curve", 102, 0, "", "1,", 2000000, 1, 25, 100, 0, "0.,0.,0.,0.,0.,0.,0."},
+      // Each field of one character is at fault: an entity cannot be kept in so little memory.
+      {"null members", 402, 7, "", "0,", 2000000},
+      {"empty members", 102, 0, "", ",", 2000000},
+      {"null vertices", 508, 1, "", "0,0,0,0,0,", 2000000},
   };
+  for (const List& list : lists) {
+    files.push_back({list.name, [list](int count) { return list.text(count); }, list.count, list.ratio});
+  }
+  return files;
 }
 
 TEST(Limits, MemoryFollowsTheFile) {
   constexpr double constant = 64e6;
   for (const Hostile& hostile : hostile_files()) {
-    std::string text = hostile.text(scaled(hostile.count));
-    const std::size_t before = in_use;
-    peak = in_use;
-    const std::clock_t start = std::clock();
+    const std::string text = hostile.text(scaled(hostile.count));
+    const std::size_t before = peak = bytes_in_use;
     use(text);
-    const auto used = static_cast<double>(peak - before), size = static_cast<double>(text.size());
-    EXPECT_LE(used, constant + hostile.ratio * size) << hostile.name << ": " << size << " bytes";
-    if (std::getenv("IGS_LIMITS_REPORT") != nullptr) {
-      std::printf("%-30s %9.0f bytes, %9.0f used, %6.1f, %5.2f s\n", hostile.name, size, used, used / size,
-                  static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
-    }
+    EXPECT_LE(static_cast<double>(peak - before), constant + hostile.ratio * static_cast<double>(text.size()))
+        << hostile.name << ": " << text.size() << " bytes";
   }
 }
 
-// Where the entity that is about to be added refers to: to the one after it unless the chain ends there.
-std::string target(const HostileText& file, int next, int entities_per_link = 1) {
-  return std::to_string(next < 0 ? file.next_de() + 2 * entities_per_link : next);
-}
+/// Entities that take turns, each of which refers to the next where its data says @.
+struct Chain {
+  const char* name;
+  int types[2], form;
+  const char* data[2];
 
-const Chain chains[] = {
-    {"matrix", [](HostileText& file,
-                  int next) { file.add(124, "124,1,0,0,0,0,1,0,0,0,0,1,0;", 0, std::stoi(target(file, next))); }},
-    {"composite", [](HostileText& file, int next) { file.add(102, "102,1," + target(file, next) + ";"); }},
-    {"group", [](HostileText& file, int next) { file.add(402, "402,1," + target(file, next) + ";", 7); }},
-    {"offset surface", [](HostileText& file, int next) { file.add(140, "140,0,0,1,1," + target(file, next) + ";"); }},
-    {"superseded font",
-     [](HostileText& file, int next) { file.add(310, "310,1,1Hx,-" + target(file, next) + ",1,1,65,8,0,0;"); }},
-    {"subfigure",
-     [](HostileText& file, int next) {
-       const std::string after = target(file, next, 2);
-       file.add(308, "308,1,1Hx,1," + std::to_string(file.next_de() + 2) + ";");
-       file.add(408, "408," + after + ",0,0,0,1;");
-     }},
+  /// The last entity refers to DE `end`.
+  std::string text(int length, int end) const {
+    IgesBuilder builder;
+    for (int i = 0; i < length; ++i) {
+      const int next = i + 1 == length ? end : 2 * i + 3;
+      std::string fields = data[i % 2];
+      const std::size_t at = fields.find('@');
+      if (at != std::string::npos) fields.replace(at, 1, std::to_string(next));
+      builder.entity(types[i % 2], form, fields, {.matrix = at == std::string::npos ? next : 0});
+    }
+    return builder.text();
+  }
 };
+constexpr const char *matrix = "1,0,0,0,0,1,0,0,0,0,1,0", *member = "1,@", *surface = "0,0,1,1,@";
+constexpr const char* font = "1,1Hx,-@,1,1,65,8,0,0";
+const Chain chains[] = {
+    {"matrix", {124, 124}, 0, {matrix, matrix}},      {"composite", {102, 102}, 0, {member, member}},
+    {"group", {402, 402}, 7, {member, member}},       {"offset surface", {140, 140}, 0, {surface, surface}},
+    {"superseded font", {310, 310}, 0, {font, font}}, {"subfigure", {308, 408}, 0, {"1,1Hx,1,@", "@,0,0,0,1"}}};
+constexpr int links = scaled(20000);
 
 /// Runs `work` with a stack of its own, in which no recursion as deep as a chain is long has room.
 void with_small_stack(const std::function<void()>& work) {
-  constexpr std::size_t stack = std::size_t{IGS_TEST_SCALE == 1 ? 1 : 2} * 1024 * 1024;
   pthread_attr_t attributes;
   pthread_attr_init(&attributes);
-  pthread_attr_setstacksize(&attributes, stack);
+  pthread_attr_setstacksize(&attributes, std::size_t{IGS_TEST_SCALE == 1 ? 1 : 2} * 1024 * 1024);
   pthread_t thread;
   const auto run = [](void* argument) -> void* {
     (*static_cast<const std::function<void()>*>(argument))();
@@ -201,19 +167,12 @@ void with_small_stack(const std::function<void()>& work) {
   pthread_attr_destroy(&attributes);
 }
 
-void walk_chain(const Chain& chain, bool is_cycle) {
-  SCOPED_TRACE(std::string(chain.name) + (is_cycle ? ", cycle" : ""));
-  std::string text = chain_text(chain, scaled(20000), is_cycle);
+void walk(const std::string& text, bool is_cycle) {
   use(text);
-
-  TextInput input(text);
-  std::istream in(&input);
-  NoOutput output;
-  std::ostream out(&output);
-  utOstream messages(out);
+  Streams streams(text);
   igsFile file;
-  ASSERT_EQ(file.read(in, messages), 1);
-  file.print(messages);
+  ASSERT_EQ(file.read(streams.in, streams.messages), 1);
+  file.print(streams.messages);
   ASSERT_NE(file.entity(1), nullptr);
   igsObjectPtr first(1);
   if (is_cycle) {
@@ -226,31 +185,29 @@ void walk_chain(const Chain& chain, bool is_cycle) {
 
 TEST(Limits, ChainsNeedNoStack) {
   for (const Chain& chain : chains) {
-    with_small_stack([&chain] { walk_chain(chain, false); });
-    with_small_stack([&chain] { walk_chain(chain, true); });
+    for (const bool is_cycle : {false, true}) {
+      SCOPED_TRACE(chain.name);
+      with_small_stack([&] { walk(chain.text(links, is_cycle ? 1 : 0), is_cycle); });
+    }
   }
-}
-
-double seconds_for(std::string text) {
-  const std::clock_t start = std::clock();
-  use(text);
-  return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
 TEST(Limits, TimeFollowsTheFile) {
   constexpr int factor = 8;
   constexpr double quadratic = 32;  // 64 would be, 8 is linear
   constexpr double least = 0.01;    // seconds; shorter times say nothing
-  for (const Hostile& hostile : hostile_files()) {
-    const int count = scaled(hostile.count / 4);
+  const auto seconds_for = [](const std::string& text) {
+    const std::clock_t start = std::clock();
+    use(text);
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+  };
+  std::vector<Hostile> files = hostile_files();
+  for (Hostile& hostile : files) hostile.count /= 4;
+  for (const Chain& chain : chains) files.push_back({chain.name, [=](int n) { return chain.text(n, 1); }, 20000});
+  for (const Hostile& hostile : files) {
+    const int count = scaled(hostile.count);
     const double small = seconds_for(hostile.text(count / factor)), large = seconds_for(hostile.text(count));
     EXPECT_LT(large, quadratic * std::max(small, least)) << hostile.name << ": " << small << " s, then " << large;
-  }
-  for (const Chain& chain : chains) {
-    const int count = scaled(20000);
-    const double small = seconds_for(chain_text(chain, count / factor, true));
-    const double large = seconds_for(chain_text(chain, count, true));
-    EXPECT_LT(large, quadratic * std::max(small, least)) << chain.name << ": " << small << " s, then " << large;
   }
 }
 
@@ -259,36 +216,30 @@ TEST(Limits, ErrorsGiveTheirMemoryBack) {
   constexpr std::size_t little = 65536;
   igsFile file;
   igsIndexedSectionLog& log = file.error_log().object_log();
-  const auto make = [&log](int key_begin) {
+  const auto make = [](int key_begin) {
     for (int i = 0; i < count; ++i) {
-      const int key = i % keys;
-      if (key >= key_begin) (new igsCompoundEntityError(i))->set_key(key);
+      if (i % keys >= key_begin) (new igsCompoundEntityError(i))->set_key(i % keys);
     }
-    return log.num_errors(0);
   };
-  const std::size_t before = in_use;
-  EXPECT_EQ(make(0), count / keys + 1);
-  const std::size_t full = in_use;
+  const std::size_t before = bytes_in_use;
+  make(0);
+  const std::size_t full = bytes_in_use;
   EXPECT_LE(full - before, count * std::size_t{64});
   for (int key = 1; key < keys; ++key) log.clear(key);
-  EXPECT_EQ(log.num_errors(), log.num_errors(0));
+  EXPECT_EQ(log.num_errors(), count / keys + 1);
   make(1);
-  EXPECT_LE(in_use, full + little) << "new errors take the place of deleted ones";
+  EXPECT_LE(bytes_in_use, full + little) << "new errors take the place of deleted ones";
   log.clear();
-  EXPECT_LE(in_use, before + little);
+  EXPECT_LE(bytes_in_use, before + little);
 }
 
 // Copies of one point set for as many members are made while there is room for them; then members share one.
 TEST(Limits, ManyReferencesShareAConversion) {
-  const int count = 20000;
-  std::string text = one_list(102, 0, "102," + std::to_string(count) + ",", "1,", count, "106,2,2,0.,0.,0.,1.,0.,0.;");
-  TextInput input(text);
-  std::istream in(&input);
-  NoOutput output;
-  std::ostream out(&output);
-  utOstream messages(out);
+  constexpr int count = 20000;
+  const std::string text = shared_points.text(count);
+  Streams streams(text);
   igsFile file;
-  ASSERT_EQ(file.read(in, messages), 1);
+  ASSERT_EQ(file.read(streams.in, streams.messages), 1);
   file.clean(0);
   const igs102* const composite = dynamic_cast<const igs102*>(file.entity(3));
   ASSERT_NE(composite, nullptr);
@@ -298,7 +249,7 @@ TEST(Limits, ManyReferencesShareAConversion) {
     composite->sub_curve(i, curve);
     ASSERT_TRUE(curve.object() != nullptr && curve->isa(igsPolyline::type())) << i;
   }
-  EXPECT_EQ(file.error_log().get_section_log(igsObjectLog)->num_errors(), 0);
+  EXPECT_EQ(file.error_log().object_log().num_errors(), 0);
   EXPECT_GT(file.num_entities(), 1000);
   EXPECT_LT(file.num_entities(), count / 2);
 }

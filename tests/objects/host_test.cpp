@@ -3,8 +3,7 @@
 
 #include <cstdlib>
 #include <memory>
-#include <string>
-#include <vector>
+#include <sstream>
 
 #include "errors/test_errors.h"
 #include "iges_builder.h"
@@ -12,6 +11,7 @@
 #include "igs/errors/igsErrorLog.h"
 #include "igs/errors/igsFixer.h"
 #include "igs/file/igsFile.h"
+#include "igs/file/igsFile_errors.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsCurve.h"
 #include "objects/test_node.h"
@@ -27,7 +27,7 @@ TEST(Host, WorksOnAFileWhileAnotherIsCurrent) {
   line->set_end_point({1, 2, 3});
   igsFile other;
   auto* const node = new Node;
-  node->children = {igsObjectPtr(line)};
+  node->children.emplace_back(line);
   EXPECT_EQ(line->check(), 0);
   EXPECT_EQ(line->num_logged_errors(), 1);
   EXPECT_EQ(node->check(), 0) << "through a pointer from the other file";
@@ -46,19 +46,30 @@ TEST(Host, ComparesPointersWithObjects) {
   igsFile file;
   auto *const node = new Node, *const other = new Node;
   const igsObjectPtr null, to_node(node), to_other(other);
+  EXPECT_TRUE(to_node == igsObjectPtr(1) && igsObjectPtr() == igsObjectPtr(4));
   EXPECT_TRUE(to_node == node && node == to_node && to_node != other && to_node != nullptr && nullptr != to_node);
   EXPECT_TRUE(null == nullptr && null != node && null == igsObjectPtr(9) && to_node != to_other);
   void* const raw = to_other;
   EXPECT_TRUE(to_node && !null && raw == other && to_other == raw);
 }
 
-TEST(Host, TakesItsSinkAway) {
+TEST(Host, GivesErrorsTheirKeyAndSinkAndTakesThatAway) {
   igsFile file;
+  new Node;
   const auto* const node = new Node;
   RecordingSink sink, own, later;
+  auto *const before = new NodeFaulty, *const tagged = new NodeFaulty, *const apart = new NodeFaulty;
+  node->tag_error(before);
+  EXPECT_EQ(before->message_stream(), nullptr);
   file.set_message_stream(&sink);
-  auto *const tagged = new NodeFaulty, *const apart = new NodeFaulty;
   node->tag_error(tagged);
+  auto* const structure = new igsFileNoPDData(77);
+  node->tag_error(structure);
+  EXPECT_TRUE(tagged->message_stream() == &sink && structure->message_stream() == &sink);
+  EXPECT_EQ(structure->key() * 10 + tagged->key(), 773);
+  node->tag_error(static_cast<igsObjectError*>(nullptr));
+  node->tag_error(static_cast<igsStructureError*>(nullptr));
+  EXPECT_EQ(node->num_logged_errors(), 2);
   apart->set_message_stream(&own);
   file.set_message_stream(nullptr);
   EXPECT_EQ(tagged->message_stream(), nullptr);
@@ -150,12 +161,11 @@ TEST(Host, AsksWhichRepairsWait) {
   EXPECT_EQ(fixer.node(1), nullptr);
   fixer.build_dependencies(file.error_log());
   fixer.schedule_dependencies();
-  const int expected[][4] = {{1, 0, 2, 1}, {3, 1, 1, 2}, {5, 1, 0, 3}};
-  for (const auto& [de, used, children, distance] : expected) {
+  for (const auto& [de, expected] : {std::pair(1, "0 2 1"), {3, "1 1 2"}, {5, "1 0 3"}}) {
     const igsFixNode& node = *fixer.node(de);
-    EXPECT_EQ(node.is_used(), used) << de;
-    EXPECT_EQ(node.num_children(), children) << de;
-    EXPECT_EQ(node.distance(), distance) << de;
+    std::ostringstream text;
+    text << node.is_used() << ' ' << node.num_children() << ' ' << node.distance();
+    EXPECT_EQ(text.str(), expected) << de;
   }
   EXPECT_EQ(fixer.node(7), nullptr);
 }

@@ -68,15 +68,13 @@ int read_list(int count, const std::string& given, int num_given, const std::str
 
 TEST(Lists, CountsAreBelievedInProportionToTheRecord) {
   EXPECT_EQ(read_list<TestReals>(0, "", 0), 0);
-  EXPECT_EQ(read_list<TestReals>(-1, ",7.", 3), -1);
-  EXPECT_EQ(read_list<TestReals>(INT_MIN, ",7.", 3), -1);
-  EXPECT_EQ(read_list<TestReals>(INT_MAX, ",7.", 3), -1);
+  for (const int count : {-1, INT_MIN, INT_MAX}) EXPECT_EQ(read_list<TestReals>(count, ",7.", 3), -1) << count;
   EXPECT_EQ(read_list<TestReals>(2, ",7.", 5), 2);
   for (const int given : {0, 1, 64}) {
-    EXPECT_EQ(read_list<TestReals>(256, ",7.", given), 256);
-    EXPECT_EQ(read_list<TestReals>(257, ",7.", given), -1);
-    EXPECT_EQ(read_list<TestRecords>(256, ",1HA,0", given), 256);
-    EXPECT_EQ(read_list<TestRecords>(257, ",1HA,0", given), -1);
+    for (const auto& [count, result] : {std::pair(256, 256), {257, -1}}) {
+      EXPECT_EQ(read_list<TestReals>(count, ",7.", given), result) << given;
+      EXPECT_EQ(read_list<TestRecords>(count, ",1HA,0", given), result) << given;
+    }
   }
   // Empty fields supply nothing.
   for (const int given : {0, 74, 75, 300}) {

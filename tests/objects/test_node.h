@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <vector>
 
 #include "igs/errors/igsErrorClass.h"
@@ -23,7 +24,11 @@ class NodeBadChild : public igsErrorClass<NodeBadChild, "NodeBadChild", igsObjec
 /// An entity that holds pointers and counts what is done to it.
 class Node : public igsTyped<Node, "Node", igsObject> {
  public:
-  Node() { ++alive; }
+  /// Holds pointers to the entities with these DE numbers, now or later; null for 0.
+  explicit Node(std::initializer_list<int> des = {}) {
+    for (const int de : des) children.emplace_back(de);
+    ++alive;
+  }
   ~Node() override { --alive; }
   igsObject* make_one() override { return new Node; }
   int read_pd_data(igsInStream& /*in*/) override { return 1; }
@@ -36,9 +41,10 @@ class Node : public igsTyped<Node, "Node", igsObject> {
   void check_pd() const override {
     ++checks;
     if (faulty) tag_error(new NodeFaulty);
-    for (int i = 0; i < static_cast<int>(children.size()); ++i) {
-      const igsObjectPtr& child = children[static_cast<std::size_t>(i)];
+    int i = 0;
+    for (const igsObjectPtr& child : children) {
       if (child && child->check() == 0) tag_error(new NodeBadChild(i));
+      ++i;
     }
   }
   void check_de() const override {}
@@ -79,9 +85,8 @@ class TestCompound : public igsTyped<TestCompound, "TestCompound", igsCompound> 
 inline TestCompound* make_compound(const std::vector<igsObject*>& members) {
   auto* compound = new TestCompound;
   compound->set_number_of_entities(static_cast<int>(members.size()));
-  for (int i = 0; i < static_cast<int>(members.size()); ++i) {
-    compound->set_entity(i, igsObjectPtr(members[static_cast<std::size_t>(i)]));
-  }
+  int i = 0;
+  for (igsObject* const member : members) compound->set_entity(i++, igsObjectPtr(member));
   compound->set_index_list();
   return compound;
 }

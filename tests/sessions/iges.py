@@ -8,7 +8,6 @@
 """
 import re
 
-SECTIONS = "SGDPT"
 COMMON = {"line": "110 0.,0.,0.,1.,0.,0.", "short": "110 0.,0.,0.,0.,0.,0.", "point": "116 1.,2.,3.,0"}
 GLOBAL = ("1H,|1H;|4Htest|8Htest.igs|5Hmaker|3H1.0|32|38|6|308|15|4Htest|1.|2|2HMM|1|0.|15H20200102.030405|1.D-6|1000."
           "|6Hauthor|3Horg|11|0|15H20200102.030405")
@@ -27,9 +26,7 @@ def packed(text, width):
 
 
 def layout(start, parameters, entities):
-    records = {section: [] for section in SECTIONS}
-    records["S"] = [line.ljust(72) for line in start]
-    records["G"] = [line.ljust(72) for line in packed(",".join(parameters) + ";", 72)]
+    records = {"S": start, "G": packed(",".join(parameters) + ";", 72), "D": [], "P": []}
     for kind, form, data in entities:
         lines = packed(kind + ("," + data if data else "") + ";", 64)
         numbers = [kind, len(records["P"]) + 1] + [0] * 6, [kind, 0, 0, len(lines), form]
@@ -37,10 +34,9 @@ def layout(start, parameters, entities):
         de = len(records["D"]) + 1
         records["D"] += [first + "00000000", second.ljust(64) + "0".rjust(8)]
         records["P"] += [line.ljust(65) + str(de).rjust(7) for line in lines]
-    records["T"] = ["".join(section + str(len(records[section])).rjust(7) for section in "SGDP").ljust(72)]
-    for section, lines in records.items():
-        records[section] = [line + section + str(i + 1).rjust(7) for i, line in enumerate(lines)]
-    return records
+    records["T"] = ["".join(section + str(len(lines)).rjust(7) for section, lines in records.items())]
+    return {section: [line.ljust(72) + section + str(i + 1).rjust(7) for i, line in enumerate(lines)]
+            for section, lines in records.items()}
 
 
 def damage(records, item):
@@ -48,37 +44,31 @@ def damage(records, item):
     if de:
         number, field = int(de[1]), int(de[2])
         damage(records, f"D{number + field // 11}.{(field - 1) % 10 * 8 + 1}={de[3].rjust(8)}")
-    elif not record:
-        raise ValueError("no part of a file: " + item)
+        return
+    lines, at, text = records[record[1]], int(record[2]) - 1, record[4]
+    if record[3][0] == ".":
+        column = int(record[3][1:-1]) - 1
+        lines[at] = lines[at][:column] + text + lines[at][column + len(text):]
     else:
-        lines, at, text = records[record[1]], int(record[2]) - 1, record[4]
-        if record[3] == "-":
-            del lines[at]
-        elif record[3] == "+=":
-            lines.insert(at, text)
-        else:
-            column = int(record[3][1:-1]) - 1
-            lines[at] = lines[at][:column] + text + lines[at][column + len(text):]
+        lines[at:at + (record[3] == "-")] = [text] if record[3] == "+=" else []
 
 
 def iges(description):
     """The bytes of the file."""
-    start, parameters, entities, damages, end, cut = ["A file made for a test."], GLOBAL.split("|"), [], [], "\n", None
+    parameters, entities, damages, options = GLOBAL.split("|"), [], [], {"S": "A file made for a test.", "end": "\n"}
     for item in filter(None, description.encode("latin-1", "backslashreplace").decode("unicode_escape").split(" ; ")):
         entity = re.fullmatch(r"(\d+)(?::(\d+))?(?: (.*?))?(?: x(\d+))?", re.sub(r"^[a-z]+\b(?!=)", lambda name: COMMON[name[0]], item))
+        option = re.fullmatch(r"(S|end|cut|G(?=\d+=))(\d*)=(.*)", item, re.S)
         if entity:
             entities += [(entity[1], entity[2] or 0, entity[3] or "")] * int(entity[4] or 1)
-        elif item.startswith("S="):
-            start = item[2:].split("|")
-        elif re.match(r"G\d+=", item):
-            parameters[int(item[1:item.index("=")]) - 1] = item[item.index("=") + 1:]
-        elif item.startswith("end="):
-            end = item[4:]
-        elif item.startswith("cut="):
-            cut = int(item[4:])
+        elif option and option[2]:
+            parameters[int(option[2]) - 1] = option[3]
+        elif option:
+            options[option[1]] = option[3]
         else:
             damages.append(item)
-    records = layout(start, parameters, entities)
+    records = layout(options["S"].split("|"), parameters, entities)
     for item in damages:
         damage(records, item)
-    return "".join(line + end for section in SECTIONS for line in records[section]).encode("latin-1")[:cut]
+    text = "".join(line + options["end"] for lines in records.values() for line in lines)
+    return text.encode("latin-1")[:int(options.get("cut", len(text)))]

@@ -4,10 +4,10 @@ import random, sys
 
 from iges import iges
 
-count, last = int(sys.argv[1]), sys.argv[2]
-order = list(range(3 * count))
-if len(sys.argv) > 3:
-    random.Random(int(sys.argv[3])).shuffle(order)
+count, last, *seeds = sys.argv[1:]
+count, order = int(count), list(range(3 * int(count)))
+for seed in seeds:
+    random.Random(int(seed)).shuffle(order)
 entities, pointers = [""] * len(order), []
 for i in range(count):
     line, matrix, group, following = (2 * order[k % len(order)] + 1 for k in (3 * i, 3 * i + 1, 3 * i + 2, 3 * i + 5))

@@ -3,26 +3,18 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
-#include <string_view>
 
 namespace {
 
-bool is_to_fail(std::string_view call, int descriptor) {
+int result_of(long call, const std::string& name, int descriptor) {
+  std::error_code none;
+  const std::string file = std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor), none).string();
   const char* const failing = std::getenv("IGS_FAILING_CALL");  // NOLINT(concurrency-mt-unsafe): there is one thread
-  if (failing == nullptr || failing != call) return false;
-  std::array<char, 4096> name{};
-  const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
-  const ssize_t length = readlink(link.c_str(), name.data(), name.size());
-  if (length <= 0) return false;
-  return std::string_view(name.data(), static_cast<std::size_t>(length)).find("/.igs-") != std::string_view::npos;
-}
-
-int result_of(long call, std::string_view name, int descriptor) {
-  const bool fails = is_to_fail(name, descriptor);
+  const bool fails = failing != nullptr && name == failing && file.find("/.igs-") != std::string::npos;
   const long result = syscall(call, descriptor);
   if (fails) errno = EIO;
   return fails ? -1 : static_cast<int>(result);

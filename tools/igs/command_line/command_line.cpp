@@ -70,6 +70,7 @@ template <class Value>
 void add_choice(CLI::App& command, const std::string& name, const std::string& description,
                 const std::vector<std::pair<std::string, Value>>& choices, Value& chosen) {
   std::vector<std::string> words;
+  words.reserve(choices.size());
   for (const auto& [word, value] : choices) words.push_back(word);
   const auto place_of = [words](const std::string& text) {
     return static_cast<std::size_t>(std::find(words.begin(), words.end(), text) - words.begin());
