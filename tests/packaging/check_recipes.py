@@ -1,8 +1,7 @@
 #!/usr/bin/env python3
-"""The recipes for package managers, which are not run: they are Python and JSON, name this version and copy what exists.
-
-check_recipes.py SOURCE_DIR VERSION
-"""
+# The recipes for package managers, which are not run: they are Python and JSON, name this version and copy what exists.
+#
+# check_recipes.py SOURCE_DIR VERSION
 import ast, json, pathlib, sys
 
 root, version = pathlib.Path(sys.argv[1]), sys.argv[2]

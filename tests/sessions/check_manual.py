@@ -1,4 +1,4 @@
-"""Compares the manual page and docs/tolerances.md with what the program says of itself."""
+# Compares the manual page and docs/tolerances.md with what the program says of itself.
 import pathlib, re, subprocess, sys
 
 ROOT = pathlib.Path(sys.argv[1])

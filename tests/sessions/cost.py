@@ -1,5 +1,5 @@
-"""Checks the files FEW and MANY, the second of four times as many errors: their list takes no memory, and the time of
-the program stays in proportion. Prints how many errors are listed."""
+# Checks the files FEW and MANY, the second of four times as many errors: their list takes no memory, and the time of
+# the program stays in proportion. Prints how many errors are listed.
 import os, subprocess, sys
 
 

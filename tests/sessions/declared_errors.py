@@ -1,4 +1,4 @@
-"""Prints the error classes that the headers of a folder declare."""
+# Prints the error classes that the headers of a folder declare.
 import pathlib, re, sys
 
 BASES = {"igsIndexedError", "igsObjectError", "igsStructureError", "igsGlobalError", "igsStartError", "igsTerminateError",

@@ -1,11 +1,10 @@
-"""Makes IGES files from a line of text. Parts are separated by " ; ", and \\ escapes are those of Python:
-
-    line, short, point, 402:7 2,1,3   an entity: one of the commonest, or type, form and data; "x20" behind: so many
-    G18=2HMM  S=one|two               a Global parameter, the Start lines
-    3.d14=5                           directory entry field 14 of the entity with DE number 3
-    T1.10=      7  P9+=text  D1-      overwrites columns of a record; puts a line before it; takes it out
-    end=\\r\\n  cut=300                 what ends a record; only so many bytes are left
-"""
+# Makes IGES files from a line of text. Parts are separated by " ; ", and \\ escapes are those of Python:
+#
+#     line, short, point, 402:7 2,1,3   an entity: one of the commonest, or type, form and data; "x20" behind: so many
+#     G18=2HMM  S=one|two               a Global parameter, the Start lines
+#     3.d14=5                           directory entry field 14 of the entity with DE number 3
+#     T1.10=      7  P9+=text  D1-      overwrites columns of a record; puts a line before it; takes it out
+#     end=\\r\\n  cut=300                 what ends a record; only so many bytes are left
 import re
 
 COMMON = {"line": "110 0.,0.,0.,1.,0.,0.", "short": "110 0.,0.,0.,0.,0.,0.", "point": "116 1.,2.,3.,0"}

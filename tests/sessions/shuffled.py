@@ -1,5 +1,5 @@
-"""shuffled.py COUNT LAST [SEED]: prints a file of so many lines with a matrix each, the matrices all the same, and of
-groups that contain each other in a ring; the x of the last line is LAST. The entities are in an order of SEED."""
+# shuffled.py COUNT LAST [SEED]: prints a file of so many lines with a matrix each, the matrices all the same, and of
+# groups that contain each other in a ring; the x of the last line is LAST. The entities are in an order of SEED.
 import random, sys
 
 from iges import iges

@@ -11,7 +11,8 @@
 template <class Visit>
 void for_each_parameter(const igsGlobalSection& global, Visit visit) {
   for (const igsGlobalParameter& parameter : global.parameters()) {
-    std::visit([&](const auto& value) { visit(parameter.name, value); }, parameter.value);
+    // NOLINTNEXTLINE(readability-redundant-string-cstr): most visitors take the name as it is printed
+    std::visit([&](const auto& value) { visit(parameter.name.c_str(), value); }, parameter.value);
   }
 }
 
