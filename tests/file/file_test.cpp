@@ -135,7 +135,8 @@ TEST(File, OtherDelimitersAreReadAndKept) {
 
 TEST(File, ParametricEntitiesHaveTheirOwnPrecision) {
   IgesBuilder builder;
-  for (const char* use : {"000", "500", "000"}) builder.entity(116, 0, "1.23456789,2.,3.,0", {.status = std::string("00000") + use});
+  for (const char* use : {"000", "500", "000"})
+    builder.entity(116, 0, "1.23456789,2.,3.,0", {.status = std::string("00000") + use});
   igsFile file;
   ASSERT_EQ(read_text(file, builder.text()), 1);
   coResourceTable& options = kel_resource_table_inquire();
