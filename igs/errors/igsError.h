@@ -37,8 +37,7 @@ class IGS_API igsError : public igsTypedRoot<"igsError"> {
   igsError& operator=(const igsError&) = delete;
 
   /// Errors made with `new` share blocks of memory; nothing is to be known of it where they are made.
-  // NOLINTNEXTLINE(misc-new-delete-overloads): deleted with its size, which tells the pool
-  static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size);  // NOLINT(misc-new-delete-overloads): deleted with its size
   static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
   static void* operator new(std::size_t size, std::align_val_t alignment) { return ::operator new(size, alignment); }
   static void* operator new(std::size_t /*size*/, void* place) noexcept { return place; }

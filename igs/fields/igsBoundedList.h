@@ -42,9 +42,10 @@ constexpr std::int64_t igs_weight_of_element() {
 
 /// Where an element costs little more than its fields have taken in the file, empty ones are not paid for.
 template <class Element>
-inline constexpr bool igs_is_cheap_element =
-    igs_weight_of_element<Element>() > 1 || std::is_arithmetic_v<Element> ||
-    std::is_constructible_v<Element, double, double> || std::is_constructible_v<Element, double, double, double>;
+inline constexpr bool igs_is_cheap_element = std::is_arithmetic_v<Element> ||
+                                             std::is_constructible_v<Element, double, double> ||
+                                             std::is_constructible_v<Element, double, double, double> ||
+                                             igs_weight_of_element<Element>() != 1;
 
 /// Makes `list` hold `count` elements. `read(element)` reads the next element from `in` into its argument; where the
 /// record has ended, the elements that are then missing stay `unset`. Returns 1; returns 0, the list empty, for a count
