@@ -53,7 +53,7 @@ def damage(records, item):
 
 
 def iges(description):
-    """The bytes of the file."""
+    # The bytes of the file.
     parameters, entities, damages, options = GLOBAL.split("|"), [], [], {"S": "A file made for a test.", "end": "\n"}
     for item in filter(None, description.encode("latin-1", "backslashreplace").decode("unicode_escape").split(" ; ")):
         entity = re.fullmatch(r"(\d+)(?::(\d+))?(?: (.*?))?(?: x(\d+))?", re.sub(r"^[a-z]+\b(?!=)", lambda name: COMMON[name[0]], item))
