@@ -119,25 +119,25 @@ inline void check_pointers(const igsFile& file) {
 /// The logs' counts agree with what their iterators find, as a whole and by key.
 inline void check_logs(const igsFile& file) {
   for (int id = 0; id < igs_num_section_logs; ++id) {
-    const igsSimpleSectionLog* const log = file.error_log().get_section_log(static_cast<igsLogID>(id));
+    const igsSimpleSectionLog& log = *file.error_log().get_section_log(static_cast<igsLogID>(id));
     std::map<int, int> by_key;
     int count = 0;
-    igsSimpleSectionLogIT errors(log);
+    igsSimpleSectionLogIT errors(&log);
     for (; ++errors; ++count) {
       const igsError* const error = errors();
-      require(error->log() == log, "an error knows its log");
-      require(log->error_in_slot(error->log_position()) == error, "an error stands in its slot");
+      require(error->log() == &log, "an error knows its log");
+      require(log.error_in_slot(error->log_position()) == error, "an error stands in its slot");
       if (error->typeof(igsIndexedError::type())) ++by_key[static_cast<const igsIndexedError*>(error)->key()];
     }
-    require(log->num_errors() == count, "a log counts the errors that its iterator finds");
+    require(log.num_errors() == count, "a log counts the errors that its iterator finds");
     int position = 0;
-    for (const igsError* const error : log->fixed_errors()) {
-      require(error->log() == log && error->log_position() == position++, "a fixed error knows its log and its place");
+    for (const igsError* const error : log.fixed_errors()) {
+      require(error->log() == &log && error->log_position() == position++, "a fixed error knows its log and its place");
     }
     if (id != igsObjectLog && id != igsStructureLog) continue;
-    const auto* const indexed = static_cast<const igsIndexedSectionLog*>(log);
+    const auto& indexed = static_cast<const igsIndexedSectionLog&>(log);
     for (const auto& [key, errors_of_key] : by_key) {
-      require(indexed->num_errors(key) == errors_of_key, "a log counts the errors of a key");
+      require(indexed.num_errors(key) == errors_of_key, "a log counts the errors of a key");
     }
   }
 }
