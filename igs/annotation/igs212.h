@@ -34,7 +34,7 @@ class IGS_API igsNoteString : public igsTextStyle {
   template <class E, class V>
   static void fields(E& string, V& visit) {
     if constexpr (std::is_same_v<V, igsFieldWriter>) {
-      visit("NumberOfCharacters", string.written_length());
+      visit("NumberOfCharacters", visit.exact() ? string.m_number_of_characters : string.written_length());
     } else {
       visit("NumberOfCharacters", string.m_number_of_characters);
     }

@@ -234,6 +234,9 @@ class igsFieldWriter {
     }
   }
 
+  /// Whether fields are written as they were read (igsOutStream::set_exact).
+  bool exact() const { return m_out.exact(); }
+
   void index(const char*, int value) { m_out.write_integer(value < INT_MAX ? value + 1 : value); }
   template <class... Limits>
   int count(const char*, std::size_t size, Limits...) {

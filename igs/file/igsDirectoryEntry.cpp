@@ -10,6 +10,7 @@
 #include "igs/file/igsFile.h"
 #include "igs/file/private/igsDirectoryFields.h"
 #include "igs/input/private/record.h"
+#include "igs/objects/igsKeptParts.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/output/igsOutStream.h"
@@ -20,6 +21,26 @@ igsDEAttribute::igsDEAttribute(int field) : m_value(field >= 0 ? field : 0) {
 }
 
 int igsDEAttribute::field() const { return predefined_colour() ? m_value : -m_definition.de_number(); }
+
+int igsDirectoryEntry::structure() const {
+  if (m_structure >= 0 || !keeps_structure()) return m_structure;
+  const igsKeptParts* const parts = m_manager->file()->kept_parts(*m_manager->object());
+  return parts != nullptr ? -parts->structure.de_number() : 0;
+}
+
+void igsDirectoryEntry::set_structure(int structure) {
+  m_structure = structure;
+  if (!keeps_structure()) return;
+  igsFile& file = *m_manager->file();
+  const igsObject& object = *m_manager->object();
+  if (structure < 0 && structure > INT_MIN) {
+    file.make_kept_parts(object).structure = igsObjectPtr(file.entity(-structure));
+  } else if (file.kept_parts(object) != nullptr) {
+    file.make_kept_parts(object).structure = igsObjectPtr();
+  }
+}
+
+bool igsDirectoryEntry::keeps_structure() const { return m_manager != nullptr && m_manager->file()->options().keep; }
 
 namespace {
 bool names_entity_of_type(const igsDEAttribute& attribute, int type) {
@@ -50,7 +71,7 @@ void igsDirectoryEntry::become(const igsDirectoryEntry& other) {
   set_type(other.m_entity_type, other.m_form_number);
   m_parameter_data_pointer = other.m_parameter_data_pointer;
   m_parameter_line_count = other.m_parameter_line_count;
-  m_structure = other.m_structure;
+  set_structure(other.structure());
   m_line_weight = other.m_line_weight;
   m_entity_subscript = other.m_entity_subscript;
   m_status_flags = other.m_status_flags;
@@ -130,7 +151,7 @@ void igsDirectoryEntry::take(const igsDirectoryFields<utString>& fields) {
 void igsDirectoryEntry::write(igsOutStream& out) const {
   igsDirectoryFields<std::string_view> fields{.type = m_entity_type,
                                               .parameter_data = m_parameter_data_pointer,
-                                              .structure = m_structure,
+                                              .structure = structure(),
                                               .line_font = m_line_font.field(),
                                               .level = m_level.field(),
                                               .view = m_view.de_number(),
@@ -156,7 +177,7 @@ void igsDirectoryEntry::print(utOstream& os) const {
   os << "EntityType = " << static_cast<int>(m_entity_type) << " (" << igsInfoDB::entity_name(m_entity_type) << ')'
      << utEndl;
   os << "FormNumber = " << m_form_number << utEndl;
-  os << "Structure = " << m_structure << utEndl;
+  os << "Structure = " << structure() << utEndl;
   os << "LineFont = " << m_line_font.field() << utEndl;
   os << "Level = " << m_level.field() << utEndl;
   os << "View = " << m_view.de_number() << utEndl;

@@ -33,9 +33,10 @@ class IGS_API igsDirectoryEntry {
   /// Number of Parameter Data records; meaningful after reading or writing.
   int parameter_line_count() const { return m_parameter_line_count; }
   void set_parameter_line_count(int count) { m_parameter_line_count = count; }
-  /// Field 3 as it stands in the file.
-  int structure() const { return m_structure; }
-  void set_structure(int structure) { m_structure = structure; }
+  /// Field 3 as it stands in the file; one that is negative follows the entity that it refers to, and becomes 0 when
+  /// that goes, in a file that keeps such references (igsFileOptions::keep).
+  int structure() const;
+  void set_structure(int structure);
   const igsLineFont& line_font() const { return m_line_font; }
   void set_line_font(const igsLineFont& font) { m_line_font = font; }
   const igsLevel& level() const { return m_level; }
@@ -94,6 +95,7 @@ class IGS_API igsDirectoryEntry {
   void write(igsOutStream& out) const;
   void check(bool with_matrix, int min_line_weight) const;
   void check_matrix() const;
+  bool keeps_structure() const;
 
   igsObjectManager* m_manager = nullptr;
   igsEntityType m_entity_type = igsEntityType(-1);

@@ -8,6 +8,7 @@
 #include "igs/file/igsObjectSystem.h"
 #include "igs/file/private/igsEntityPool.h"
 #include "igs/file/private/igsFileMemory.h"
+#include "igs/objects/igsKeptParts.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/structure/private/igsViewNumbers.h"
@@ -65,7 +66,7 @@ void igsFile::set_message_stream(kelabsOutput* stream) {
   error_log().set_message_stream(stream);
 }
 
-int igsFile::num_entities() const { return static_cast<int>(m_slots.size() - m_free_slots.size()); }
+int igsFile::num_entities() const { return static_cast<int>(m_slots.size() - m_free_slots.size()) - m_num_holes; }
 
 igsObject* igsFile::entity(int de_number) const {
   if (de_number < 1 || de_number % 2 == 0) return nullptr;
@@ -125,9 +126,18 @@ igsObjectManager* igsFile::add_pending(int slot) {
 void igsFile::object_deleted(igsObject* object) {
   igsObjectManager* const manager = object->manager();
   const int slot = manager->system_location();
+  if (!m_kept.empty()) m_kept.erase(manager);
   m_slots[index(slot)] = nullptr;
-  m_free_slots.push_back(slot);
+  free_slot(slot);
   m_pool->destroy(manager);
+}
+
+void igsFile::free_slot(int slot) {
+  if (slot < m_num_fixed_slots) {
+    ++m_num_holes;
+  } else {
+    m_free_slots.push_back(slot);
+  }
 }
 
 // The prototype's slot was the last to be made: taking it back leaves no trace.
@@ -147,8 +157,10 @@ void igsFile::reset_visit_flags() const {
 }
 
 void igsFile::compress() {
-  std::size_t used = 0;
-  for (igsObjectManager* const manager : m_slots) {
+  if (m_num_fixed_slots != 0 && !holds_kept_numbers()) m_num_fixed_slots = m_num_holes = 0;
+  std::size_t used = index(m_num_fixed_slots);
+  for (std::size_t i = used; i < m_slots.size(); ++i) {
+    igsObjectManager* const manager = m_slots[i];
     if (manager == nullptr) continue;
     manager->set_system_location(static_cast<int>(used));
     m_slots[used++] = manager;
@@ -206,10 +218,10 @@ int igsFile::replace_entity(igsObject* old, igsObject* replacement) {
 
   const int slot = old->manager()->system_location();
   delete old;
-  m_free_slots.pop_back();  // the slot that the deletion has just freed
+  slot < m_num_fixed_slots ? --m_num_holes : (m_free_slots.pop_back(), 0);  // the slot that the deletion has just freed
   m_slots[index(slot)] = manager;
   m_slots[index(manager->system_location())] = nullptr;
-  m_free_slots.push_back(manager->system_location());
+  free_slot(manager->system_location());
   manager->set_system_location(slot);
   return 1;
 }

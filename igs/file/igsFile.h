@@ -4,10 +4,12 @@
 #include <iosfwd>
 #include <map>
 #include <memory>
+#include <string>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "igs/file/igsFileOptions.h"
 #include "igs/file/igsGlobalSection.h"
 #include "igs/file/igsStartSection.h"
 #include "igs/file/igsTerminateSection.h"
@@ -24,8 +26,10 @@ class igsObject;
 class igsObjectManager;
 class igsObjectPtr;
 class igsOutStream;
+class igsUnknown;
 class kelabsOutput;
 class utOstream;
+struct igsKeptParts;
 
 /// Where and why reading a file ended before its end.
 struct igsReadFault {
@@ -63,15 +67,20 @@ class IGS_API igsFile {
   static void* operator new(std::size_t, void* place) noexcept { return place; }
   static void operator delete(void*, void*) noexcept {}
 
+  /// What this file is asked for beyond the documented behaviour.
+  const igsFileOptions& options() const { return m_options; }
+  void set_options(const igsFileOptions& options) { m_options = options; }
+
   /// Reads a whole file into this (fresh) one. 0 when a section cannot be read to its end; what was read before it
-  /// stays. Entities of unknown and null type and those without parameter data are dropped and counted.
+  /// stays. Entities of unknown and null type (unknown ones unless options().keep says otherwise) and those without
+  /// parameter data are dropped and counted.
   int read(std::istream& in, utOstream& messages);
   /// True when the last `read`, `check`, `clean` or `write` ended because memory ran out.
   bool out_of_memory() const { return m_out_of_memory; }
   /// What ended the last read that returned 0.
   const igsReadFault& read_fault() const { return m_read_fault; }
-  /// Renumbers the entities to 1, 3, 5, ... and writes the whole file. A temporary file in the write directory holds
-  /// the Parameter Data meanwhile.
+  /// Renumbers the entities to 1, 3, 5, ... (but see igsFileOptions::keep) and writes the whole file. A temporary file
+  /// in the write directory holds the Parameter Data meanwhile.
   int write(std::ostream& out, utOstream& messages);
   /// Validates everything, logging one error a fault.
   void check() const;
@@ -108,6 +117,19 @@ class IGS_API igsFile {
 
   /// The entity with this DE number, null when there is none.
   igsObject* entity(int de_number) const;
+  /// What was kept of an entity of this file beside its own fields; null where there is nothing.
+  const igsKeptParts* kept_parts(const igsObject& object) const;
+  /// The same to be changed; made where there is nothing, and written whether reading keeps such parts or not.
+  igsKeptParts& make_kept_parts(const igsObject& object);
+  /// The name of an entity: that of the first name property (406 form 15) among its properties; else its label and its
+  /// subscript, if any, with a blank between them; empty where it has neither. Properties are known where the file
+  /// keeps what has no class (igsFileOptions::keep).
+  utString entity_name(const igsObject& object) const;
+  /// The entities that have this name, in slot order. They belong to the file.
+  std::vector<igsObject*> entities_named(const utString& name) const;
+  /// The names of levels by their numbers, as the level properties (406 form 3) give them; the first of a number
+  /// counts.
+  std::map<int, utString> level_names() const;
   /// The errors of this file.
   igsErrorLog& error_log() const;
 
@@ -139,6 +161,8 @@ class IGS_API igsFile {
   void release_prototype(igsObject* object);
   void reset_visit_flags() const;
   void tidyup();
+  void settle_numbers();
+  void free_slot(int slot);
   void compress();
   void set_system_location(int location) { m_system_location = location; }
   int system_location() const { return m_system_location; }
@@ -153,6 +177,11 @@ class IGS_API igsFile {
   void note_read_fault(igsInStream& in);
   void drop_entity(igsObject* object);
   int read_entity(igsInStream& in, igsObject& object);
+  void keep_unknown(igsInStream& in, igsUnknown& unknown);
+  void keep_rest(const igsInStream& in, const igsObject& object, std::size_t begin);
+  void keep_comment(const igsObject& object, std::size_t begin);
+  bool take_groups(const igsFieldTexts& fields, igsKeptParts& parts) const;
+  bool holds_kept_numbers() const;
   int write_entities(igsOutStream& stream);
   int write_sections(std::ostream& out, utOstream& messages);
   void tag_overflow_errors(igsOutStream& stream) const;
@@ -163,8 +192,13 @@ class IGS_API igsFile {
   igsTerminateSection m_terminate_section;
   std::vector<igsObjectManager*> m_slots;
   std::vector<int> m_free_slots;
+  int m_num_fixed_slots = 0;  ///< the first slots, whose numbers stay: those of entities that went are never used again
+  int m_num_holes = 0;        ///< how many of these are empty
   std::unordered_map<int, igsObjectManager*> m_pending;
   std::unique_ptr<igsEntityPool> m_pool;
+  std::unordered_map<const igsObjectManager*, std::unique_ptr<igsKeptParts>> m_kept;
+  igsFileOptions m_options;
+  utString m_records;  ///< data of the records being read, where they are kept
   int m_system_location = -1;
   utString m_write_dir;
   kelabsOutput* m_message_stream = nullptr;

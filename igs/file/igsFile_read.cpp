@@ -125,6 +125,7 @@ int igsFile::read_directory_entry(igsInStream& in) {
   igsDirectoryReader reader(in);
   fields.layout(reader);
   const std::pair<int, int> type_in_file(fields.type, fields.form);
+  const bool one_type = fields.type == fields.second_type;
   settle_type(fields, location);
   if (reader.has_nul()) tag_error(new igsFileDENullCharacters(location));
 
@@ -132,7 +133,11 @@ int igsFile::read_directory_entry(igsInStream& in) {
   object->directory_entry().take(fields);
   if (object->isa(igsUnknown::type())) {
     static_cast<igsUnknown*>(object)->set_type_in_file(type_in_file.first, type_in_file.second);
+    if (m_options.keep && one_type) {
+      object->set_directory_entry_type(static_cast<igsEntityType>(type_in_file.first), type_in_file.second);
+    }
   }
+  if (m_options.keep && fields.structure < 0) make_kept_parts(*object).structure = igsObjectPtr(-fields.structure);
   return in.fatal_error() == 0 ? 1 : 0;
 }
 
@@ -161,13 +166,21 @@ int igsFile::read_entity(igsInStream& in, igsObject& object) {
   if (entry.start_of_parameter_data() != first_line) {
     igs_report<igsFileIncorrectStartOfPD>(de, first_line, entry.start_of_parameter_data());
   }
+  m_records.clear();
+  if (m_options.keep) in.collect_text(&m_records);
   try {
-    int sequence_out_of_order = 0;  // the stream remembers that, too
-    object.read(in, sequence_out_of_order);
+    if (m_options.keep && object.isa(igsUnknown::type())) {
+      keep_unknown(in, static_cast<igsUnknown&>(object));
+    } else {
+      int sequence_out_of_order = 0;  // the stream remembers that, too
+      const std::size_t end_of_fields = object.read(in, sequence_out_of_order);
+      if (m_options.keep) keep_rest(in, object, end_of_fields);
+    }
   } catch (const std::bad_alloc&) {  // half of an entity is none: its counts need not agree with its lists
     delete &object;
     throw;
   }
+  in.collect_text(nullptr);
   in.error();  // collects what a reset that fails may forget
   if (in.reset() == 0) {
     const bool bad_record = in.error_type(igsIOBadBackPointer) != 0 || in.error_type(igsIOBadSequenceNumber) != 0 ||
@@ -202,7 +215,7 @@ void igsFile::tidyup() {
     if (object->isa(igsNull::type())) {
       ++m_num_deleted_nulls;
       drop_entity(object);
-    } else if (object->isa(igsUnknown::type())) {
+    } else if (object->isa(igsUnknown::type()) && !(m_options.keep && object->manager()->visited() != 0)) {
       ++m_num_deleted_unknowns;
       drop_entity(object);
     } else if (object->manager()->visited() == 0) {
@@ -213,4 +226,5 @@ void igsFile::tidyup() {
   }
   for (const auto& [slot, manager] : m_pending) m_pool->destroy(manager);
   m_pending = {};
+  if (m_options.keep) settle_numbers();
 }

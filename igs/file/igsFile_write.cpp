@@ -13,6 +13,7 @@
 #include "igs/file/igsObjectSystem.h"
 #include "igs/file/private/igsFileMemory.h"
 #include "igs/objects/igsObject.h"
+#include "igs/objects/igsObjectManager.h"
 #include "igs/output/igsOutStream.h"
 #include "igs/support/coResourceTable.h"
 #include "igs/support/private/igsTemporaryFile.h"
@@ -74,6 +75,7 @@ int igsFile::write(std::ostream& out, utOstream& messages) {
 int igsFile::write_sections(std::ostream& out, utOstream& messages) {
   compress();
   igsOutStream stream(&out);
+  stream.set_exact(m_options.keep);
   return m_start_section.write(stream) != 0 && m_global_section.write(stream, messages) != 0 &&
                  write_data_section(out, stream) != 0 && m_terminate_section.write(stream) != 0
              ? 1
@@ -103,18 +105,23 @@ int igsFile::write_entities(igsOutStream& stream) {
   const int width = options.value(kelOptDoubleFieldWidth);
   const int parametric_precision = options.value(kelOptDoubleParametricPrecision);
   int num_lines = stream.num_lines(igsParameterSectionId);
-  igsFileIT entities(this);
-  while (++entities) {
-    igsObject& object = *entities();
-    igsDirectoryEntry& entry = object.directory_entry();
-    const bool parametric = entry.status_flags().entity_use() == igsStatusFlags::use_2d_parametric;
-    if (parametric) stream.push_double_format(width, parametric_precision);
-    object.write(stream);
-    if (parametric) stream.pop_double_format();
-    stream.set_backpointer(object.de_number() + 2);
-    entry.set_start_of_parameter_data(num_lines + 1);
-    const int lines_before = std::exchange(num_lines, stream.num_lines(igsParameterSectionId));
-    entry.set_parameter_line_count(num_lines - lines_before);
+  for (std::size_t slot = 0; slot < m_slots.size(); ++slot) {
+    if (m_slots[slot] == nullptr) {
+      stream.write_integer(0);  // a null entity, which has no other field
+      stream.set_backpointer(2 * static_cast<int>(slot) + 3);
+      ++num_lines;
+    } else {
+      igsObject& object = *m_slots[slot]->object();
+      igsDirectoryEntry& entry = object.directory_entry();
+      const bool parametric = entry.status_flags().entity_use() == igsStatusFlags::use_2d_parametric;
+      if (parametric) stream.push_double_format(width, parametric_precision);
+      object.write(stream);
+      if (parametric) stream.pop_double_format();
+      stream.set_backpointer(object.de_number() + 2);
+      entry.set_start_of_parameter_data(num_lines + 1);
+      const int lines_before = std::exchange(num_lines, stream.num_lines(igsParameterSectionId));
+      entry.set_parameter_line_count(num_lines - lines_before);
+    }
     if (stream.reset() == 0) return 0;
     stream.clear_errors();
   }
@@ -127,8 +134,16 @@ void igsFile::tag_overflow_errors(igsOutStream& stream) const {
 }
 
 int igsFile::write_directory_entries(igsOutStream& stream) {
-  igsFileIT entities(this);
-  while (++entities) entities()->directory_entry().write(stream);
+  igsDirectoryEntry null_entity;
+  null_entity.set_type(static_cast<igsEntityType>(0), 0);
+  null_entity.set_parameter_line_count(1);
+  int next_line = 1;
+  for (const igsObjectManager* const manager : m_slots) {
+    null_entity.set_start_of_parameter_data(next_line);
+    const igsDirectoryEntry& entry = manager != nullptr ? *manager->directory_entry() : null_entity;
+    entry.write(stream);
+    next_line += entry.parameter_line_count();
+  }
   const int result = stream.reset();
   if (result != 0) stream.clear_errors();
   return result;

@@ -350,12 +350,37 @@ int igsGlobalSection::valid_delimiter(char c) const {
   return utString("+-.DEH").find(c) == utString::npos ? 1 : 0;
 }
 
-int igsGlobalSection::read(igsInStream& in, utOstream& messages) {
+/// The whole section; 0 where the delimiters cannot be used.
+int igsGlobalSection::read_parameters(igsInStream& in, utOstream& messages) {
   if (read_parameter_delimiter(in, messages) == 0 || read_record_delimiter(in, messages) == 0) return 0;
   Table::read(*this, in);
   in.error();  // collects, or the fields of the next section would answer for what these have met
   if (in.reset() != 0) in.clear_errors();
   while (in.in_section(igsGlobalSectionId) != 0) in.skip_line();
+  return 1;
+}
+
+int igsGlobalSection::last_known() const { return dates_modification() ? modification_date : modification_date - 1; }
+
+void igsGlobalSection::keep_rest(const igsInStream& in, const utString& records) {
+  igsFieldTexts all;
+  const std::size_t end = all.take(records, 0, in.param_delimiter(), in.record_delimiter());
+  const std::vector<std::string_view> fields = all.fields();
+  m_extra_fields = {};
+  m_last_read = last_known();
+  for (auto i = static_cast<std::size_t>(m_last_read); i < fields.size(); ++i) m_extra_fields.append(fields[i]);
+  const std::size_t last = records.find_last_not_of(' ') + 1;
+  m_comment = end < last ? records.substr(end, last - end) : utString();
+}
+
+int igsGlobalSection::read(igsInStream& in, utOstream& messages) {
+  utString records;
+  const bool keep = m_owner != nullptr && m_owner->options().keep;
+  if (keep) in.collect_text(&records);
+  const int can_be_read = read_parameters(in, messages);
+  in.collect_text(nullptr);
+  if (can_be_read == 0) return 0;
+  if (keep) keep_rest(in, records);
   const int result = in.reset();
   if (result != 0) in.clear_errors();
   return result;
@@ -460,9 +485,13 @@ int igsGlobalSection::write(igsOutStream& out, utOstream& /*messages*/) {
   set_what_was_never_set();
   out.set_section(igsGlobalSectionId);
   out.set_delimiters(utString(1, m_parameter_delimiter), utString(1, m_record_delimiter));
+  const std::vector<std::string_view> extra = m_extra_fields.fields();
+  const int last = extra.empty() ? last_known() : std::max(last_known(), m_last_read);
   Table::each([&](const auto& row) {
-    if (row.number != modification_date || dates_modification()) write_field(out, this->*row.member);
+    if (row.number <= last) write_field(out, this->*row.member);
   });
+  for (auto i = static_cast<std::size_t>(last - m_last_read); i < extra.size(); ++i) out.write_field(extra[i]);
+  out.set_comment(m_comment);
   const int result = out.reset();
   if (result != 0) out.clear_errors();
   return result;

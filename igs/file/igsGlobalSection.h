@@ -5,6 +5,7 @@
 
 #include "igs/file/igsDate.h"
 #include "igs/file/igsUnits.h"
+#include "igs/input/igsFieldTexts.h"
 #include "igs/support/export.h"
 #include "igs/support/undefined.h"
 #include "igs/support/utString.h"
@@ -117,6 +118,12 @@ class IGS_API igsGlobalSection {
   const igsDate& file_modification_date() const { return m_file_modification_date; }
   void set_file_modification_date(const igsDate& date) { m_file_modification_date = date; }
 
+  /// The parameters behind the last one that the file's version has, and the text behind the record delimiter, in a
+  /// file that keeps them (igsFileOptions::keep). Written again.
+  const igsFieldTexts& extra_fields() const { return m_extra_fields; }
+  const utString& comment() const { return m_comment; }
+  void set_comment(const utString& comment) { m_comment = comment; }
+
   /// All parameters in the order of the file.
   std::vector<igsGlobalParameter> parameters() const;
   /// Gives a parameter (its number) the value that repairs it and returns 1; 0 for one that has no such value.
@@ -160,6 +167,9 @@ class IGS_API igsGlobalSection {
   struct Table;
 
   bool dates_modification() const;
+  int last_known() const;
+  int read_parameters(igsInStream& in, utOstream& messages);
+  void keep_rest(const igsInStream& in, const utString& records);
   void set_what_was_never_set();
   void forget_last_check() const;
   void tag_fault(igsGlobalError* error) const;
@@ -189,6 +199,9 @@ class IGS_API igsGlobalSection {
   int m_drafting_standard = 0;
   igsDate m_file_modification_date;
 
+  igsFieldTexts m_extra_fields;
+  int m_last_read = 0;  ///< the parameter before the extra fields
+  utString m_comment;
   igsFile* m_owner = nullptr;
   mutable int m_max_version = 0;  // 0: not computed yet
 };

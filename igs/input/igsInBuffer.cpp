@@ -1,5 +1,7 @@
 #include "igs/input/igsInBuffer.h"
 
+#include <string_view>
+
 #include "igs/input/private/record.h"
 
 namespace {
@@ -31,8 +33,33 @@ void igsInBuffer::get_next_line() {
                              : m_checker.check(m_record, m_length, data_length);
   }
   m_end = m_record + data_length;
-  if (sound == 0) freeze();
+  if (m_text != nullptr) m_in_text = false;
+  if (sound == 0) {
+    freeze();
+  } else if (m_text != nullptr) {
+    append_to_text();
+  }
   if (callback != nullptr) callback();
+}
+
+void igsInBuffer::collect_text(std::string* text) {
+  m_text = text;
+  if (text != nullptr && m_has_record && !m_frozen) append_to_text();
+}
+
+// The line feed behind a Global record is none of its characters.
+void igsInBuffer::append_to_text() {
+  std::string_view data(m_position, static_cast<std::size_t>(m_end - m_position));
+  if (data.ends_with('\n')) data.remove_suffix(1);
+  m_text->append(data);
+  m_in_text = true;
+}
+
+std::size_t igsInBuffer::text_position() const {
+  if (m_text == nullptr) return 0;
+  std::ptrdiff_t left = m_in_text ? m_end - m_position : 0;
+  if (left > 0 && m_end[-1] == '\n') --left;
+  return m_text->size() - static_cast<std::size_t>(left);
 }
 
 void igsInBuffer::freeze() {

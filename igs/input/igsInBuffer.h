@@ -53,6 +53,12 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
   /// DE number of the owner of the current record; 0 for a record outside the Parameter Data section and when there is
   /// no record.
   int backpointer() const { return m_has_record ? m_checker.backpointer() : 0; }
+  /// From the current record on, appends the data columns of the records that belong together (of an entity, or of the
+  /// Global section) to `text`, which is not owned; null (the default) for none.
+  void collect_text(std::string* text);
+  /// The place of the read position in the text collected: its end, once reading has left what belongs together; 0
+  /// where none is collected.
+  std::size_t text_position() const;
   /// Length of the current record in characters.
   std::size_t capacity() const { return m_length; }
 
@@ -90,6 +96,7 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
   }
   void get_next_line();
   void unfreeze();
+  void append_to_text();
 
   igsInBufferChecker m_checker;
   std::string m_line;  ///< holds the records that were rebuilt; the others stay where they were read
@@ -99,5 +106,7 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
   char* m_end;
   bool m_has_record = false;
   bool m_frozen = false;
+  std::string* m_text = nullptr;
+  bool m_in_text = false;  ///< the current record stands at the end of the text
   char m_saved = '\0';
 };

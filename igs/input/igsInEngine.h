@@ -28,6 +28,8 @@ class IGS_API igsInEngine : public igsInBuffer {
   /// The delimiters of free-format fields; "," and ";" at first.
   void set_param_delimiter(char delimiter) { m_param_delimiter = delimiter; }
   void set_record_delimiter(char delimiter) { m_record_delimiter = delimiter; }
+  char param_delimiter() const { return m_param_delimiter; }
+  char record_delimiter() const { return m_record_delimiter; }
 
  protected:
   /// Gives every error of the list the present section, line and column.

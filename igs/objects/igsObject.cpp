@@ -12,6 +12,7 @@
 #include "igs/file/igsObjectSystem.h"
 #include "igs/input/igsInStream.h"
 #include "igs/objects/igsFieldVisitor.h"
+#include "igs/objects/igsKeptParts.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/output/igsOutStream.h"
 
@@ -114,7 +115,7 @@ int igsObject::read_pd_entity_type(igsInStream& in) {
   return 0;
 }
 
-void igsObject::read(igsInStream& in, int& sequence_out_of_order) {
+std::size_t igsObject::read(igsInStream& in, int& sequence_out_of_order) {
   const bool nul_in_first_record = in.nul_in_record();  // stepping to it has forgotten the code
   if (read_pd_entity_type(in) != 0 && read_pd_data(in) != 0) {
     if (in.error_type(igsIONotANumber) != 0) igs_report<igsFileCorruptObjectData>(de_number());
@@ -124,9 +125,11 @@ void igsObject::read(igsInStream& in, int& sequence_out_of_order) {
     if (in.error_type(igsIOSequenceOutOfOrder) != 0) sequence_out_of_order = 1;
     m_manager->set_visited(1);
   }
-  if (in.reset() == 0) return;
+  const std::size_t end_of_fields = in.text_position();
+  if (in.reset() == 0) return end_of_fields;
   in.clear_errors();
   skip_this_entity(in);
+  return end_of_fields;
 }
 
 void igsObject::read_additional_entity_pointers(igsInStream& in) {
@@ -150,6 +153,7 @@ void igsObject::skip_this_entity(igsInStream& in) {
 void igsObject::write(igsOutStream& out) {
   out.write_integer(directory_entry().entity_type());
   write_pd_data(out);
+  if (const igsKeptParts* const parts = file().kept_parts(*this)) parts->write(out);
 }
 
 int igsObject::check() const {

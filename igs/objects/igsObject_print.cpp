@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "igs/file/igsDirectoryEntry.h"
+#include "igs/file/igsFile.h"
 #include "igs/file/igsObjectSystem.h"
+#include "igs/objects/igsKeptParts.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/support/utOstream.h"
@@ -89,6 +91,7 @@ void igsObject::print_this(utOstream& os) const {
     const utOstream::Level level(inner);
     directory_entry().print(inner);
     print_pd_data(inner);
+    if (const igsKeptParts* const parts = file().kept_parts(*this)) parts->print(inner);
   }
   os << '}' << utEndl;
 }

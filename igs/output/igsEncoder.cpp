@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "igs/input/igsFieldTexts.h"
 #include "igs/input/private/record.h"
 #include "igs/output/private/decimalDigits.h"
 
@@ -38,10 +39,18 @@ void igsStrEncoder::encode(const utString& value) {
   append_string(m_bytes, 0);
 }
 
-void igsHolerithEncoder::encode(const utString& value) {
+void igsFieldEncoder::encode(std::string_view field) {
+  const std::string_view text = igsFieldTexts::string(field);
+  if (text.empty()) return append_string(field, 0);
+  const auto head = static_cast<std::size_t>(text.data() - field.data());
+  append_string(field.substr(0, head), 0);
+  append_string(field.substr(head), 1);
+}
+
+void igsHolerithEncoder::encode(const utString& value, bool keep_all) {
   m_value = value;
   copy_record_characters(value, m_bytes);
-  m_bytes.resize(m_bytes.find_last_not_of(" \f\n\r\t\v") + 1);  // npos + 1 is 0
+  if (!keep_all) m_bytes.resize(m_bytes.find_last_not_of(" \f\n\r\t\v") + 1);  // npos + 1 is 0
 
   char* const count = m_count.data();
   char* end = std::to_chars(count, count + m_count.size() - 1, m_bytes.size()).ptr;

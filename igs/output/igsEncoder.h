@@ -75,12 +75,19 @@ class IGS_API igsStrEncoder : public igsEncoder {
   utString m_bytes;  // kept for its memory
 };
 
+/// A free-format field as it stands (igsFieldTexts); the text of a string may be split.
+class IGS_API igsFieldEncoder : public igsEncoder {
+ public:
+  /// The text is not copied.
+  void encode(std::string_view field);
+};
+
 /// A text in Hollerith form (IGES 5.3, section 2.2.2.3): its length and "H" in one piece, then the text, which may be
 /// split. Characters are replaced as by igsStrEncoder; after that blanks, tabs, vertical tabs and form feeds at the end
-/// are dropped. The empty text is "0H".
+/// are dropped, unless all is to be kept. The empty text is "0H".
 class IGS_API igsHolerithEncoder : public igsEncoder {
  public:
-  void encode(const utString& value);
+  void encode(const utString& value, bool keep_all = false);
   /// The text encoded last, as it was given.
   const utString& value() const { return m_value; }
 

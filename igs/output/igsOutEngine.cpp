@@ -1,10 +1,12 @@
 #include "igs/output/igsOutEngine.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstring>
 #include <string_view>
 
+#include "igs/input/private/record.h"
 #include "igs/output/igsEncoder.h"
 
 void igsOutEngine::encode() {
@@ -52,15 +54,26 @@ void igsOutEngine::set_delimiters(const utString& parameter_delimiter, const utS
   m_record_delimiter = record_delimiter;
 }
 
+void igsOutEngine::set_comment(const utString& comment) {
+  m_comment = comment;
+  std::transform(m_comment.begin(), m_comment.end(), m_comment.begin(), record_character);
+}
+
+void igsOutEngine::end_record() {
+  write_split(m_record_delimiter);
+  write_split(m_comment);
+  m_comment.clear();
+}
+
 void igsOutEngine::set_section(igsFileSection section) {
-  if (formatter().section() == igsGlobalSectionId) write_split(m_record_delimiter);
+  if (formatter().section() == igsGlobalSectionId) end_record();
   m_delimited_section = section == igsGlobalSectionId || section == igsParameterSectionId;
   m_delimiter_pending = false;
   igsOutBuffer::set_section(section);
 }
 
 void igsOutEngine::set_backpointer(int backpointer) {
-  write_split(m_record_delimiter);
+  end_record();
   igsOutBuffer::set_backpointer(backpointer);
   m_delimiter_pending = false;
 }

@@ -45,6 +45,8 @@ class IGS_API igsOutEngine : public igsOutBuffer {
   void write_columns(std::string_view columns) { write_split(columns); }
 
   void set_delimiters(const utString& parameter_delimiter, const utString& record_delimiter);
+  /// A text that is to stand behind the next record delimiter.
+  void set_comment(const utString& comment);
 
   /// Ends the record of the Global section, if that is the current one, and begins `section`.
   void set_section(igsFileSection section);
@@ -60,12 +62,14 @@ class IGS_API igsOutEngine : public igsOutBuffer {
 
  private:
   void write_pending_delimiter();
+  void end_record();
   void write_piece(std::string_view piece, bool may_split, bool is_last);
   void encode_copy(std::string_view piece);
 
   const igsEncoder* m_encoder = nullptr;
   utString m_parameter_delimiter = ",";
   utString m_record_delimiter = ";";
+  utString m_comment;
   bool m_delimited_section = false;
   bool m_delimiter_pending = false;  // only ever in a delimited section
 };

@@ -5,6 +5,7 @@
 #include "igs/output/igsDoubleEncoder.h"
 #include "igs/output/igsEncoder.h"
 #include "igs/output/igsOutEngine.h"
+#include "igs/support/undefined.h"
 
 static_assert(std::max(igsIntEncoder::max_length, igsDoubleEncoder::max_length) < igsOutEngine::scratch_length);
 
@@ -22,8 +23,10 @@ struct igsOutStream::State {
   igsIntEncoder integer;
   igsDoubleEncoder real;
   igsHolerithEncoder hollerith;
+  igsFieldEncoder field;
   igsStrEncoder string;
   igsOutEngine engine;
+  bool exact = false;
   igsIOErrorcoDynArr errors;
 };
 
@@ -44,13 +47,25 @@ void igsOutStream::write_integer(int width, int value) {
 
 void igsOutStream::write_double(double value) {
   State& state = *m_state;
+  if (state.exact && igs_is_undefined_real(value)) return write_field({});
   state.engine.encode_printed([&state, value](char* text) { return state.real.print(text, value); });
 }
 
 void igsOutStream::write_holerith(const utString& value) {
-  m_state->select(m_state->hollerith).encode(value);
+  m_state->select(m_state->hollerith).encode(value, m_state->exact);
   m_state->engine.encode();
 }
+
+void igsOutStream::set_exact(bool exact) { m_state->exact = exact; }
+
+bool igsOutStream::exact() const { return m_state->exact; }
+
+void igsOutStream::write_field(std::string_view field) {
+  m_state->select(m_state->field).encode(field);
+  m_state->engine.encode();
+}
+
+void igsOutStream::set_comment(const utString& comment) { m_state->engine.set_comment(comment); }
 
 void igsOutStream::write_string(int width, const utString& value) {
   m_state->select(m_state->string).encode(value);

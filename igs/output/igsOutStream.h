@@ -42,6 +42,14 @@ class IGS_API igsOutStream {
   void write_double(double value);
   /// A Hollerith string ("5HHello"), without white space at its end; it may run on over several lines.
   void write_holerith(const utString& value);
+  /// Has strings keep the white space at their end, and reals that were never set (-DBL_MAX) become empty fields, so
+  /// that what was read is what is written. Off at first.
+  void set_exact(bool exact);
+  bool exact() const;
+  /// A free-format field as igsFieldTexts holds it.
+  void write_field(std::string_view field);
+  /// Has `comment` stand behind the next record delimiter, where readers pass over it.
+  void set_comment(const utString& comment);
   /// A text right-justified in `width` columns, cut off after `width` characters.
   void write_string(int width, const utString& value);
   /// Fields of fixed width that have been put together already (FixedColumns), as they stand.

@@ -1,0 +1,153 @@
+// What a file keeps beside what its classes know: entities without a class, the rest of records, names.
+
+#include <algorithm>
+
+#include "igs/file/igsDirectoryEntry.h"
+#include "igs/file/igsFile.h"
+#include "igs/input/igsInStream.h"
+#include "igs/objects/igsKeptParts.h"
+#include "igs/objects/igsObject.h"
+#include "igs/objects/igsObjectManager.h"
+#include "igs/objects/igsPlaceholders.h"
+
+const igsKeptParts* igsFile::kept_parts(const igsObject& object) const {
+  if (m_kept.empty()) return nullptr;
+  const auto found = m_kept.find(object.manager());
+  return found != m_kept.end() ? found->second.get() : nullptr;
+}
+
+igsKeptParts& igsFile::make_kept_parts(const igsObject& object) {
+  std::unique_ptr<igsKeptParts>& parts = m_kept[object.manager()];
+  if (parts == nullptr) parts = std::make_unique<igsKeptParts>();
+  return *parts;
+}
+
+/// All records of an entity without a class. Where the directory entry gives two types, that of the parameter data
+/// counts: it is surely one of them.
+void igsFile::keep_unknown(igsInStream& in, igsUnknown& unknown) {
+  const int de = unknown.de_number();
+  while (in.backpointer() == de && in.in_section(igsParameterSectionId) != 0) in.skip_line();
+  igsFieldTexts all;
+  const std::size_t end = all.take(m_records, 0, in.param_delimiter(), in.record_delimiter());
+  const std::vector<std::string_view> texts = all.fields();
+  igsFieldTexts fields;
+  for (std::size_t i = 1; i < texts.size(); ++i) fields.append(texts[i]);
+  unknown.set_fields(std::move(fields));
+  igsDirectoryEntry& entry = unknown.directory_entry();
+  if (entry.entity_type() < 0) {
+    const int type = texts.empty() ? 0 : igsFieldTexts::integer(texts[0], 0);
+    entry.set_type(static_cast<igsEntityType>(type > 0 ? type : unknown.type_in_file()), unknown.form_in_file());
+  }
+  keep_comment(unknown, end);
+  unknown.manager()->set_visited(1);
+}
+
+void igsFile::keep_comment(const igsObject& object, std::size_t begin) {
+  const std::size_t end = m_records.find_last_not_of(' ') + 1;
+  if (begin < end) make_kept_parts(object).comment = m_records.substr(begin, end - begin);
+}
+
+/// What `in` has not read of an entity: the fields behind its own, and the text behind the record delimiter.
+void igsFile::keep_rest(const igsInStream& in, const igsObject& object, std::size_t begin) {
+  if (begin == 0) return;
+  igsFieldTexts fields;
+  if (m_records[begin - 1] != in.record_delimiter()) {
+    begin = fields.take(m_records, begin, in.param_delimiter(), in.record_delimiter());
+  }
+  keep_comment(object, begin);
+  if (fields.empty()) return;
+  igsKeptParts& parts = make_kept_parts(object);
+  if (!take_groups(fields, parts)) parts.extra_fields = std::move(fields);
+}
+
+/// Makes pointers of `fields`; false, `parts` as they were, unless these are one or two groups of DE numbers.
+bool igsFile::take_groups(const igsFieldTexts& fields, igsKeptParts& parts) const {
+  const std::vector<std::string_view> texts = fields.fields();
+  std::vector<igsObjectPtr> groups[2];
+  std::size_t next = 0;
+  int num_groups = 0;
+  while (next < texts.size()) {
+    const int count = igsFieldTexts::integer(texts[next++], -1);
+    if (num_groups == 2 || count < 0 || static_cast<std::size_t>(count) > texts.size() - next) return false;
+    for (int i = 0; i < count; ++i, ++next) {
+      igsObject* const target = entity(igsFieldTexts::integer(texts[next], 0));
+      if (target == nullptr) return false;
+      groups[num_groups].emplace_back(target);
+    }
+    ++num_groups;
+  }
+  parts.groups = num_groups;
+  parts.associativities = std::move(groups[0]);
+  parts.properties = std::move(groups[1]);
+  return true;
+}
+
+bool igsFile::holds_kept_numbers() const {
+  const bool in_parts =
+      std::any_of(m_kept.begin(), m_kept.end(), [](const auto& kept) { return kept.second->may_hold_numbers(); });
+  if (in_parts) return true;
+  igsFileTypeIT unknowns(this, igsUnknown::type());
+  while (++unknowns) {
+    if (igs_may_hold_numbers(static_cast<const igsUnknown*>(unknowns())->fields())) return true;
+  }
+  return false;
+}
+
+void igsFile::settle_numbers() {
+  m_num_fixed_slots = static_cast<int>(m_slots.size());
+  m_num_holes = static_cast<int>(m_free_slots.size());
+  m_free_slots.clear();
+}
+
+namespace {
+
+/// The fields of a property of this form; empty for any other entity, and where they are not kept.
+std::vector<std::string_view> property_fields(const igsObject* object, int form) {
+  constexpr int property = 406;
+  if (object == nullptr || !object->isa(igsUnknown::type())) return {};
+  const auto& unknown = static_cast<const igsUnknown&>(*object);
+  if (unknown.directory_entry().entity_type() != property || unknown.form_in_file() != form) return {};
+  return unknown.fields().fields();
+}
+
+utString without_padding(const utString& text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  return first == utString::npos ? utString() : text.substr(first, text.find_last_not_of(' ') + 1 - first);
+}
+
+}  // namespace
+
+utString igsFile::entity_name(const igsObject& object) const {
+  constexpr int name_property = 15;
+  if (const igsKeptParts* const parts = kept_parts(object)) {
+    for (const igsObjectPtr& property : parts->properties) {
+      const std::vector<std::string_view> fields = property_fields(property.object(), name_property);
+      if (fields.size() > 1) return utString(igsFieldTexts::string(fields[1]));
+    }
+  }
+  const igsDirectoryEntry& entry = object.directory_entry();
+  utString name = without_padding(entry.entity_label());
+  if (entry.entity_subscript() != 0) name += (name.empty() ? "" : " ") + std::to_string(entry.entity_subscript());
+  return name;
+}
+
+std::vector<igsObject*> igsFile::entities_named(const utString& name) const {
+  std::vector<igsObject*> named;
+  igsFileIT entities(this);
+  while (++entities) {
+    if (entity_name(*entities()) == name) named.push_back(entities());
+  }
+  return named;
+}
+
+std::map<int, utString> igsFile::level_names() const {
+  constexpr int level_property = 3;
+  std::map<int, utString> names;
+  igsFileTypeIT unknowns(this, igsUnknown::type());
+  while (++unknowns) {
+    const std::vector<std::string_view> fields = property_fields(unknowns(), level_property);
+    if (fields.size() < 3 || igsFieldTexts::kind(fields[1]) != igsFieldKind::integer) continue;
+    names.emplace(igsFieldTexts::integer(fields[1], 0), igsFieldTexts::string(fields[2]));
+  }
+  return names;
+}
