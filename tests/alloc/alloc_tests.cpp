@@ -114,7 +114,7 @@ FirstUse& shared_result() {
   return *new (memory) FirstUse;
 }
 
-FirstUse first_use_elsewhere(std::string_view text, const utString& folder, long n, bool for_good = false) {
+FirstUse first_use_elsewhere(std::string_view text, const utString& folder, long n, bool for_good) {
   static FirstUse& result = shared_result();
   result = {};
   const auto output = std::make_unique<FixedOutput>();
@@ -134,7 +134,7 @@ FirstUse first_use_elsewhere(std::string_view text, const utString& folder, long
 TEST(FirstUseOutOfMemory, IsReportedAndForgotten) {
   const TemporaryFolder folder;
   const std::string text = file_text("fuzz/seeds/file/line.igs");
-  FirstUse expected = first_use_elsewhere(text, folder.path, 0);
+  FirstUse expected = first_use_elsewhere(text, folder.path, 0, false);
   ASSERT_TRUE(expected.pass.consistent);
   for (const bool for_good : {false, true}) {
     bool reached = true;

@@ -188,17 +188,13 @@ TEST(Catalogue, FormAddedLastIsFoundFirst) {
 // Type and form of an entity just made, and what its check finds, without the class in front; a bar after each.
 TEST(Catalogue, NewEntitiesHaveTheirTypeAndFormAndLackWhatIsNotGiven) {
   std::istringstream entities(R"(
-106:20 InvalidZLevel BadNumPoints 0|106:31 InvalidZLevel BadNumPoints 0|106:40 InvalidZLevel BadNumPoints 0|
-108:0 InvalidCoefficients|120:0 NullAxis NullGenerator InvalidAngles|122:0 NullDirectrix InvalidTerminatePoint|
+106:40 InvalidZLevel BadNumPoints 0|108:0 InvalidCoefficients|120:0 NullAxis NullGenerator InvalidAngles|
+122:0 NullDirectrix InvalidTerminatePoint|
 128:0 NoConstruct BadUDegree -2147483648 BadVDegree -2147483648 BadUSumIndex -1 BadVSumIndex -1 UnsetTrimmingParams TrimParamsUOutOfSequence unset,unset TrimParamsVOutOfSequence unset,unset|
 130:0 NullBaseCurve ZeroNormal ParamsOutOfSequence 0,0|140:0 ZeroIndicator InvalidDistance NullSurface|
 141:0 NullSurfacePtr BadNumModelSpaceCurves 0|192:0 NullLocation NullAxis InvalidRadius unset|
-192:1 NullLocation NullAxis NullRefDirection InvalidRadius unset|
-194:0 NullLocation NullAxis InvalidRadius unset InvalidSemiAngle unset|
-194:1 NullLocation NullAxis NullRefDirection InvalidRadius unset InvalidSemiAngle unset|
-196:0 NullLocation InvalidRadius unset|196:1 NullLocation NullAxis NullRefDirection InvalidRadius unset|
+194:0 NullLocation NullAxis InvalidRadius unset InvalidSemiAngle unset|196:0 NullLocation InvalidRadius unset|
 198:0 NullLocation NullAxis InvalidMajorRadius unset InvalidMinorRadius unset|
-198:1 NullLocation NullAxis NullRefDirection InvalidMajorRadius unset InvalidMinorRadius unset|
 202:0 NullNote NullLeader1 NullLeader2 InvalidVertex InvalidRadius unset|206:0 NullNote NullLeader1 InvalidCentre|
 208:0 NullNote InvalidCorner InvalidAngle|214:1 NoSegments InvalidZLevel InvalidArrowHead|
 222:0 NullNote NullLeader InvalidCentre|230:0 NullBoundary InvalidPoint|304:1 NullTemplate InvalidSpacing unset|
