@@ -35,7 +35,7 @@ class Node : public igsTyped<Node, "Node", igsObject> {
   void write_pd_data(igsOutStream& /*out*/) override {}
   void print_pd_data(utOstream& os) const override {
     for (const igsObjectPtr& child : children) {
-      if (child) child->print(os);
+      if (child) child->print(os << "Child" << utEndl);
     }
   }
   void check_pd() const override {
