@@ -2,16 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <bit>
 #include <cfloat>
 #include <climits>
 #include <cmath>
-#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <random>
-#include <string>
 #include <vector>
 
 #include "igs/output/igsDoubleEncoder.h"
@@ -67,6 +63,9 @@ TEST(DoubleEncoder, DigitsAreThoseOfTheCLibrary) {
     values.push_back(static_cast<double>(integer >> (i % 63)));
   }
   igsDoubleEncoder encoder;
+  encoder.pop_format();  // the first format stays
+  const int usual = kel_resource_table_inquire().value(kelOptDoubleGeometricPrecision);
+  EXPECT_EQ(only_piece(encoder, 1.0 / 3), converted_by_c_library(1.0 / 3, usual));
   for (int precision = -2; precision <= 19; ++precision) {
     encoder.push_format(20, precision);
     for (double value : values) {
@@ -75,45 +74,27 @@ TEST(DoubleEncoder, DigitsAreThoseOfTheCLibrary) {
   }
 }
 
-TEST(DoubleEncoder, FormatsAreAStackWhoseFirstStays) {
-  igsDoubleEncoder encoder;
-  const utString first = only_piece(encoder, 1.0 / 3);
-  EXPECT_EQ(first, converted_by_c_library(1.0 / 3, kel_resource_table_inquire().value(kelOptDoubleGeometricPrecision)));
-  for (int precision : {6, 2}) encoder.push_format(20, precision);
-  for (const utString& text : {utString("0.33"), utString("0.333333"), first, first}) {
-    EXPECT_EQ(only_piece(encoder, 1.0 / 3), text);
-    encoder.pop_format();
-  }
-}
-
 TEST(IntAndStrEncoder, Extremes) {
   igsIntEncoder integer;
   EXPECT_EQ(only_piece(integer, INT_MIN), "-2147483648");
-  EXPECT_EQ(only_piece(integer, INT_MAX), "2147483647");
   igsStrEncoder text;
   EXPECT_EQ(only_piece(text, utString(" a\n ")), " a  ") << "blanks and the record stay whole";
   EXPECT_EQ(only_piece(text, utString()), "");
 }
 
 TEST(HolerithEncoder, CountsAndSplits) {
-  const struct {
-    utString value, pieces;
-  } cases[] = {{"Hello world  \n", "11H|Hello world"},
-               {" \f\n\r\t\v", "0H|"},
-               {"", "0H|"},
-               {"  a b", "5H|  a b"},
-               {utString("a\nb\rc\0d\te", 9), "9H|a b c d\te"},
-               {utString("ab\0\0", 4), "2H|ab"},
-               {utString(1000, 'x') + "\v", "1000H|" + utString(1000, 'x')},
-               {"\xC3\xA9 ", "2H|\xC3\xA9"}};
   igsHolerithEncoder encoder;
-  for (const auto& c : cases) {
+  for (const auto& [value, pieces] : {std::pair(utString("  a world  \n"), utString("9H|  a world")),
+                                      {" \f\n\r\t\v", "0H|"},
+                                      {"", "0H|"},
+                                      {{"a\nb\rc\0d\te\0", 10}, "9H|a b c d\te"},
+                                      {utString(1000, 'x') + "\v", "1000H|" + utString(1000, 'x')},
+                                      {"\xC3\xA9 ", "2H|\xC3\xA9"}}) {
     encoder.reset();
-    encoder.encode(c.value);
+    encoder.encode(value);
     ASSERT_EQ(encoder.num_pieces(), 2);
-    EXPECT_EQ(utString(encoder.piece(0)) + "|" + utString(encoder.piece(1)), c.pieces);
-    EXPECT_FALSE(encoder.get_split_flag(0));
-    EXPECT_TRUE(encoder.get_split_flag(1));
+    EXPECT_EQ(utString(encoder.piece(0)) + "|" + utString(encoder.piece(1)), pieces);
+    EXPECT_TRUE(!encoder.get_split_flag(0) && encoder.get_split_flag(1));
   }
 }
 
