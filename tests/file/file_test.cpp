@@ -12,7 +12,6 @@
 #include "igs/file/igsFile_errors.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsCurve.h"
-#include "igs/support/coResourceTable.h"
 #include "objects/test_node.h"
 
 namespace igs_test {
@@ -64,12 +63,10 @@ TEST(File, WritingClosesGaps) {
   const igsObject *first = file.entity(1), *second = file.entity(5), *point = file.entity(7);
   delete file.entity(3);
   EXPECT_THAT(printed(file), HasSubstr("NoOfEntities = 4\n"));
-  const std::string text = written(file);
-  EXPECT_EQ(column_fault(text), "");
+  EXPECT_THAT(records_of(written(file), 'P').back(), HasSubstr("116,1.,2.,3.,3;")) << "the reference follows";
   EXPECT_THAT(visited(igsFileIT(&file)), ElementsAre(first, second, point));
   EXPECT_EQ(second->de_number(), 3);
   EXPECT_THAT(printed(file), HasSubstr("NoOfEntities = 3\n"));
-  EXPECT_THAT(records_of(text, 'P').back(), HasSubstr("116,1.,2.,3.,3;")) << "the reference follows";
   EXPECT_EQ((new Node)->de_number(), 7) << "no free slot is left";
 }
 
@@ -130,21 +127,6 @@ TEST(File, OtherDelimitersAreReadAndKept) {
   }
 }
 
-TEST(File, ParametricEntitiesHaveTheirOwnPrecision) {
-  IgesBuilder builder;
-  for (const char* use : {"000", "500", "000"})
-    builder.entity(116, 0, "1.23456789,2.,3.,0", {.status = std::string("00000") + use});
-  igsFile file;
-  ASSERT_EQ(read_text(file, builder.text()), 1);
-  coResourceTable& options = kel_resource_table_inquire();
-  const coResourceTable usual = options;
-  options.set_value(kelOptDoubleParametricPrecision, 4);
-  std::string starts;
-  for (const std::string& record : records_of(written(file), 'P')) starts += record.substr(4, 10) + ' ';
-  options = usual;
-  EXPECT_EQ(starts, "1.23456789 1.235,2.,3 1.23456789 ");
-}
-
 igsFilecoDynArr all_files() {
   igsFilecoDynArr files{nullptr, nullptr};  // to be replaced
   igsObjectSystem::get_all_files(files);
@@ -159,18 +141,16 @@ TEST(ObjectSystem, ComesUpWithOneEmptyFile) {
 }
 
 TEST(ObjectSystem, LocationsAreReused) {
-  auto a = std::make_unique<igsFile>(), b = std::make_unique<igsFile>(), c = std::make_unique<igsFile>();
-  EXPECT_EQ(&igsObjectSystem::file(), c.get());
-  igsFilecoDynArr files = all_files();
-  const igsFile *old_a = a.get(), *old_b = b.get();
+  auto a = std::make_unique<igsFile>(), b = std::make_unique<igsFile>();
+  const igsFile c;
+  const igsFile* const first = all_files()[0];
+  EXPECT_EQ(&igsObjectSystem::file(), &c);
   a.reset();
-  EXPECT_EQ(&igsObjectSystem::file(), c.get()) << "another file's deletion changes nothing";
-  EXPECT_EQ(all_files().size(), files.size() - 1);
+  EXPECT_EQ(&igsObjectSystem::file(), &c) << "another file's deletion changes nothing";
+  EXPECT_THAT(all_files(), ElementsAre(first, b.get(), &c));
   b.reset();
-  igsFile d, e;  // the location freed last is used first
-  std::replace(files.begin(), files.end(), const_cast<igsFile*>(old_b), &d);
-  std::replace(files.begin(), files.end(), const_cast<igsFile*>(old_a), &e);
-  EXPECT_EQ(all_files(), files);
+  const igsFile d, e;  // the location freed last is used first
+  EXPECT_THAT(all_files(), ElementsAre(first, &e, &d, &c));
 }
 
 TEST(ObjectSystem, LowestRemainingFileBecomesCurrent) {

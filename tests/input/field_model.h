@@ -268,17 +268,12 @@ inline FieldOutcome read_by_stream(igsInStream& in, char kind, unsigned width) {
   FieldOutcome outcome;
   int number = 0;
   double real = 0;
-  if (kind == 'r') {
-    in.read_double(real);
-    outcome.number = bits(real);
-  } else if (kind == 'h') {
-    in.read_holerith(outcome.text);
-  } else if (kind == 'S') {
-    in.read_string(width, outcome.text);
-  } else {
-    kind == 'I' ? in.read_integer(width, number) : in.read_integer(number);
-    outcome.number = static_cast<std::uint64_t>(std::int64_t{number});
-  }
+  if (kind == 'r') in.read_double(real);
+  if (kind == 'h') in.read_holerith(outcome.text);
+  if (kind == 'S') in.read_string(width, outcome.text);
+  if (kind == 'I') in.read_integer(width, number);
+  if (std::string_view("rhSI").find(kind) == std::string_view::npos) in.read_integer(number);
+  outcome.number = kind == 'r' ? bits(real) : static_cast<std::uint64_t>(std::int64_t{number});
   for (const igsIOError& error : in.errors()) outcome.codes |= code(error.error_type());
   igsFileSection section = igsNoSectionId;
   int line = 0, column = 0;

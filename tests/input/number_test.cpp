@@ -5,7 +5,6 @@
 #include <array>
 #include <bit>
 #include <climits>
-#include <clocale>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -74,20 +73,6 @@ TEST(Number, RoundsToTheNearestDouble) {
     expect_as_in_c(middle.data());
     expect_as_in_c(std::to_string((random() >> 10 | 1) << (random() % 8)));  // whole numbers beyond 53 bits: real ties
   }
-}
-
-TEST(Number, DoesNotDependOnTheLocale) {
-  // NOLINTBEGIN(concurrency-mt-unsafe): the tests have one thread
-  const std::string before = std::setlocale(LC_ALL, nullptr);
-  for (const char* name : {"C", "de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8", "fr_FR.utf8", "German_Germany"}) {
-    if (std::setlocale(LC_ALL, name) == nullptr) continue;  // not installed here
-    double value = 0, with_d = 0;
-    EXPECT_EQ(igs_number::parse_real("1.25,5", value), 4U) << name;
-    EXPECT_EQ(igs_number::parse_real_with_d("123456789012345.6789D-3", with_d), 23U) << name;
-    EXPECT_EQ(std::pair(value, with_d), std::pair(1.25, 123456789012.3456789)) << name;
-  }
-  std::setlocale(LC_ALL, before.c_str());
-  // NOLINTEND(concurrency-mt-unsafe)
 }
 
 }  // namespace
