@@ -148,7 +148,7 @@ class Parser {
  private:
   void take(const std::string& line) {
     static const std::regex group(R"(\[(\S+)(.*)\])"), let(R"(let (\w+) = (.*))"), set(R"(set (\w+) (.*))"),
-        entity(R"((\d+): (.*))"), print(R"(print (\d+) (.*))");
+        entities(R"(([\d ]+): (.*))"), print(R"(print (\d+) (.*))");
     std::smatch found;
     if (std::regex_match(line, found, group)) {
       if (m_subject == 0) m_common = m_content, m_subject = m_next_de;
@@ -158,9 +158,11 @@ class Parser {
       m_settings.clear();
     } else if (std::regex_match(line, found, let)) {
       m_texts[found[1]] = found[2];
-    } else if (std::regex_match(line, found, entity)) {
-      if (put_entity(m_content, found[2]) != std::stoi(found[1])) throw std::runtime_error("another DE number");
-      m_next_de += 2;
+    } else if (std::regex_match(line, found, entities)) {
+      for (const std::string& de : split_items(found[1], ' ')) {
+        if (put_entity(m_content, found[2]) != std::stoi(de)) throw std::runtime_error("another DE number");
+        m_next_de += 2;
+      }
     } else if (m_subject == 0) {
       throw std::runtime_error("stands in no group");
     } else if (std::regex_match(line, found, set)) {
