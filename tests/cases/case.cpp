@@ -168,7 +168,9 @@ class Parser {
     } else if (std::regex_match(line, found, set)) {
       m_settings.emplace_back(found[1], found[2]);
     } else if (std::regex_match(line, found, print)) {
-      m_groups.back().prints[std::stoi(found[1])] = unescaped(found[2]);
+      CaseGroup& group = m_groups.back();
+      const IgesBuilder& file = group.cases.empty() ? m_content : group.cases.back().damaged;
+      group.prints.push_back({file.text(), std::stoi(found[1]), unescaped(found[2])});
     } else {
       take_case(line);
     }

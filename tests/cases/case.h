@@ -31,7 +31,12 @@ struct CaseGroup {
   std::string file, name, prefix;  ///< the last one of the names of errors
   int subject;                     ///< DE number of the first entity that is not common to all groups of the file
   std::vector<Case> cases = {};
-  std::map<int, std::string> prints = {};  ///< by DE number
+  struct Print {
+    std::string text;  ///< of the file
+    int de;            ///< 0: the file
+    std::string expected;
+  };
+  std::vector<Print> prints = {};
 };
 inline void PrintTo(const CaseGroup& group, std::ostream* os) { *os << group.name; }
 

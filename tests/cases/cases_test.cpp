@@ -215,15 +215,13 @@ TEST_P(CaseFile, Holds) {
       ADD_FAILURE() << c.where << ": " << c.line << "\n  " << error.what();
     }
   }
-  if (GetParam().prints.empty()) return;
-  ASSERT_FALSE(GetParam().cases.empty());
-  const Checked checked(GetParam().cases.front().damaged.text());
-  for (const auto& [de, expected] : GetParam().prints) {
-    ASSERT_TRUE(de == 0 || checked.file.entity(de) != nullptr) << de;
+  for (const CaseGroup::Print& print : GetParam().prints) {
+    const Checked checked(print.text);
+    ASSERT_TRUE(print.de == 0 || checked.file.entity(print.de) != nullptr) << print.de;
     std::ostringstream text;
     utOstream os(text);
-    de == 0 ? checked.file.print(os) : checked.file.entity(de)->print_pd_data(os);
-    EXPECT_EQ(joined(lines_of(text.str()), "|"), expected) << "printed";
+    print.de == 0 ? checked.file.print(os) : checked.file.entity(print.de)->print_pd_data(os);
+    EXPECT_EQ(joined(lines_of(text.str()), "|"), print.expected) << "printed";
   }
 }
 
