@@ -177,13 +177,22 @@ class Parser {
   }
 
   void take_case(const std::string& line) {
-    static const std::regex pattern(R"([^]*?:( [^]*?)? ->([^]*?)(?:=>([^]*))?)"), setting(R"((kel\w+)=(.*))");
+    static const std::regex pattern(R"([^]*?:( [^]*?)? ->([^]*?)(?:=>([^]*))?)");
     std::smatch found;
     if (!std::regex_match(line, found, pattern)) throw std::runtime_error("neither a case nor anything else");
-    Case result{m_where, m_line, m_content, {}, {}, m_settings};
+    const std::string changes = found[1];
+    for (std::size_t begin = 0, bar = 0; bar != std::string::npos; begin = bar + 2) {
+      bar = changes.find(" | ", begin);
+      add_case(changes.substr(begin, bar - begin), found[2], found[3]);
+    }
+  }
+
+  void add_case(const std::string& changes, const std::string& errors, const std::string& outcomes) {
+    static const std::regex setting(R"((kel\w+)=(.*))");
+    Case result{m_where, m_line + "\n  with: " + changes, m_content, {}, {}, m_settings};
     Strings damages;
     std::smatch pair;
-    for (const std::string& change : split_items(found[1], ' ')) {
+    for (const std::string& change : split_items(changes, ' ')) {
       if (std::regex_match(change, pair, setting)) {
         result.settings.emplace_back(pair[1], pair[2]);
       } else if (!change_content(result.sound, change, m_subject)) {
@@ -192,8 +201,8 @@ class Parser {
     }
     result.damaged = result.expected = result.sound;
     for (const std::string& damage : damages) damage_file(result.damaged, damage);
-    result.errors = split_items(found[2], ';');
-    for (const std::string& item : split_items(found[3], ';')) take_outcome(result, item);
+    result.errors = split_items(errors, ';');
+    for (const std::string& item : split_items(outcomes, ';')) take_outcome(result, item);
     m_groups.back().cases.push_back(std::move(result));
   }
 
