@@ -105,7 +105,10 @@ Strings changes(Content before, Content written, int subject) {
   all.insert(written.begin(), written.end());
   const std::string prefix = std::to_string(subject) + '.';
   for (const auto& [key, value] : all) {
-    if (same_value(before[key], written[key])) continue;
+    const std::string de = key.substr(0, key.find('.'));
+    const bool is_gone = de != key && !written.contains(de + ".d1");
+    if (is_gone && key == de + ".d9") found.push_back(de + " gone");
+    if (is_gone || same_value(before[key], written[key])) continue;
     if (key[0] == 'g' && before[key].empty()) continue;  // what is not given has a default of its own
     found.push_back(key.substr(key.rfind(prefix, 0) == 0 ? prefix.size() : 0) + '=' + written[key]);
   }
