@@ -177,13 +177,14 @@ class Parser {
   }
 
   void take_case(const std::string& line) {
-    static const std::regex pattern(R"([^]*?:( [^]*?)? ->([^]*?)(?:=>([^]*))?)");
-    std::smatch found;
-    if (!std::regex_match(line, found, pattern)) throw std::runtime_error("neither a case nor anything else");
-    const std::string changes = found[1];
+    const std::size_t colon = line.find(':'), arrow = line.find(" ->"), then = line.find("=>", arrow);
+    if (arrow == std::string::npos || colon > arrow) throw std::runtime_error("neither a case nor anything else");
+    const std::string changes = line.substr(colon + 1, arrow - colon - 1),
+                      errors = line.substr(arrow + 3, std::min(then, line.size()) - arrow - 3),
+                      outcomes = then == std::string::npos ? "" : line.substr(then + 2);
     for (std::size_t begin = 0, bar = 0; bar != std::string::npos; begin = bar + 2) {
       bar = changes.find(" | ", begin);
-      add_case(changes.substr(begin, bar - begin), found[2], found[3]);
+      add_case(changes.substr(begin, bar - begin), errors, outcomes);
     }
   }
 
