@@ -1,9 +1,9 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
-#include <cstdio>
 #include <functional>
+#include <iomanip>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -21,9 +21,6 @@
 
 /// What tests share: a builder of IGES texts, and small verbs around igsFile.
 namespace igs_test {
-
-/// "5HHello" for "Hello".
-inline std::string hollerith(const std::string& text) { return std::to_string(text.size()) + "H" + text; }
 
 /// `text` right-justified in `width` columns, cut to them.
 inline std::string right(const std::string& text, std::size_t width) {
@@ -82,8 +79,6 @@ struct De {
 /// count from 1.
 class IgesBuilder {
  public:
-  using Records = std::array<std::vector<std::string>, 5>;
-
   /// Replaces the Start lines (by default one line).
   IgesBuilder& start(std::vector<std::string> lines) { return m_start = std::move(lines), *this; }
   /// Global parameter 1 to 25 as it stands in the file: "2HMM", "32", "" for defaulted.
@@ -103,11 +98,7 @@ class IgesBuilder {
   /// without the record delimiter.
   int entity(int type, int form, const std::string& data, De de = {}) {
     const std::string fields = std::to_string(type) + (data.empty() ? "" : m_parameter_delimiter + data);
-    return entity_with_raw_data(type, form, fields + m_record_delimiter, std::move(de));
-  }
-  /// As entity(), `data` being all that the Parameter Data records hold, type number and record delimiter included.
-  int entity_with_raw_data(int type, int form, std::string data, De de = {}) {
-    m_entities.push_back({type, form, std::move(data), std::move(de)});
+    m_entities.push_back({type, form, fields + m_record_delimiter, std::move(de)});
     return static_cast<int>(2 * m_entities.size() - 1);
   }
   /// Changes all that the Parameter Data records of an entity hold.
@@ -128,10 +119,6 @@ class IgesBuilder {
     const std::size_t record = static_cast<std::size_t>(de + (field > 10 ? 1 : 0));
     return columns('D', record, static_cast<std::size_t>((field - 1) % 10 * 8 + 1), right(text, 8));
   }
-  /// Overwrites the sequence number of a record.
-  IgesBuilder& sequence(char section, std::size_t record, int number) {
-    return columns(section, record, 74, right(number, 7));
-  }
   IgesBuilder& drop(char section, std::size_t record) {
     return edit(section, [=](auto& r) { r.erase(r.begin() + static_cast<long>(record - 1)); });
   }
@@ -151,8 +138,7 @@ class IgesBuilder {
   }
   /// Any other damage to the records of a section.
   IgesBuilder& edit(char section, std::function<void(std::vector<std::string>&)> damage) {
-    m_damages.emplace_back(section, std::move(damage));
-    return *this;
+    return m_damages.emplace_back(section, std::move(damage)), *this;
   }
   /// The sections in this order, "SGDPT" by default; a letter may be missing or repeated.
   IgesBuilder& order(std::string sections) { return m_order = std::move(sections), *this; }
@@ -161,15 +147,10 @@ class IgesBuilder {
   /// Bytes after the last record.
   IgesBuilder& append(const std::string& bytes) { return m_tail += bytes, *this; }
 
-  /// The records by section, in the order S, G, D, P, T, damages done, without line ends.
-  Records records() const {
-    Records records = lay_out();
-    for (const auto& [section, damage] : m_damages) damage(records[index(section)]);
-    return records;
-  }
   /// The whole file.
   std::string text() const {
-    const Records all = records();
+    Records all = lay_out();
+    for (const auto& [section, damage] : m_damages) damage(all[index(section)]);
     std::string text;
     for (const char section : m_order) {
       for (const std::string& record : all[index(section)]) text += record + m_line_end;
@@ -178,12 +159,17 @@ class IgesBuilder {
   }
 
  private:
+  using Records = std::array<std::vector<std::string>, 5>;  ///< by section, without line ends
   struct Entity {
     int type, form;
     std::string data;
     De de;
   };
 
+  static std::vector<std::string> words(const std::string& text) {
+    std::istringstream in(text);
+    return {std::istream_iterator<std::string>(in), {}};
+  }
   static std::size_t index(char section) { return std::string_view("SGDPT").find(section); }
   static void add(std::vector<std::string>& records, const std::string& data, char section) {
     records.push_back(left(data, 72) + section + right(static_cast<int>(records.size() + 1), 7));
@@ -193,10 +179,9 @@ class IgesBuilder {
     Records records;
     for (const std::string& line : m_start) add(records[0], line, 'S');
     std::string global;
-    for (const std::string& parameter : m_global) global += (&parameter == &m_global[0] ? "" : delimiter()) + parameter;
-    for (const std::string& line : pack_fields(global + m_record_delimiter, m_parameter_delimiter, 72)) {
-      add(records[1], line, 'G');
-    }
+    for (const std::string& parameter : m_global) global += parameter + m_parameter_delimiter;
+    global.back() = m_record_delimiter;
+    for (const std::string& line : pack_fields(global, m_parameter_delimiter, 72)) add(records[1], line, 'G');
     for (const Entity& entity : m_entities) lay_out(entity, records[2], records[3]);
     std::string counts;
     for (std::size_t i = 0; i < 4; ++i) counts += "SGDP"[i] + right(static_cast<int>(records[i].size()), 7);
@@ -219,36 +204,13 @@ class IgesBuilder {
     add(directory, second + std::string(16, ' ') + right(de.label, 8) + right(de.subscript, 8), 'D');
     for (const std::string& line : lines) add(data, left(line, 65) + right(number, 7), 'P');
   }
-  std::string delimiter() const { return std::string(1, m_parameter_delimiter); }
 
   char m_parameter_delimiter = ',';
   char m_record_delimiter = ';';
   std::vector<std::string> m_start{"A file made for a test."};
-  std::vector<std::string> m_global{"1H,",
-                                    "1H;",
-                                    "4Htest",
-                                    "8Htest.igs",
-                                    "5Hmaker",
-                                    "3H1.0",
-                                    "32",
-                                    "38",
-                                    "6",
-                                    "308",
-                                    "15",
-                                    "4Htest",
-                                    "1.",
-                                    "2",
-                                    "2HMM",
-                                    "1",
-                                    "0.",
-                                    "15H20200102.030405",
-                                    "1.D-6",
-                                    "1000.",
-                                    "6Hauthor",
-                                    "3Horg",
-                                    "11",
-                                    "0",
-                                    "15H20200102.030405"};
+  std::vector<std::string> m_global = words(
+      "1H, 1H; 4Htest 8Htest.igs 5Hmaker 3H1.0 32 38 6 308 15 4Htest 1. 2 2HMM 1 0. 15H20200102.030405 1.D-6 1000. "
+      "6Hauthor 3Horg 11 0 15H20200102.030405");
   std::vector<Entity> m_entities;
   std::vector<std::pair<char, std::function<void(std::vector<std::string>&)>>> m_damages;
   std::string m_order = "SGDPT";
@@ -269,8 +231,8 @@ inline int read_text(igsFile& file, const std::string& text, std::string* messag
 /// Reads free-format parameter data, without the type number, into an entity: what read_pd_data answers.
 inline int read_fields(igsObject& entity, const std::string& data) {
   IgesBuilder builder;
-  builder.entity_with_raw_data(110, 0, data + ';');
-  builder.order("P");
+  builder.entity(110, 0, "");
+  builder.order("P").change_data(1, [&data](std::string& text) { text = data + ';'; });
   std::istringstream text(builder.text());
   igsInStream in(text);
   in.reset();  // into the Parameter Data section
@@ -304,23 +266,19 @@ std::string printed(const T& value) {
 inline std::string describe(const igsError& error) {
   class Values : public igsErrorValueVisitor {
    public:
-    void value(int number) override { add(std::to_string(number)); }
-    void value(double number) override {
-      std::array<char, 32> digits{};
-      std::snprintf(digits.data(), digits.size(), "%.15g", number);
-      add(digits.data());
-    }
-    void value(const utString& text) override { add(text); }
-    std::string text;
+    void value(int number) override { next() << number; }
+    void value(double number) override { next() << std::setprecision(15) << number; }
+    void value(const utString& text) override { next() << text; }
+    std::ostringstream text;
 
    private:
-    void add(const std::string& value) { text += (text.empty() ? " " : ",") + value; }
+    std::ostream& next() { return text << (text.tellp() == 0 ? ' ' : ','); }
   };
   Values values;
   error.visit_values(values);
   const auto* indexed = dynamic_cast<const igsIndexedError*>(&error);
   const bool has_key = indexed != nullptr && indexed->key() != igs_unset_int;
-  return error.objtype().id_string() + (has_key ? " " + std::to_string(indexed->key()) : "") + values.text;
+  return error.objtype().id_string() + (has_key ? " " + std::to_string(indexed->key()) : "") + values.text.str();
 }
 
 /// The active errors of a file in log and slot order, as describe() gives them.

@@ -35,16 +35,13 @@ void give_back(void* memory) noexcept {
 }  // namespace
 
 void* operator new(std::size_t size) { return take_or_throw(size); }
-void* operator new[](std::size_t size) { return take_or_throw(size); }
 void* operator new(std::size_t size, std::align_val_t a) { return take_or_throw(size, static_cast<std::size_t>(a)); }
 // Whoever asks in this way can do without.
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   return plan.reached && plan.for_good ? nullptr : take(size);
 }
 void operator delete(void* memory) noexcept { give_back(memory); }
-void operator delete[](void* memory) noexcept { give_back(memory); }
 void operator delete(void* memory, std::size_t) noexcept { give_back(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { give_back(memory); }
 void operator delete(void* memory, std::align_val_t) noexcept { give_back(memory); }
 void operator delete(void* memory, std::size_t, std::align_val_t) noexcept { give_back(memory); }
 void operator delete(void* memory, const std::nothrow_t&) noexcept { give_back(memory); }

@@ -14,34 +14,24 @@
 // The stream buffers of the tests. None takes memory of its own but for what it keeps.
 namespace igs_test {
 
-/// Supplies a text that lives elsewhere, without a copy of it.
-class TextInput : public std::streambuf {
- public:
-  explicit TextInput(std::string_view text) {
-    char* const begin = const_cast<char*>(text.data());  // never written to
-    setg(begin, begin, begin + text.size());
-  }
-};
-
-/// Supplies the first `size` bytes of a text, at most `step` at a time, and then ends, or throws.
+/// Supplies the first `size` bytes of a text that lives elsewhere, at most `step` at a time, and then ends, or throws.
 class LimitedInput : public std::streambuf {
  public:
-  LimitedInput(std::string text, std::size_t size, bool throws, std::size_t step = std::string::npos)
-      : m_text(std::move(text)), m_size(std::min(size, m_text.size())), m_throws(throws), m_step(step) {}
+  explicit LimitedInput(std::string_view text, std::size_t size = std::string::npos, bool throws = false,
+                        std::size_t step = std::string::npos)
+      : m_rest(text.substr(0, size)), m_throws(throws), m_step(step) {}
 
  protected:
   int_type underflow() override {
-    if (m_taken == m_size) return m_throws ? throw std::runtime_error("the device is gone") : traits_type::eof();
-    char* const start = m_text.data() + m_taken;
-    const std::size_t count = std::min(m_step, m_size - m_taken);
-    m_taken += count;
-    setg(start, start, start + count);
+    if (m_rest.empty()) return m_throws ? throw std::runtime_error("the device is gone") : traits_type::eof();
+    char* const start = const_cast<char*>(m_rest.data());  // never written to
+    m_rest.remove_prefix(std::min(m_step, m_rest.size()));
+    setg(start, start, const_cast<char*>(m_rest.data()));
     return traits_type::to_int_type(*start);
   }
 
  private:
-  std::string m_text;
-  std::size_t m_size, m_taken = 0;
+  std::string_view m_rest;
   bool m_throws;
   std::size_t m_step;
 };
@@ -56,20 +46,19 @@ class NoOutput : public std::streambuf {
 /// A text to read, and where to write what nobody reads.
 struct Streams {
   explicit Streams(std::string_view text) : input(text) {}
-  TextInput input;
+  LimitedInput input;
   NoOutput output;
   std::istream in{&input};
   std::ostream out{&output};
   utOstream messages{out};
 };
 
-/// Accepts `room` bytes, then fails as a full disk does, or throws. Counts flushes, which may fail, too.
+/// Accepts `room` bytes, then fails as a full disk does, or throws. Flushes may fail, too.
 class LimitedOutput : public std::streambuf {
  public:
   explicit LimitedOutput(std::size_t room, bool throws = false, bool flush_fails = false)
       : m_room(room), m_throws(throws), m_flush_fails(flush_fails) {}
   std::string text;
-  int flushes = 0;
 
  protected:
   std::streamsize xsputn(const char* bytes, std::streamsize size) override {
@@ -82,7 +71,7 @@ class LimitedOutput : public std::streambuf {
     const char character = traits_type::to_char_type(c);
     return xsputn(&character, 1) == 1 ? c : traits_type::eof();
   }
-  int sync() override { return ++flushes, m_flush_fails ? -1 : 0; }
+  int sync() override { return m_flush_fails ? -1 : 0; }
 
  private:
   std::size_t m_room;

@@ -1,6 +1,7 @@
 // Memory that runs out at the n-th allocation, for every n, while a file is read, checked, repaired and written: a
 // failure that is reported, nothing lost, and a process that goes on as before. A program of its own, since it replaces
 // operator new.
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -24,9 +25,6 @@
 
 namespace igs_test {
 namespace {
-
-/// Once: the n-th allocation fails and those after it succeed. For good: those after it fail, too.
-enum class Shortage { once, for_good };
 
 constexpr long cold_stride = is_sanitized ? 29 : 1;  // a process of its own for each
 constexpr long stride = is_sanitized ? 3 : 1;
@@ -59,13 +57,15 @@ struct Pass {
   bool operator==(const Pass&) const = default;
 };
 
-/// Reads, checks, repairs and writes `text`, the `n`-th allocation failing; the file that is left is then looked at and
-/// written to `out` with all the memory it wants.
-Pass pass_over(std::string_view text, const utString& folder, std::ostream& out, long n, Shortage shortage) {
+/// Reads, checks, repairs and writes `text`, the `n`-th allocation failing and, when `for_good`, those after it; the
+/// file that is left is then looked at and written to `output` with all the memory it wants.
+Pass pass_over(std::string_view text, const utString& folder, FixedOutput& output, long n = 0, bool for_good = false) {
   ut_set_clock([] { return utDateTime{2026, 11, 21, 12, 0, 0}; });
   Streams streams(text);
+  output.clear();
+  std::ostream out(&output);
   Pass pass;
-  plan = {n, shortage == Shortage::for_good};
+  plan = {n, for_good};
   try {
     igsFile file;
     file.set_write_dir(folder);
@@ -95,9 +95,8 @@ Pass pass_over(std::string_view text, const utString& folder, std::ostream& out,
 }
 
 std::string file_text(const std::string& name) {
-  std::ifstream in(std::string(IGS_ROOT) + '/' + name, std::ios::binary);
   std::ostringstream text;
-  text << in.rdbuf();
+  text << std::ifstream(std::string(IGS_ROOT) + '/' + name, std::ios::binary).rdbuf();
   return text.str();
 }
 
@@ -109,26 +108,24 @@ struct FirstUse {
   bool operator==(const FirstUse&) const = default;
 };
 
-FirstUse first_use_elsewhere(std::string_view text, const utString& folder, long n, Shortage shortage) {
+/// In memory that processes share.
+FirstUse& shared_result() {
+  void* const memory = mmap(nullptr, sizeof(FirstUse), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  return *new (memory) FirstUse;
+}
+
+FirstUse first_use_elsewhere(std::string_view text, const utString& folder, long n, bool for_good) {
+  static FirstUse& result = shared_result();
+  result = {};
   const auto output = std::make_unique<FixedOutput>();
-  int ends[2];
-  FirstUse result;
-  if (pipe(ends) != 0) return result;
   const pid_t child = fork();
   if (child == 0) {
-    {
-      std::ostream out(output.get());
-      result.pass = pass_over(text, folder, out, n, shortage);
-      output->clear();
-      pass_over(text, folder, out, 0, shortage);
-    }
+    result.pass = pass_over(text, folder, *output, n, for_good);
+    pass_over(text, folder, *output);
     result.live = blocks_in_use;
     result.written = std::hash<std::string_view>()(output->text());
-    _exit(write(ends[1], &result, sizeof result) == sizeof result ? 0 : 1);
+    _exit(0);
   }
-  close(ends[1]);
-  if (read(ends[0], &result, sizeof result) != sizeof result) result = {};
-  close(ends[0]);
   waitpid(child, nullptr, 0);
   return result;
 }
@@ -137,12 +134,12 @@ FirstUse first_use_elsewhere(std::string_view text, const utString& folder, long
 TEST(FirstUseOutOfMemory, IsReportedAndForgotten) {
   const TemporaryFolder folder;
   const std::string text = file_text("fuzz/seeds/file/line.igs");
-  FirstUse expected = first_use_elsewhere(text, folder.path, 0, Shortage::once);
+  FirstUse expected = first_use_elsewhere(text, folder.path, 0, false);
   ASSERT_TRUE(expected.pass.consistent);
-  for (const Shortage shortage : {Shortage::once, Shortage::for_good}) {
+  for (const bool for_good : {false, true}) {
     bool reached = true;
     for (long n = 1; reached; n += cold_stride) {
-      const FirstUse result = first_use_elsewhere(text, folder.path, n, shortage);
+      const FirstUse result = first_use_elsewhere(text, folder.path, n, for_good);
       reached = result.pass.reached;
       expected.pass.reached = expected.pass.reported = reached;
       ASSERT_EQ(result.live, expected.live) << n;
@@ -171,9 +168,7 @@ TEST_P(OutOfMemory, IsReportedAndForgotten) {
   ASSERT_FALSE(text.empty());
   const auto output = std::make_unique<FixedOutput>();
   const auto undisturbed = [&] {
-    output->clear();
-    std::ostream out(output.get());
-    pass_over(text, folder.path, out, 0, Shortage::once);
+    pass_over(text, folder.path, *output);
     return std::string(output->text());
   };
   const std::string expected = undisturbed();
@@ -182,16 +177,11 @@ TEST_P(OutOfMemory, IsReportedAndForgotten) {
   bool reached = true;
   for (long n = 1; reached; n += is_large ? 499 * stride : stride) {
     reached = false;
-    for (const Shortage shortage : {Shortage::once, Shortage::for_good}) {
-      SCOPED_TRACE("allocation " + std::to_string(n) + (shortage == Shortage::once ? "" : " and all after it"));
-      Pass pass;
-      {
-        output->clear();
-        std::ostream out(output.get());
-        const std::size_t in_use = blocks_in_use;
-        pass = pass_over(text, folder.path, out, n, shortage);
-        ASSERT_EQ(blocks_in_use, in_use) << "memory is lost";
-      }
+    for (const bool for_good : {false, true}) {
+      SCOPED_TRACE("allocation " + std::to_string(n) + (for_good ? " and all after it" : ""));
+      const std::size_t in_use = blocks_in_use;
+      const Pass pass = pass_over(text, folder.path, *output, n, for_good);
+      ASSERT_EQ(blocks_in_use, in_use) << "memory is lost";
       reached = reached || pass.reached;
       ASSERT_EQ(pass.reported, pass.reached);
       ASSERT_TRUE(pass.consistent);

@@ -1,6 +1,5 @@
 #include "cases/case.h"
 
-#include <cfloat>
 #include <filesystem>
 #include <fstream>
 #include <regex>
@@ -13,81 +12,113 @@ std::string trimmed(const std::string& text) {
   return begin == std::string::npos ? "" : text.substr(begin, text.find_last_not_of(" \t") - begin + 1);
 }
 
-std::string joined(const std::vector<std::string>& fields) {
-  std::string text;
-  for (std::size_t i = 0; i < fields.size(); ++i) text += (i == 0 ? "" : ",") + fields[i];
+std::string unescaped(std::string text) {
+  for (std::size_t at = 0; (at = text.find('\\', at)) != std::string::npos; ++at) {
+    const std::size_t known = std::string_view("nrt0Z\\").find(text.at(at + 1));
+    text.replace(at, 2, 1, std::string_view("\n\r\t\0\x1A\\", 6).at(known));
+  }
   return text;
 }
 
-/// Fields between delimiters, without these and without blanks around them.
-std::vector<std::string> fields_of(const std::string& text, char delimiter, char end) {
-  std::vector<std::string> fields;
-  for (std::string& piece : split_fields(text, delimiter)) {
-    const bool is_string = piece.find('H') != std::string::npos;
-    if (!piece.empty() && piece.back() == delimiter) piece.pop_back();
-    const std::size_t last = is_string ? std::string::npos : piece.find(end);
-    fields.push_back(trimmed(piece.substr(0, last)));
-    if (last != std::string::npos) break;
+/// Splits `text` at `separator`, where no quotation marks are open, and trims the parts; empty parts are left out.
+Strings split_items(const std::string& text, char separator) {
+  Strings items(1);
+  bool quoted = false;
+  for (const char c : text) {
+    quoted = quoted != (c == '"');
+    if (c == separator && !quoted) {
+      items.emplace_back();
+    } else {
+      items.back() += c;
+    }
   }
-  std::string& last = fields.back();
-  const std::size_t close = last.rfind(end);
-  if (close != std::string::npos && trimmed(last.substr(close + 1)).empty()) last.erase(close);
+  for (std::string& item : items) {
+    item = unescaped(trimmed(item));
+    std::erase(item, '"');
+  }
+  std::erase(items, "");
+  return items;
+}
+
+/// The fields of free-format text, without delimiters and without blanks around them.
+Strings fields_of(const std::string& text) {
+  Strings fields;
+  for (std::string& piece : split_fields(text, ',')) {
+    if (!piece.empty() && piece.back() == ',') piece.pop_back();
+    const std::size_t h = piece.find('H'), string = h == std::string::npos ? 0 : h + 1 + std::stoul(piece);
+    const std::size_t end = piece.find(';', string);
+    piece.erase(std::min(end, piece.size()));
+    fields.push_back(string == 0 ? trimmed(piece) : piece.substr(piece.find_first_not_of(' ')));
+    if (end != std::string::npos) break;
+  }
   return fields;
 }
 
 std::size_t number(const std::string& text) { return static_cast<std::size_t>(std::stoul(text)); }
 
-/// An entity as a case gives it: "126 3,2,..." or "106:12 ...".
-const std::regex entity_pattern(R"((-?\d+)(?::(-?\d+))? ?(.*))");
-
-int add_entity(IgesBuilder& builder, const std::string& text) {
-  std::smatch found;
-  if (!std::regex_match(text, found, entity_pattern)) throw std::runtime_error("no entity: " + text);
-  return builder.entity(std::stoi(found[1]), found[2].matched ? std::stoi(found[2]) : 0, found[3]);
+/// Puts `value` in the place of fields `first` to `last` (counted from 1, the type number being 0) of the data.
+void replace_fields(std::string& data, std::size_t first, std::size_t last, const std::string& value) {
+  Strings fields = fields_of(data);
+  if (fields.size() <= first) fields.resize(first + 1);
+  fields.erase(fields.begin() + static_cast<long>(first),
+               fields.begin() + static_cast<long>(std::min(last, fields.size() - 1) + 1));
+  fields.insert(fields.begin() + static_cast<long>(first), value);
+  data = joined(fields, ",") + ';';
 }
 
-/// Changes that are made to the records of the finished text.
-bool damage_record(IgesBuilder& builder, const std::string& change) {
-  static const std::regex pattern(R"(([SGDPT])(\d+)(?:@(\d+))?([=<*!-])([^]*))");
+/// Adds an entity, "126 3,2,..." or "106:12 ...", or puts it in the place of DE `de`, and returns its DE number.
+int put_entity(IgesBuilder& file, const std::string& text, const std::string& de = "") {
+  static const std::regex pattern(R"((-?\d+)(?::(-?\d+))? ?(.*))");
   std::smatch found;
-  if (!std::regex_match(change, found, pattern)) return false;
-  const char section = *found[1].first, verb = *found[4].first;
-  const std::size_t record = number(found[2]);
-  if (verb == '<') builder.insert(section, record, found[5]);
-  if (verb == '-') builder.drop(section, record);
-  if (verb == '*') builder.duplicate(section, record);
-  if (verb == '=' && found[3].matched) builder.columns(section, record, number(found[3]), found[5]);
-  if (verb == '=' && !found[3].matched) builder.replace(section, record, found[5]);
-  if (verb == '!') {  // a character is lost
-    const std::size_t column = number(found[5]);
-    builder.edit(section, [=](std::vector<std::string>& records) { records.at(record - 1).erase(column - 1, 1); });
-  }
+  if (!std::regex_match(text, found, pattern)) throw std::runtime_error("no entity: " + text);
+  const std::string type = found[1], form = found[2].matched ? found[2].str() : "0";
+  if (de.empty()) return file.entity(std::stoi(type), std::stoi(form), found[3]);
+  for (const int field : {1, 11}) file.de_field(std::stoi(de), field, type);
+  file.de_field(std::stoi(de), 15, form);
+  file.change_data(std::stoi(de), [&](std::string& data) { data = type + ',' + found[3].str() + ';'; });
+  return std::stoi(de);
+}
+
+/// Changes what the file says; false when `change` is of another kind. `subject`: the entity meant where none is given.
+bool change_content(IgesBuilder& file, const std::string& change, int subject) {
+  static const std::regex value(R"((?:(\d+)\.)?([dg]?)(\d+)(?:(\.\.)(\d*))?=([^]*))");
+  std::smatch found;
+  if (change[0] == '+') return put_entity(file, change.substr(1)), true;
+  if (change.rfind("start=", 0) == 0) return file.start(split_items(change.substr(6), '|')), true;
+  if (!std::regex_match(change, found, value)) return false;
+  const int de = found[1].matched ? std::stoi(found[1]) : subject;
+  const std::size_t first = number(found[3]);
+  const std::size_t last = !found[4].matched ? first : found[5].length() == 0 ? std::string::npos : number(found[5]);
+  if (found[2] == "d") return file.de_field(de, std::stoi(found[3]), found[6]), true;
+  if (found[2] == "g") return file.global(first, found[6]), true;
+  file.change_data(de, [&](std::string& data) { replace_fields(data, first, last, found[6]); });
   return true;
 }
 
-bool damage_file(IgesBuilder& builder, const std::string& change) {
-  const std::size_t equals = change.find('=');
-  const std::string key = change.substr(0, equals),
-                    value = equals == std::string::npos ? "" : change.substr(equals + 1);
-  if (key == "order") return builder.order(value), true;
-  if (key == "end") return builder.line_end(value), true;
-  if (key == "tail") return builder.append(value), true;
-  if (key == "drop") return builder.drop_section(value.at(0)), true;
-  return damage_record(builder, change);
-}
-
-std::string unescaped(const std::string& text) {
-  std::string result;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\\' || i + 1 == text.size()) {
-      result += text[i];
-      continue;
-    }
-    const char next = text[++i];
-    const std::size_t known = std::string_view("nrt0Z").find(next);
-    result += known != std::string_view::npos ? "\n\r\t\0\x1A"[known] : next;
+/// Changes the records of the finished text.
+void damage_file(IgesBuilder& file, const std::string& damage) {
+  static const std::regex whole(R"((order|end|tail|drop)=([^]*))"),
+      record(R"(([SGDPT])(\d+)(?:@(\d+))?([=<*!-])([^]*))");
+  std::smatch found;
+  if (std::regex_match(damage, found, whole)) {
+    if (found[1] == "order") file.order(found[2]);
+    if (found[1] == "end") file.line_end(found[2]);
+    if (found[1] == "tail") file.append(found[2]);
+    if (found[1] == "drop") file.drop_section(*found[2].first);
+    return;
   }
-  return result;
+  if (!std::regex_match(damage, found, record)) throw std::runtime_error("no change: " + damage);
+  const char section = *found[1].first, verb = *found[4].first;
+  const std::size_t at = number(found[2]);
+  if (verb == '<') file.insert(section, at, found[5]);
+  if (verb == '-') file.drop(section, at);
+  if (verb == '*') file.duplicate(section, at);
+  if (verb == '=' && found[3].matched) file.columns(section, at, number(found[3]), found[5]);
+  if (verb == '=' && !found[3].matched) file.replace(section, at, found[5]);
+  if (verb == '!') {  // a character is lost
+    const std::size_t column = number(found[5]);
+    file.edit(section, [=](Strings& records) { records.at(at - 1).erase(column - 1, 1); });
+  }
 }
 
 /// One case file, line by line.
@@ -116,105 +147,78 @@ class Parser {
 
  private:
   void take(const std::string& line) {
-    static const std::regex let(R"(let (\w+) = (.*))"), set(R"(set (\w+) (.*))"), entity(R"((\d+): (.*))"),
-        print(R"(print (\d+) (.*))"), prefix(R"(prefix (\w+))"), group(R"(\[(\S+)(.*)\])");
+    static const std::regex group(R"(\[(\S+)(.*)\])"), let(R"(let (\w+) = (.*))"), set(R"(set (\w+) (.*))"),
+        entities(R"(([\d ]+): (.*))"), print(R"(print (\d+) (.*))");
     std::smatch found;
     if (std::regex_match(line, found, group)) {
-      m_groups.push_back(
-          {m_file, std::string(found[1]) + std::string(found[2]), {}, {}, "igs" + std::string(found[1])});
       if (m_subject == 0) m_common = m_content, m_subject = m_next_de;
-      m_groups.back().subject = m_next_de = m_subject;
+      m_groups.push_back({m_file, found[1].str() + found[2].str(), "igs" + found[1].str(), m_subject});
+      m_next_de = m_subject;
       m_content = m_common;
       m_settings.clear();
     } else if (std::regex_match(line, found, let)) {
       m_texts[found[1]] = found[2];
-    } else if (std::regex_match(line, found, entity)) {
-      if (add_entity(m_content, found[2]) != std::stoi(found[1])) throw std::runtime_error("another DE number");
-      m_next_de += 2;
+    } else if (std::regex_match(line, found, entities)) {
+      for (const std::string& de : split_items(found[1], ' ')) {
+        if (put_entity(m_content, found[2]) != std::stoi(de)) throw std::runtime_error("another DE number");
+        m_next_de += 2;
+      }
     } else if (m_subject == 0) {
       throw std::runtime_error("stands in no group");
     } else if (std::regex_match(line, found, set)) {
       m_settings.emplace_back(found[1], found[2]);
-    } else if (std::regex_match(line, found, prefix)) {
-      m_groups.back().prefix = found[1];
     } else if (std::regex_match(line, found, print)) {
-      m_groups.back().prints[std::stoi(found[1])] = unescaped(found[2]);
+      CaseGroup& group = m_groups.back();
+      const IgesBuilder& file = group.cases.empty() ? m_content : group.cases.back().damaged;
+      group.prints.push_back({file.text(), std::stoi(found[1]), unescaped(found[2])});
     } else {
       take_case(line);
     }
   }
 
   void take_case(const std::string& line) {
-    static const std::regex pattern(R"(([^]*?):( [^]*?)? ->([^]*?)(=>[^]*)?)");
-    std::smatch found;
-    if (!std::regex_match(line, found, pattern)) throw std::runtime_error("neither a case nor anything else");
-    Case result{m_where, m_line, m_content, m_content, m_settings};
-    std::vector<std::string> damages;
-    for (const std::string& change : split_items(found[2], " ")) {
-      if (!change_fields(result, change)) damages.push_back(change);
+    const std::size_t colon = line.find(':'), arrow = line.find(" ->"), then = line.find("=>", arrow);
+    if (arrow == std::string::npos || colon > arrow) throw std::runtime_error("neither a case nor anything else");
+    const std::string changes = line.substr(colon + 1, arrow - colon - 1),
+                      errors = line.substr(arrow + 3, std::min(then, line.size()) - arrow - 3),
+                      outcomes = then == std::string::npos ? "" : line.substr(then + 2);
+    for (std::size_t begin = 0, bar = 0; bar != std::string::npos; begin = bar + 2) {
+      bar = changes.find(" | ", begin);
+      add_case(changes.substr(begin, bar - begin), errors, outcomes);
     }
-    result.damaged = result.sound;
-    for (const std::string& damage : damages) {
-      if (!damage_file(result.damaged, damage)) throw std::runtime_error("no change: " + damage);
-    }
-    for (const std::string& item : split_items(found[3], ";")) {
-      if (item.rfind("read ", 0) == 0) {
-        result.read = std::stoi(item.substr(5));
-      } else if (item.rfind("entities ", 0) == 0) {
-        result.entities = std::stoi(item.substr(9));
-      } else {
-        // "?" is no error, so that the case fails and says what there is.
-        result.errors.push_back(item == "?" ? ExpectedError{item, "?"} : expected_error(item, m_groups.back()));
+  }
+
+  void add_case(const std::string& changes, const std::string& errors, const std::string& outcomes) {
+    static const std::regex setting(R"((kel\w+)=(.*))");
+    Case result{m_where, m_line + "\n  with: " + changes, m_content, {}, {}, m_settings};
+    Strings damages;
+    std::smatch pair;
+    for (const std::string& change : split_items(changes, ' ')) {
+      if (std::regex_match(change, pair, setting)) {
+        result.settings.emplace_back(pair[1], pair[2]);
+      } else if (!change_content(result.sound, change, m_subject)) {
+        damages.push_back(change);
       }
     }
-    if (found[4].matched) result.after = split_items(found[4].str().substr(2), ";");
+    result.damaged = result.expected = result.sound;
+    for (const std::string& damage : damages) damage_file(result.damaged, damage);
+    result.errors = split_items(errors, ';');
+    for (const std::string& item : split_items(outcomes, ';')) take_outcome(result, item);
     m_groups.back().cases.push_back(std::move(result));
   }
 
-  /// Changes of content that the case starts with.
-  bool change_fields(Case& result, const std::string& change) const {
-    static const std::regex field(R"((?:(\d+)\.)?(\d+)(\.\.(\d*))?=([^]*))"), entry(R"((?:(\d+)\.)?d(\d+)=([^]*))"),
-        form(R"((?:(\d+)\.)?form=(.*))"), data(R"((?:(\d+)\.)?data=([^]*))"), global(R"(g(\d+)=([^]*))"),
-        count(R"(gcount=(\d+))"), start(R"(start=([^]*))"), added(R"(\+([^]*))"), setting(R"((kel\w+)=(.*))");
-    IgesBuilder& file = result.sound;
+  void take_outcome(Case& result, const std::string& item) const {
+    static const std::regex message("(left|says) .*"), gone(R"((\d+) gone)"), replaced(R"((\d+): (.*))");
     std::smatch found;
-    const auto de = [&] { return found[1].matched ? std::stoi(found[1]) : m_subject; };
-    if (std::regex_match(change, found, field)) {
-      const std::size_t first = number(found[2]);
-      const std::size_t last = !found[3].matched        ? first
-                               : found[4].str().empty() ? std::string::npos
-                                                        : number(found[4]);
-      file.change_data(de(), [&](std::string& text) { replace_fields(text, first, last, found[5]); });
-    } else if (std::regex_match(change, found, entry)) {
-      file.de_field(de(), std::stoi(found[2]), found[3]);
-    } else if (std::regex_match(change, found, form)) {
-      file.de_field(de(), 15, found[2]);
-    } else if (std::regex_match(change, found, data)) {
-      file.change_data(de(), [&](std::string& text) { text = found[2]; });
-    } else if (std::regex_match(change, found, global)) {
-      file.global(number(found[1]), found[2]);
-    } else if (std::regex_match(change, found, count)) {
-      file.global_count(number(found[1]));
-    } else if (std::regex_match(change, found, start)) {
-      file.start(split_items(found[1], "|"));
-    } else if (std::regex_match(change, found, added)) {
-      add_entity(file, found[1]);
-    } else if (std::regex_match(change, found, setting)) {
-      result.settings.emplace_back(found[1], found[2]);
-    } else {
-      return false;
+    if (std::regex_match(item, message)) {
+      result.messages.push_back(item);
+    } else if (std::regex_match(item, found, gone)) {
+      result.gone.insert(std::stoi(found[1]));
+    } else if (std::regex_match(item, found, replaced)) {
+      put_entity(result.expected, found[2], found[1]);
+    } else if (!change_content(result.expected, item, m_subject)) {
+      throw std::runtime_error("no change: " + item);
     }
-    return true;
-  }
-
-  /// Puts `value` in the place of fields `first` to `last` (counted from 1, the type number being 0) of the data.
-  static void replace_fields(std::string& text, std::size_t first, std::size_t last, const std::string& value) {
-    std::vector<std::string> fields = fields_of(text, ',', ';');
-    if (fields.size() <= first) fields.resize(first + 1);
-    const std::size_t end = std::min(last, fields.size() - 1) + 1;
-    fields.erase(fields.begin() + static_cast<long>(first), fields.begin() + static_cast<long>(end));
-    fields.insert(fields.begin() + static_cast<long>(first), value);
-    text = joined(fields) + ';';
   }
 
   /// "{name}" stands for a text, "{3*1.}" for three times "1." between commas, "{-}" for the real that says unset.
@@ -222,9 +226,9 @@ class Parser {
     static const std::regex pattern(R"(\{(?:(\d+)\*([^{}]*)|(\w+)|([-+]))\})");
     for (std::smatch found; std::regex_search(line, found, pattern);) {
       std::string text;
-      if (found[1].matched) text = joined(std::vector<std::string>(number(found[1]), found[2]));
+      if (found[1].matched) text = joined(Strings(number(found[1]), found[2]), ",");
       if (found[3].matched) text = m_texts.at(found[3]);
-      if (found[4].matched) text = std::string(found[4]) + "1.7976931348623157D+308";
+      if (found[4].matched) text = found[4].str() + "1.7976931348623157D+308";
       line.replace(static_cast<std::size_t>(found.position()), static_cast<std::size_t>(found.length()), text);
     }
     return line;
@@ -234,117 +238,52 @@ class Parser {
   std::vector<CaseGroup>& m_groups;
   IgesBuilder m_common, m_content;   ///< of all groups of the file, of this group
   int m_subject = 0, m_next_de = 1;  ///< m_subject is 0 before the first group
-  std::map<std::string, std::string> m_texts;
+  std::map<std::string, std::string> m_texts{
+      {"null", "= {|\\t(NullPointer)|}"},
+      {"list", "= {|\\t(0) = {|\\t\\t(NullPointer)|\\t}|}"},
+      {"lost", "says Warning : There is no Parameter Data associated with object DE"}};
   std::vector<std::pair<std::string, std::string>> m_settings;
 };
 
 }  // namespace
 
-Content content_of(const std::string& text) {
+std::string joined(const Strings& items, const std::string& separator) {
+  std::string text;
+  for (std::size_t i = 0; i < items.size(); ++i) text += (i == 0 ? "" : separator) + items[i];
+  return text;
+}
+
+Content content_of(const std::string& text, const std::set<int>& gone, bool is_written) {
   Content content;
+  const auto add = [&content](const std::string& prefix, const Strings& fields, std::size_t first) {
+    for (const std::string& field : fields) content[prefix + std::to_string(first++)] = field;
+  };
   std::string global;
   for (const std::string& record : records_of(text, 'G')) global += record.substr(0, 72);
-  content.global = fields_of(global, ',', ';');
-  const std::vector<std::string> directory = records_of(text, 'D');
+  add("g", fields_of(global), 1);
   std::map<int, std::string> data;
   for (const std::string& record : records_of(text, 'P')) data[number_at(record, 66, 7)] += record.substr(0, 64);
-  for (std::size_t i = 0; i + 1 < directory.size(); i += 2) {
-    Content::Entity entity;
-    for (std::size_t field = 0; field < 20; ++field) {
-      const bool counts = field == 1 || field == 9 || field == 13 || field == 19;
-      const std::string& record = directory[i + field / 10];
-      entity.entry.push_back(counts ? "" : trimmed(record.substr(field % 10 * 8, 8)));
+  const Strings directory = records_of(text, 'D');
+  for (int de = 1, of_case = 1; static_cast<std::size_t>(de) < directory.size(); de += 2, of_case += 2) {
+    while (is_written && gone.contains(of_case)) of_case += 2;
+    if (gone.contains(of_case)) continue;
+    const std::string prefix = std::to_string(of_case) + '.';
+    add(prefix, fields_of(data[de]), 0);
+    for (const int field : {1, 3, 4, 5, 6, 7, 8, 9, 11, 12, 13, 15, 18, 19}) {
+      const std::string& record = directory[static_cast<std::size_t>(de - (field < 11 ? 1 : 0))];
+      content[prefix + 'd' + std::to_string(field)] =
+          trimmed(record.substr(static_cast<std::size_t>(field - 1) % 10 * 8, 8));
     }
-    entity.kind = entity.entry[0] + ':' + entity.entry[14];
-    entity.fields = fields_of(data[static_cast<int>(i + 1)], ',', ';');
-    content.entities.push_back(std::move(entity));
   }
   return content;
 }
 
-std::vector<std::string> split_items(const std::string& text, const std::string& separator) {
-  constexpr char quoted_blank = '\1';  // not trimmed
-  std::vector<std::string> items;
-  std::string item;
-  bool quoted = false;
-  const auto finish = [&] {
-    std::string text = unescaped(trimmed(item));
-    std::replace(text.begin(), text.end(), quoted_blank, ' ');
-    if (!text.empty()) items.push_back(text);
-    item.clear();
-  };
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '"') {
-      quoted = !quoted;
-    } else if (!quoted && text.compare(i, separator.size(), separator) == 0) {
-      finish();
-    } else {
-      item += quoted && text[i] == ' ' ? quoted_blank : text[i];
-    }
-  }
-  finish();
-  return items;
-}
-
-std::string shortened(std::string name, int key, const CaseGroup& group) {
-  const std::size_t size = group.prefix.size();
-  if (name.rfind(group.prefix, 0) == 0 && std::isupper(static_cast<unsigned char>(name[size])) != 0)
-    name.erase(0, size);
-  return name + (key == group.subject ? "" : '@' + std::to_string(key));
-}
-
-ExpectedError expected_error(const std::string& item, const CaseGroup& group) {
-  static const std::regex pattern(R"(([A-Za-z]\w*)(?:@(-?\d+))?(?: ([^]*?))??(?: ([-+]+))?)");
-  std::smatch found;
-  if (!std::regex_match(item, found, pattern)) throw std::runtime_error("no error: " + item);
-  const std::string values = found[3].matched ? ' ' + found[3].str() : "";
-  return {shortened(found[1], found[2].matched ? std::stoi(found[2]) : group.subject, group) + values, found[4]};
-}
-
-bool change_content(Content& content, const std::string& change) {
-  static const std::regex field(R"((?:(\d+)\.)?(d?)(\d+)=([^]*))"), global(R"(g(\d+)=([^]*))"),
-      entity(R"((\d+): (-?\d+)(?::(-?\d+))? ?([^]*))"), added(R"(new: ([^]*))"), gone(R"((\d+) gone)");
-  std::smatch found;
-  const auto place = [&content](const std::string& de) -> Content::Entity& {
-    return content.entities.at(((de.empty() ? content.subject : number(de)) - 1) / 2);
-  };
-  const auto set = [](std::vector<std::string>& list, std::size_t at, const std::string& value) {
-    if (list.size() <= at) list.resize(at + 1);
-    list[at] = value;
-  };
-  if (std::regex_match(change, found, field)) {
-    Content::Entity& owner = place(found[1]);
-    const bool of_entry = found[2].length() != 0;
-    set(of_entry ? owner.entry : owner.fields, number(found[3]) - (of_entry ? 1 : 0), found[4]);
-    owner.kind = owner.entry[0] + ':' + owner.entry[14];
-  } else if (std::regex_match(change, found, global)) {
-    set(content.global, number(found[1]) - 1, found[2]);
-  } else if (std::regex_match(change, found, added)) {
-    content.entities.emplace_back();
-    const std::string numbered = std::to_string(2 * content.entities.size() - 1) + ": " + found[1].str();
-    content.entities.back().entry.resize(20);
-    return change_content(content, numbered);
-  } else if (std::regex_match(change, found, entity)) {
-    Content::Entity& owner = place(found[1]);
-    owner.entry[0] = owner.entry[10] = found[2];
-    owner.entry[14] = found[3].matched ? found[3].str() : "0";
-    owner.kind = owner.entry[0] + ':' + owner.entry[14];
-    owner.fields = fields_of(found[2].str() + (found[4].length() != 0 ? ',' + found[4].str() : "") + ';', ',', ';');
-  } else if (std::regex_match(change, found, gone)) {
-    place(found[1]).kind.clear();
-  } else {
-    return false;
-  }
-  return true;
-}
-
 std::vector<CaseGroup> all_case_groups() {
   std::vector<CaseGroup> groups;
-  std::vector<std::filesystem::path> files;
+  std::set<std::filesystem::path> files;
   for (const auto& entry : std::filesystem::directory_iterator(IGS_CASES)) {
-    if (entry.path().extension() == ".case") files.push_back(entry.path());
+    if (entry.path().extension() == ".case") files.insert(entry.path());
   }
-  std::sort(files.begin(), files.end());
   for (const auto& path : files) {
     std::ifstream in(path);
     Parser(path.filename().string(), groups).parse(in);

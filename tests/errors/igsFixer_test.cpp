@@ -3,12 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <chrono>
 
 #include "errors/test_errors.h"
 #include "iges_builder.h"
-#include "objects/test_node.h"
 
 namespace igs_test {
 namespace {
@@ -82,16 +80,9 @@ TEST(Fixer, FixMayLogErrors) {
   EXPECT_EQ(file.error_log().object_log().fixed_errors().size(), 100U);
 }
 
-TEST(Fixer, LongChainsAndManyPathsAreWalkedOnce) {
+TEST(Fixer, ManyPathsAreWalkedOnce) {
   constexpr int count = 150, cycle = 60;
   const auto start = std::chrono::steady_clock::now();
-  {
-    const igsFile file;
-    for (int i = 0; i < chain_length; ++i) ObjectFault::create(2 * i + 1, i, 2 * i + 3);
-    const Names tried = fix(file);
-    ASSERT_EQ(tried.size(), static_cast<std::size_t>(chain_length));
-    EXPECT_TRUE(std::is_sorted(tried.rbegin(), tried.rend()));
-  }
   {  // Entity i depends on all later ones, the farthest first: every path prefix lengthens some distance.
     const igsFile file;
     Names expected;

@@ -3,18 +3,12 @@
 // file.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <random>
 #include <regex>
 #include <set>
-#include <sstream>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "iges_builder.h"
 #include "igs/igs.h"

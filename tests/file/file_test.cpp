@@ -1,18 +1,17 @@
-// Files in memory: their entities and slots, what is asked of them after reading, and how they are written. What files
-// say and how they are damaged: cases/file.case; streams and folders that fail: stream_faults_test.cpp.
+// Files in memory: their entities and slots, what is asked of them after reading, how they are written, and which one
+// is the current file. What files say and how they are damaged: cases/file.case; streams and folders that fail:
+// stream_faults_test.cpp.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <array>
 #include <map>
-#include <utility>
+#include <memory>
 
 #include "iges_builder.h"
 #include "igs/curves/igs110.h"
 #include "igs/curves/igs116.h"
-#include "igs/file/igsDirectoryEntry.h"
+#include "igs/file/igsFile_errors.h"
+#include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsCurve.h"
-#include "igs/support/coResourceTable.h"
 #include "objects/test_node.h"
 
 namespace igs_test {
@@ -63,14 +62,11 @@ TEST(File, WritingClosesGaps) {
   EXPECT_EQ(file.pathname(), "part.igs");
   const igsObject *first = file.entity(1), *second = file.entity(5), *point = file.entity(7);
   delete file.entity(3);
-  EXPECT_EQ(file.num_entities(), 3);
   EXPECT_THAT(printed(file), HasSubstr("NoOfEntities = 4\n"));
-  const std::string text = written(file);
-  EXPECT_EQ(column_fault(text), "");
+  EXPECT_THAT(records_of(written(file), 'P').back(), HasSubstr("116,1.,2.,3.,3;")) << "the reference follows";
   EXPECT_THAT(visited(igsFileIT(&file)), ElementsAre(first, second, point));
   EXPECT_EQ(second->de_number(), 3);
   EXPECT_THAT(printed(file), HasSubstr("NoOfEntities = 3\n"));
-  EXPECT_THAT(records_of(text, 'P').back(), HasSubstr("116,1.,2.,3.,3;")) << "the reference follows";
   EXPECT_EQ((new Node)->de_number(), 7) << "no free slot is left";
 }
 
@@ -82,7 +78,6 @@ TEST(File, ReplacementTakesOverNumberAndReferences) {
   const igsObjectPtr pointer(1), to_point(5), to_other(other);
   auto* replacement = new Node;
   const igsObjectPtr direct(replacement);
-  EXPECT_EQ(replacement->de_number(), 7);
   EXPECT_EQ(file.replace_entity(old, nullptr) + file.replace_entity(nullptr, old) + file.replace_entity(old, old), 0);
   {
     igsFile elsewhere;
@@ -94,8 +89,7 @@ TEST(File, ReplacementTakesOverNumberAndReferences) {
   EXPECT_THAT(visited(igsFileIT(&file)), ElementsAre(replacement, other, point));
   for (const igsObjectPtr* p : {&pointer, &direct, &point->display_symbol()}) EXPECT_EQ(p->object(), replacement);
   EXPECT_EQ(std::pair(to_point.object(), to_other.object()), (std::pair<igsObject*, igsObject*>(point, other)));
-  EXPECT_EQ(replacement->num_references(), 3);
-  EXPECT_EQ(file.num_entities(), 3);
+  EXPECT_EQ(std::pair(replacement->num_references(), file.num_entities()), std::pair(3, 3));
 }
 
 TEST(File, IteratorsPassOverWhatTheyShould) {
@@ -119,9 +113,9 @@ TEST(File, OtherDelimitersAreReadAndKept) {
   using Row = std::array<std::string, 3>;  // both, and how the file says them
   for (const auto& [both, first, second] : {Row{"/$", "1H/", "1H$"}, Row{"|#", "1H|", "1H#"}, Row{";,", "1H;", "1H,"},
                                             Row{",;", "", ""}, Row{",;", "1H,", " 1H;"}, Row{",#", "", "1H#"}}) {
-    const std::string p = both.substr(0, 1), record = both.substr(1);
+    const std::string p = both.substr(0, 1);
     IgesBuilder builder;
-    builder.delimiters(p[0], record[0]).global(1, first).global(2, second).global(3, "1Ht");
+    builder.delimiters(both[0], both[1]).global(1, first).global(2, second).global(3, "1Ht");
     builder.entity(116, 0, "1." + p + "2.");
     igsFile file;
     ASSERT_EQ(read_text(file, builder.text()), 1) << both;
@@ -129,23 +123,68 @@ TEST(File, OtherDelimitersAreReadAndKept) {
     const std::string text = written(file);
     EXPECT_EQ(column_fault(text), "");
     EXPECT_EQ(records_of(text, 'P').at(0).substr(0, 14), "116" + p + "1." + p + "2." + p + "0." + p + '0') << both;
-    EXPECT_EQ(records_of(text, 'G').at(0).substr(0, 8), "1H" + p + p + "1H" + record + p);
+    EXPECT_THAT(records_of(text, 'G').at(0), testing::StartsWith("1H" + p + p + "1H" + both[1] + p));
   }
 }
 
-TEST(File, ParametricEntitiesHaveTheirOwnPrecision) {
-  IgesBuilder builder;
-  for (const char* use : {"000", "500", "000"})
-    builder.entity(116, 0, "1.23456789,2.,3.,0", {.status = std::string("00000") + use});
-  igsFile file;
-  ASSERT_EQ(read_text(file, builder.text()), 1);
-  coResourceTable& options = kel_resource_table_inquire();
-  const coResourceTable usual = options;
-  options.set_value(kelOptDoubleParametricPrecision, 4);
-  std::string starts;
-  for (const std::string& record : records_of(written(file), 'P')) starts += record.substr(4, 10) + ' ';
-  options = usual;
-  EXPECT_EQ(starts, "1.23456789 1.235,2.,3 1.23456789 ");
+igsFilecoDynArr all_files() {
+  igsFilecoDynArr files{nullptr, nullptr};  // to be replaced
+  igsObjectSystem::get_all_files(files);
+  return files;
+}
+
+TEST(ObjectSystem, ComesUpWithOneEmptyFile) {
+  for (int i = 0; i < 2; ++i) igsObjectSystem::initialize_system();
+  ASSERT_THAT(all_files(), ElementsAre(&igsObjectSystem::file()));
+  EXPECT_EQ(igsObjectSystem::file().num_entities(), 0);
+  EXPECT_EQ(&igsObjectSystem::log(), &igsObjectSystem::file().error_log());
+}
+
+TEST(ObjectSystem, LocationsAreReused) {
+  auto a = std::make_unique<igsFile>(), b = std::make_unique<igsFile>();
+  const igsFile c;
+  const igsFile* const first = all_files()[0];
+  EXPECT_EQ(&igsObjectSystem::file(), &c);
+  a.reset();
+  EXPECT_EQ(&igsObjectSystem::file(), &c) << "another file's deletion changes nothing";
+  EXPECT_THAT(all_files(), ElementsAre(first, b.get(), &c));
+  b.reset();
+  const igsFile d, e;  // the location freed last is used first
+  EXPECT_THAT(all_files(), ElementsAre(first, &e, &d, &c));
+}
+
+TEST(ObjectSystem, LowestRemainingFileBecomesCurrent) {
+  for (int i = 0; i < 3; ++i) new igsFile;
+  while (all_files().size() > 1) {
+    delete &igsObjectSystem::file();
+    EXPECT_EQ(&igsObjectSystem::file(), all_files()[0]);
+    if (all_files().size() > 1) igsObjectSystem::set_current_file(*all_files()[1]);
+    if (all_files().size() == 3) delete all_files()[0];  // which is not the current one
+  }
+}
+
+TEST(ObjectSystem, NewThingsGoToTheCurrentFile) {
+  igsFile one, two;
+  EXPECT_EQ((new Node)->de_number(), 1);
+  const igsObjectPtr there(1), ahead(3);
+  new igsFileNoPDData(3);
+  igsObjectSystem::set_current_file(one);
+  const Node* node = new Node;
+  const igsObjectPtr here(1);
+  new igsFileNoPDData(1);
+  EXPECT_EQ(&node->file(), &one);
+  EXPECT_EQ(here.object(), node);
+  EXPECT_EQ(there.object(), two.entity(1));
+  EXPECT_THAT(active_errors(one), ElementsAre("igsFileNoPDData 1"));
+  EXPECT_THAT(active_errors(two), ElementsAre("igsFileNoPDData 3"));
+  new Node;
+  EXPECT_EQ(ahead.object(), nullptr) << "a pointer to an entity ahead is filled by its own file alone";
+  igsObjectSystem::set_current_file(two);
+  EXPECT_EQ((new Node)->de_number(), 3);
+  EXPECT_EQ(ahead.object(), two.entity(3));
+  delete node;
+  EXPECT_EQ(here.object(), nullptr);
+  EXPECT_EQ(std::pair(one.num_entities(), two.num_entities()), std::pair(1, 2));
 }
 
 }  // namespace

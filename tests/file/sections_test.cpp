@@ -1,22 +1,17 @@
 // What hosts ask and set of the sections of a file and of directory entries. What is read, checked, repaired and
 // written of them: cases/file.case, global.case and directory.case.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
-#include <climits>
+#include <cmath>
 #include <iterator>
-#include <limits>
 #include <random>
 
 #include "iges_builder.h"
-#include "igs/curves/igs116.h"
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile_errors.h"
 #include "igs/file/igsGlobalSection_errors.h"
+#include "igs/file/igsObjectSystem.h"
 #include "igs/file/igsTerminateSection_errors.h"
-#include "igs/objects/igsObject.h"
 #include "igs/support/systemDate.h"
 
 namespace igs_test {
@@ -37,30 +32,20 @@ class Sections : public testing::Test {
   void TearDown() override { ut_set_clock(nullptr); }
 };
 
-/// A setter refuses one value, which changes nothing, and takes the other one.
-void expect_taken(auto set, const auto& refused, const auto& taken) {
-  igsGlobalSection section;
-  const std::string before = printed(section);
-  EXPECT_EQ((section.*set)(refused), 0) << refused;
-  EXPECT_EQ(printed(section), before) << refused;
-  EXPECT_EQ((section.*set)(taken), 1) << taken;
-  EXPECT_NE(printed(section), before) << taken;
-}
-
 // The bounds are those of the check, in global.case.
 TEST_F(Sections, GlobalSettersRefuseWhatTheCheckReports) {
-  using G = igsGlobalSection;
-  using Limits = std::numeric_limits<double>;
-  for (const auto set : {&G::set_binary_bits_for_int, &G::set_sp_max_pow10, &G::set_sp_sig_digs, &G::set_dp_max_pow10,
-                         &G::set_dp_sig_digs, &G::set_max_number_of_line_weights})
-    expect_taken(set, -1, 39);
-  for (const auto set : {&G::set_model_space_scale, &G::set_width_of_max_line_weight, &G::set_minimum_resolution}) {
-    for (const double refused : {-1., Limits::infinity(), Limits::quiet_NaN()}) expect_taken(set, refused, 2.5);
-  }
-  for (const auto set :
-       {&G::set_product_id_from_sending_system, &G::set_file_name, &G::set_system_id, &G::set_preprocessor_version,
-        &G::set_product_id_for_receiving_system, &G::set_name_of_author, &G::set_authors_organization})
-    expect_taken(set, utString(), utString("text"));
+  igsGlobalSection section;
+  const std::string before = printed(section);
+  int taken = section.set_binary_bits_for_int(-1) + section.set_file_name("") + section.set_name_of_author("");
+  for (const double refused : {-1., HUGE_VAL, std::nan("")})
+    taken += section.set_model_space_scale(refused) + section.set_width_of_max_line_weight(refused) +
+             section.set_minimum_resolution(refused);
+  EXPECT_EQ(taken, 0);
+  EXPECT_EQ(printed(section), before);
+  EXPECT_EQ(section.set_dp_sig_digs(16) + section.set_system_id("text") + section.set_model_space_scale(2.5), 3);
+  EXPECT_THAT(printed(section),
+              testing::AllOf(testing::HasSubstr("DPSigDigs = 16\n"), testing::HasSubstr("SystemID = \"text\"\n"),
+                             testing::HasSubstr("ModelSpaceScale = 2.5\n")));
 }
 
 TEST_F(Sections, DelimitersAreNoPartOfNumbersAndDiffer) {
@@ -81,18 +66,12 @@ TEST_F(Sections, NewFileHasDefaults) {
   EXPECT_EQ(column_fault(text), "");
   std::string global;
   for (const std::string& record : records_of(text, 'G')) global += record.substr(0, 72);
-  EXPECT_EQ(global.substr(0, global.find_last_not_of(' ') + 1),
-            "1H,,1H;,7HUnknown,7HUnknown,7HUnknown,7HUnknown,32,38,6,308,15,7HUnknown,1.,2,2HMM,1,0.,"
-            "15H20261121.123059,0.0001,1.7976931348623157D+308,7HUnknown,7HUnknown,3,0;");
+  EXPECT_THAT(global, testing::StartsWith(
+                          "1H,,1H;,7HUnknown,7HUnknown,7HUnknown,7HUnknown,32,38,6,308,15,7HUnknown,1.,2,2HMM,1,0.,"
+                          "15H20261121.123059,0.0001,1.7976931348623157D+308,7HUnknown,7HUnknown,3,0; "));
   EXPECT_EQ(file.global_section().max_version(), 11);
-  EXPECT_EQ(records_of(text, 'T').at(0).substr(0, 32), "S      1G      3D      0P      0");
   EXPECT_EQ(printed(igsTerminateSection()).find("= 0"), std::string::npos) << "counts are not set";
-  // An earlier version's Global section has no modification date.
-  igsFile earlier;
-  EXPECT_EQ(read_text(earlier, IgesBuilder().global(23, "7").text()), 1);
-  for (const igsFile* f : {&file, &earlier}) {
-    EXPECT_EQ(f->global_section().file_modification_date().date_string(), "20261121.123059");
-  }
+  EXPECT_EQ(file.global_section().file_modification_date().date_string(), "20261121.123059") << "written or not";
 }
 
 TEST_F(Sections, CopiesBelongToTheirNewFile) {
@@ -102,18 +81,14 @@ TEST_F(Sections, CopiesBelongToTheirNewFile) {
   to.set_message_stream(&sink);
   to.set_global_section(from.global_section());
   to.set_start_section(from.start_section());
+  from.check();
+  EXPECT_EQ(&igsObjectSystem::file(), &to) << "reading and checking one file leave the other current";
   to.clean(0);
   EXPECT_EQ(fixed_errors(to), Strings{"igsGlobalSectionUnitNameTypeMismatch 1,MM"});
-  EXPECT_EQ(active_errors(from), Strings());
   EXPECT_THAT(sink.text, testing::HasSubstr("defaulted to INCH.\n"));
   EXPECT_THAT(sink.tags, testing::Each("iges"));
   EXPECT_THAT(written(to), testing::AllOf(testing::StartsWith("Hello "), testing::HasSubstr(",1,4HIN")));
   EXPECT_THAT(written(from), testing::HasSubstr(",1,2HMM,"));
-  EXPECT_EQ(read_text(to, IgesBuilder().columns('S', 1, 80, "4").columns('T', 1, 2, "x").text()), 1);
-  for (const igsLogID id : {igsStartLog, igsTerminateLog}) {
-    igsSimpleSectionLogIT errors(to.error_log().get_section_log(id));
-    EXPECT_TRUE(++errors == 1 && errors()->message_stream() == &sink) << id;
-  }
 }
 
 TEST_F(Sections, ErrorsThatRepairNothing) {
@@ -130,41 +105,22 @@ TEST_F(Sections, ErrorsThatRepairNothing) {
     error->set_message_stream(&sink);
     EXPECT_EQ(error->fix(), 0) << describe(*error);
   }
-  for (const int parameter : {0, 4, 13}) {  // those with a default need no repair
-    auto* const error = new igsGlobalSectionIllegalDefault(parameter, 1);
-    igsGlobalSection section;
-    error->set_key(&section);
-    EXPECT_EQ(error->fix(), 0) << parameter;
-  }
   const std::string see = "See the Frequently Asked Questions in the Help for more details";
   EXPECT_EQ(sink.text, "Error: IGES limit of 10 million lines per section exceeded.\n" + see +
                            "Error: IGES limit of 5 million entities exceeded.\n" + see);
 }
 
 TEST_F(Sections, TerminateTakesWhatSevenColumnsCanHold) {
-  using T = igsTerminateSection;
-  const auto expect = [](int (T::*set)(int), int (T::*get)() const, std::initializer_list<int> refused, int taken) {
-    T section, other;
-    for (const int lines : refused) EXPECT_EQ((section.*set)(lines), 0) << lines;
-    EXPECT_EQ((section.*get)(), igs_unset_int);
-    EXPECT_EQ((section.*set)(taken), 1);
-    other.become(section);
-    EXPECT_EQ((other.*get)(), taken);
+  igsTerminateSection section, other;
+  const auto taken = [&section](int start, int global, int directory, int parameter) {
+    return section.set_start_lines(start) + section.set_global_lines(global) + section.set_directory_lines(directory) +
+           section.set_parameter_lines(parameter);
   };
-  expect(&T::set_start_lines, &T::start_lines, {0, -4}, 1);
-  expect(&T::set_global_lines, &T::global_lines, {10000000}, 9999999);
-  expect(&T::set_directory_lines, &T::directory_lines, {7, 0, -2, 10000000}, 8);
-  expect(&T::set_parameter_lines, &T::parameter_lines, {0, 10000000}, 7);
-}
-
-TEST_F(Sections, TerminateCountsAreRepaired) {
-  igsFile file;
-  EXPECT_EQ(read_text(file, IgesBuilder().columns('T', 1, 1, "S      4G      5D      6P      7").text()), 1);
-  file.clean(0);
-  const igsTerminateSection& now = file.terminate_section();  // none is no count
-  EXPECT_EQ((std::vector{now.start_lines(), now.global_lines(), now.directory_lines(), now.parameter_lines()}),
-            (std::vector{1, 3, 6, 7}));
-  EXPECT_EQ(active_errors(file), Strings());
+  for (const int lines : {0, -4, 10000000}) EXPECT_EQ(taken(lines, lines, lines, lines), 0) << lines;
+  EXPECT_EQ(taken(1, 9999999, 8, 7) + section.set_directory_lines(9), 4);
+  other.become(section);
+  EXPECT_EQ((std::array{other.start_lines(), other.global_lines(), other.directory_lines(), other.parameter_lines()}),
+            (std::array{1, 9999999, 8, 7}));
 }
 
 Strings lines_of(const igsStartSection& section) {
@@ -176,48 +132,41 @@ Strings lines_of(const igsStartSection& section) {
 TEST_F(Sections, StartLinesAreTakenOrRefused) {
   for (const auto& [i, size, taken, lines] : std::initializer_list<std::array<int, 4>>{
            {0, 1, 1, 1}, {5, 1, 1, 6}, {1, 72, 1, 2}, {1, 73, 0, 1}, {1, 0, 0, 1}, {-1, 1, 0, 1}, {9999999, 1, 0, 1}}) {
-    const utString text(static_cast<std::size_t>(size), 'a');
-    utString line = "untouched";
+    utString line;
     igsStartSection section;
-    EXPECT_EQ((std::array{section.set_line(i, text), section.line(i, line), section.num_lines(), section.valid()}),
-              (std::array{taken, taken, lines, 1}))
+    EXPECT_EQ((std::array{section.set_line(i, utString(static_cast<std::size_t>(size), 'a')), section.line(i, line),
+                          section.num_lines(), static_cast<int>(line.size())}),
+              (std::array{taken, taken, lines, taken * size}))
         << i;
-    EXPECT_EQ(line, taken != 0 ? text : "untouched") << i;
   }
+  igsFile file;
   igsStartSection old;
   old.set_line(2, "old");
-  igsFile file;
   file.set_start_section(old);
-  EXPECT_EQ(lines_of(file.start_section()), (Strings{"", "", "old"}));
   EXPECT_EQ(read_text(file, IgesBuilder().start({"new", ""}).text()), 1);
   EXPECT_EQ(lines_of(file.start_section()), (Strings{left("new", 72), left("", 72), "old"}));
   EXPECT_EQ(printed(igsStartSection()), "NoOfLinesInStartSection = 1\nStartSection = {\n\t1 = \"\"\n}\n");
 }
 
 TEST_F(Sections, StartLinesChangeInAnyOrder) {
-  constexpr std::size_t count = 40;
-  igsStartSection section;
-  Strings expected(count);
+  igsStartSection section, copy;
+  Strings expected(40);
   std::mt19937 random(1);
   for (int step = 0; step < 3000; ++step) {
-    const std::size_t i = step == 0 ? count - 1 : random() % count;
-    utString text(1 + random() % 72, static_cast<char>('a' + random() % 26));
-    const std::size_t blanks = std::min<std::size_t>(random() % 80, text.size());
-    text.replace(text.size() - blanks, blanks, blanks, ' ');
-    ASSERT_EQ(section.set_line(static_cast<int>(i), text), 1);
-    expected[i] = text;
+    const std::size_t i = step == 0 ? expected.size() - 1 : random() % expected.size();
+    const std::size_t size = 1 + random() % 72;
+    expected[i] = left(std::string(size - random() % size, static_cast<char>('a' + random() % 26)), size);
+    if (random() % 8 == 0) expected[i].assign(size, ' ');
+    ASSERT_EQ(section.set_line(static_cast<int>(i), expected[i]), 1);
     ASSERT_EQ(lines_of(section), expected) << step;
   }
-  igsStartSection copy;
   copy.become(section);
   section.set_line(0, "changed");
   EXPECT_EQ(lines_of(copy), expected);
 }
 
 TEST_F(Sections, DatesHaveAFormAndACalendar) {
-  EXPECT_EQ(igsDate().date_string(), "20261121.123059");
-  EXPECT_EQ(igsDate().check(), 1);
-  EXPECT_EQ(igsDate("yesterday").date_string(), "yesterday");
+  EXPECT_EQ(igsDate().date_string() + igsDate("yesterday").date_string(), "20261121.123059yesterday");
   // the first days and last days that there are
   for (const std::string& valid : words(R"(19800101.000000 800101.000000 20261231.235959 261231.235959 20000229.000000
          20200229.000000 20210131.000000 20210331.000000 20210430.000000 20210531.000000 20210630.000000 20210731.000000
@@ -234,12 +183,12 @@ TEST_F(Sections, DatesHaveAFormAndACalendar) {
   for (const std::string& text : invalid) EXPECT_EQ(igsDate::check_date_string(text), 0) << text;
   utDateTime date{1, 2, 3, 4, 5, 6};
   EXPECT_EQ(igsDate::decode_date_string("20210101.00000x", date), 0);
-  EXPECT_EQ(igsDate::encode_date_string(date), "00010203.040506") << "left alone";
-  for (const std::string& century : words("99=1999 00=2000 26=2026 27=1927 0026=0026 2099=2099")) {
-    const std::size_t equals = century.find('=');
-    EXPECT_EQ(igsDate::decode_date_string(century.substr(0, equals) + "0102.030405", date), 1) << century;
-    EXPECT_EQ(igsDate::encode_date_string(date), century.substr(equals + 1) + "0102.030405");
+  std::string years = igsDate::encode_date_string(date);  // left alone
+  for (const char* year : {"99", "00", "26", "27", "0026", "2099"}) {
+    igsDate::decode_date_string(year + std::string("0102.030405"), date);
+    years += ' ' + igsDate::encode_date_string(date).substr(0, 4);
   }
+  EXPECT_EQ(years, "00010203.040506 1999 2000 2026 1927 0026 2099");
   const auto is_day = igsDate::check_day_against_month;
   EXPECT_EQ((std::array{is_day(29, 2, 1900), is_day(29, 2, 2000), is_day(1, 0, 2000), is_day(1, 13, 2000)}),
             (std::array{0, 1, 0, 0}));
@@ -254,29 +203,12 @@ TEST_F(Sections, UnitsHaveNamesAndLengths) {
     EXPECT_EQ(igsUnits(flag).name(), name);
     EXPECT_EQ(igsUnits::type(name), length > 0 ? flag : 0) << name;
     EXPECT_DOUBLE_EQ(igsUnits::convert_between_units(flag, 1), length > 0 ? length : 1) << name;
-    EXPECT_EQ(igsUnits::check_units(3, name), length > 0 ? 1 : 0) << name;
     EXPECT_EQ(igsUnits::check_units(flag, "MM"), flag == 2 || flag == 3 ? 1 : 0) << name;
     ++flag;
   }
   EXPECT_EQ(igsUnits::type("IN"), 1);
   EXPECT_EQ(igsUnits::convert_between_units(5, 7), 1.609344) << "exactly";
-  EXPECT_EQ(igsUnits::name(igs_unset_int), "UNKNOWN");
-  for (const char* name : {"", "in", "Inch", " MM", "MM ", "INCHES"}) EXPECT_EQ(igsUnits::type(name), 0) << name;
-}
-
-TEST_F(Sections, DirectoryAttributeIsANumberOrAPointer) {
-  igsFile file;
-  auto* const definition = new igs116;
-  for (const int number : {0, 1, 37, 99999999}) {
-    const igsLevel level(number);
-    EXPECT_TRUE(level.predefined_colour() && level.level() == number && level.field() == number) << number;
-  }
-  const igsColour colour(-1);
-  EXPECT_EQ(colour.definition().object(), definition);
-  EXPECT_TRUE(!colour.predefined_colour() && colour.colour_value() == 0 && colour.field() == -1);
-  for (const int nowhere : {-2, -INT_MAX, INT_MIN}) EXPECT_EQ(igsLineFont(nowhere).field(), 0) << nowhere;
-  delete definition;
-  EXPECT_TRUE(colour.predefined_colour());
+  for (const char* name : {"", "in", " MM", "INCHES"}) EXPECT_EQ(igsUnits::type(name), 0) << name;
 }
 
 TEST_F(Sections, DirectoryEntryBecomesAnotherButForItsOwner) {
@@ -294,18 +226,14 @@ TEST_F(Sections, DirectoryEntryBecomesAnotherButForItsOwner) {
   EXPECT_EQ(to.manager(), file.entity(1)->manager());
   EXPECT_EQ(file.entity(5)->num_references(), references + 2);
   to.remove_view();
-  EXPECT_EQ(to.view().object(), nullptr);
   EXPECT_EQ(file.entity(5)->num_references(), references + 1);
   to.set_entity_label("A LONGER LABEL");
   to.become(to);
   EXPECT_EQ(records_of(written(file), 'D').at(1).substr(40, 24), right("A LONGER", 24));
-}
-
-TEST_F(Sections, StatusValuesHaveNames) {
   using F = igsStatusFlags;
-  EXPECT_EQ(std::string(F::blank_status_name(2)) + '|' + F::subordinate_status_name(3) + '|' + F::entity_use_name(6) +
-                '|' + F::hierarchy_name(-1),
-            "Unknown|Physically and Logically Dependent|Constructional|Unknown");
+  EXPECT_EQ(std::string(F::blank_status_name(2)) + F::subordinate_status_name(3) + F::entity_use_name(6) +
+                F::hierarchy_name(-1),
+            "UnknownPhysically and Logically DependentConstructionalUnknown");
 }
 
 }  // namespace

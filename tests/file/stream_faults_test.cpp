@@ -1,6 +1,5 @@
 // Whatever the bytes are, and wherever streams and folders fail: a result or a clean failure.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -8,13 +7,9 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
-#include <sstream>
-#include <stdexcept>
-#include <string>
 
 #include "fuzz/invariants.h"
 #include "iges_builder.h"
-#include "ordinary_user.h"
 #include "sanitizers.h"
 #include "streams.h"
 
@@ -84,17 +79,6 @@ TEST_F(StreamFaults, ReadingEndsOrFailsAtEveryByte) {
   }
 }
 
-TEST_F(StreamFaults, PiecesMakeNoDifference) {
-  for (const std::size_t piece : {1U, 7U, 79U, 80U, 82U, 161U}) {
-    LimitedInput buffer(m_text, m_text.size(), false, piece);
-    std::istream in(&buffer);
-    igsFile file;
-    EXPECT_EQ(file.read(in, m_messages), 1) << piece;
-    EXPECT_EQ(written(file), m_written) << piece;
-  }
-  EXPECT_EQ(read_text(m_file, m_text.substr(0, m_text.size() - 1)), 1) << "the last record needs no line end";
-}
-
 TEST_F(StreamFaults, WritingFailsAtEveryByte) {
   for (std::size_t room = 0; room <= m_written.size(); room += room > 2000 ? 27 : 1) {  // thrice in a record
     LimitedOutput buffer(room, room % 3 == 0);
@@ -120,14 +104,6 @@ TEST_F(StreamFaults, FoldersThatTakeNoTemporaryFile) {
   }
   EXPECT_EQ(std::distance(fs::directory_iterator(m_folder), fs::directory_iterator()), 1);
   EXPECT_EQ(write_to(m_folder), 1);
-  const fs::path folder = m_folder / "folder";
-  fs::permissions(m_folder, fs::perms::owner_all | fs::perms::others_exec);  // root's temporary folders are its own
-  fs::create_directory(folder);
-  for (const bool may_write : {true, false}) {
-    fs::permissions(folder, may_write ? fs::perms::all : fs::perms(0555));
-    EXPECT_EQ(as_ordinary_user([&] { return write_to(folder); }), may_write ? 1 : 0);
-    EXPECT_TRUE(fs::is_empty(folder));
-  }
 }
 
 TEST_F(StreamFaults, DiskIsFullAtEveryRecordOfTheTemporaryFile) {
@@ -171,9 +147,10 @@ TEST(BadInput, RandomAndDamagedBytes) {
       if (kind == 2) damaged.erase(at, size);
       if (kind == 3) damaged.insert(at, damaged.substr(random() % damaged.size(), size));
     }
-    if (round % 5 == 0) damaged.resize(random() % 3000);  // and none of it is left
-    for (std::size_t i = 0; round % 5 == 0 && i < damaged.size(); ++i) {
-      damaged[i] = round % 10 == 0 ? static_cast<char>(random()) : " 0123456789.,;HSGDPT\n\r\t"[random() % 23];
+    if (round % 5 == 0) {  // and none of it is left
+      damaged.resize(random() % 3000);
+      for (char& c : damaged)
+        c = round % 10 == 0 ? static_cast<char>(random()) : " 0123456789.,;HSGDPT\n\r\t"[random() % 23];
     }
     expect_promises(damaged, round);
   }
@@ -196,14 +173,6 @@ TEST(BadInput, NumbersOfAnySizeAnywhere) {
     for (const std::size_t at : {66U, 74U}) expect_promises(families().columns('P', 4, at, left(number, 7)).text());
     expect_promises(families().columns('T', 1, 26, left(number, 7)).text());
   }
-}
-
-TEST(BadInput, EntitiesThatReferToThemselvesAndEachOther) {
-  IgesBuilder builder;
-  builder.entity(116, 0, "1.,2.,3.,3", {0, -1, -3, 1, 3, 1, "00000000", 0, -3});
-  builder.entity(116, 0, "1.,2.,3.,1", {0, -3, -1, 3, 1, 3, "00000000", 0, -1});
-  for (int i = 0; i < 2; ++i) builder.entity(102, 0, "2,5,7");
-  for (int round = 0; round < 6; ++round) expect_promises(builder.text(), round);
 }
 
 }  // namespace

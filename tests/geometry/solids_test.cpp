@@ -16,8 +16,8 @@ TEST(Solids, RecordsAreValidOnceEverythingIsGiven) {
     const std::vector<bool> valid{igsOrientedFace(line, flag).valid(), igsOrientedShell(line, flag).valid(),
                                   igsHalfEdge(line, flag).valid()};
     EXPECT_EQ(valid, std::vector<bool>(3, flag == 0 || flag == 1)) << flag;
-    EXPECT_FALSE(igsOrientedFace(none, flag).valid() || igsOrientedShell(none, flag).valid());
-    EXPECT_FALSE(igsHalfEdge(none, flag).valid());
+    EXPECT_FALSE(igsOrientedFace(none, flag).valid() || igsOrientedShell(none, flag).valid() ||
+                 igsHalfEdge(none, flag).valid());
   }
   for (int fault = 0; fault <= 5; ++fault) {  // 0 is none
     igsEdge made, copy;
@@ -33,8 +33,7 @@ TEST(Solids, RecordsAreValidOnceEverythingIsGiven) {
     made.set_edge_type(number == 1 ? -1 : number == 2 ? 2 : flag);
     made.set_edge(number == 3 ? none : line, number == 4 ? -1 : 9 * flag);
     made.set_orientation(number == 5 ? -1 : number == 6 ? 2 : flag);
-    EXPECT_EQ(made.set_num_half_edges(-1), 0);
-    EXPECT_EQ(made.set_num_half_edges(2), 1);
+    EXPECT_EQ(made.set_num_half_edges(-1) * 10 + made.set_num_half_edges(2), 1);
     EXPECT_EQ(made.set_half_edge(2, {line, 1}), 0);
     EXPECT_EQ(made.set_half_edge(0, {line, 1}) + made.set_half_edge(1, {line, number == 7 ? 2 : flag}), 2);
     copy.become(made);
@@ -66,12 +65,10 @@ TEST(Solids, FacesAreFoundByTheirOriginalPositionsInLinearTime) {
   file.clean(0);
   EXPECT_EQ(shell.number_of_faces(), thirds);
   for (const int i : {0, 1, thirds - 1}) {
-    EXPECT_EQ(shell.get_current_index(3 * i), i);
-    EXPECT_EQ(shell.get_original_index(i), 3 * i);
+    EXPECT_TRUE(shell.get_current_index(3 * i) == i && shell.get_original_index(i) == 3 * i) << i;
     EXPECT_EQ(shell.face(i).orientation(), 1);
   }
   for (const int gone : {INT_MIN, 1, 2, INT_MAX}) EXPECT_EQ(shell.get_current_index(gone), -1);
-  EXPECT_EQ(shell.num_logged_errors(), 0);
   shell.set_index(0, -1);
   EXPECT_EQ(shell.get_current_index(0), -1);
   file.check();

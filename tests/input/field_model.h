@@ -1,21 +1,25 @@
 #pragma once
 
-#include <algorithm>
 #include <bit>
 #include <climits>
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
 #include <cstdlib>
-#include <ostream>
-#include <string>
+#include <iomanip>
+#include <sstream>
 #include <utility>
-#include <vector>
 
 #include "igs/input/igsInStream.h"
-#include "input/records.h"
 
 namespace records {
+
+/// A sound record without its line end; the back-pointer stands in Parameter Data records only.
+inline std::string record(char section, int number, const std::string& data, int backpointer = 1) {
+  std::ostringstream text;
+  text << std::left << std::setw(section == 'P' ? 64 : 72) << data << std::right;
+  if (section == 'P') text << std::setw(8) << backpointer;
+  text << section << std::setw(7) << number;
+  return text.str();
+}
 
 inline constexpr unsigned code(igsIOErrorCode c) { return 1U << static_cast<unsigned>(c); }
 /// The codes that a field raises by itself.
@@ -48,11 +52,6 @@ struct FieldOutcome {
 
   bool operator==(const FieldOutcome&) const = default;
 };
-
-inline std::ostream& operator<<(std::ostream& out, const FieldOutcome& o) {
-  return out << o.number << " (" << std::bit_cast<double>(o.number) << ") \"" << o.text << "\" codes " << o.codes
-             << " at " << o.line << ":" << o.column << (o.frozen ? " frozen" : "");
-}
 
 inline std::uint64_t bits(double value) {
   return std::isnan(value) ? std::bit_cast<std::uint64_t>(std::nan("")) : std::bit_cast<std::uint64_t>(value);
@@ -92,7 +91,6 @@ class FieldModel {
     return m_outcome;
   }
 
-  const std::string& line() const { return m_record; }
   bool frozen() const { return m_frozen; }
   bool ended() const { return m_line >= m_data.size(); }
   bool reset() {
@@ -270,17 +268,12 @@ inline FieldOutcome read_by_stream(igsInStream& in, char kind, unsigned width) {
   FieldOutcome outcome;
   int number = 0;
   double real = 0;
-  if (kind == 'r') {
-    in.read_double(real);
-    outcome.number = bits(real);
-  } else if (kind == 'h') {
-    in.read_holerith(outcome.text);
-  } else if (kind == 'S') {
-    in.read_string(width, outcome.text);
-  } else {
-    kind == 'I' ? in.read_integer(width, number) : in.read_integer(number);
-    outcome.number = static_cast<std::uint64_t>(std::int64_t{number});
-  }
+  if (kind == 'r') in.read_double(real);
+  if (kind == 'h') in.read_holerith(outcome.text);
+  if (kind == 'S') in.read_string(width, outcome.text);
+  if (kind == 'I') in.read_integer(width, number);
+  if (std::string_view("rhSI").find(kind) == std::string_view::npos) in.read_integer(number);
+  outcome.number = kind == 'r' ? bits(real) : static_cast<std::uint64_t>(std::int64_t{number});
   for (const igsIOError& error : in.errors()) outcome.codes |= code(error.error_type());
   igsFileSection section = igsNoSectionId;
   int line = 0, column = 0;

@@ -8,6 +8,7 @@
 #include "errors/test_errors.h"
 #include "iges_builder.h"
 #include "igs/curves/igs110.h"
+#include "igs/curves/igsPolyline.h"
 #include "igs/errors/igsErrorLog.h"
 #include "igs/errors/igsFixer.h"
 #include "igs/file/igsFile.h"
@@ -21,6 +22,7 @@ namespace {
 using namespace igs_test;  // NOLINT(google-build-using-namespace): the test's own vocabulary
 
 TEST(Host, WorksOnAFileWhileAnotherIsCurrent) {
+  using Errors = std::vector<std::string>;
   igsFile file;
   auto* const line = new igs110;
   line->set_start_point({1, 2, 3});
@@ -28,17 +30,14 @@ TEST(Host, WorksOnAFileWhileAnotherIsCurrent) {
   igsFile other;
   auto* const node = new Node;
   node->children.emplace_back(line);
-  EXPECT_EQ(line->check(), 0);
+  EXPECT_EQ(line->check() + node->check(), 0);
   EXPECT_EQ(line->num_logged_errors(), 1);
-  EXPECT_EQ(node->check(), 0) << "through a pointer from the other file";
-  EXPECT_EQ(active_errors(file), std::vector<std::string>{"igs110CoincidentPoints 1 1e-06"});
-  EXPECT_EQ(active_errors(other), std::vector<std::string>{"NodeBadChild 1 0"});
+  EXPECT_EQ(active_errors(file), Errors{"igs110CoincidentPoints 1 1e-06"});
   file.global_section().check();
   EXPECT_GT(active_errors(file).size(), 1U);
-  EXPECT_EQ(active_errors(other).size(), 1U);
+  EXPECT_EQ(active_errors(other), Errors{"NodeBadChild 1 0"}) << "through a pointer from the other file";
   igsFixer().fix(file.error_log(), 1);
-  EXPECT_EQ(file.entity(1)->objtype().id_string(), "igsPolyline");
-  EXPECT_EQ(other.entity(1), node);
+  EXPECT_TRUE(file.entity(1)->isa(igsPolyline::type()) && other.entity(1) == node);
   EXPECT_EQ(&igsObjectSystem::file(), &other);
 }
 
@@ -59,47 +58,42 @@ TEST(Host, GivesErrorsTheirKeyAndSinkAndTakesThatAway) {
   const auto* const node = new Node;
   RecordingSink sink, own, later;
   auto *const before = new NodeFaulty, *const tagged = new NodeFaulty, *const apart = new NodeFaulty;
+  auto* const structure = new igsFileNoPDData(77);
   node->tag_error(before);
-  EXPECT_EQ(before->message_stream(), nullptr);
   file.set_message_stream(&sink);
   node->tag_error(tagged);
-  auto* const structure = new igsFileNoPDData(77);
   node->tag_error(structure);
-  EXPECT_TRUE(tagged->message_stream() == &sink && structure->message_stream() == &sink);
-  EXPECT_EQ(structure->key() * 10 + tagged->key(), 773);
   node->tag_error(static_cast<igsObjectError*>(nullptr));
   node->tag_error(static_cast<igsStructureError*>(nullptr));
+  EXPECT_TRUE(tagged->message_stream() == &sink && structure->message_stream() == &sink);
+  EXPECT_EQ(structure->key() * 10 + tagged->key(), 773);
   EXPECT_EQ(node->num_logged_errors(), 2);
   apart->set_message_stream(&own);
-  file.set_message_stream(nullptr);
-  EXPECT_EQ(tagged->message_stream(), nullptr);
-  EXPECT_EQ(apart->message_stream(), &own);
-  file.set_message_stream(&later);
-  EXPECT_EQ(tagged->message_stream(), &later);
+  for (RecordingSink* const now : {static_cast<RecordingSink*>(nullptr), &later}) {
+    file.set_message_stream(now);
+    EXPECT_TRUE(tagged->message_stream() == now && apart->message_stream() == &own);
+    EXPECT_EQ(before->message_stream(), nullptr);
+  }
 }
 
 // In a log's three lists: not asked for yet, active, fixed.
 TEST(Host, DestroysErrorsItself) {
   igsFile file;
-  igsIndexedSectionLog& log = file.error_log().object_log();
-  auto* const kept = new ObjectFault(0);
+  const igsIndexedSectionLog& log = file.error_log().object_log();
+  auto fixed = std::make_unique<ObjectFault>(2);
   {
     const ObjectFault received(1);
     EXPECT_EQ(log.num_errors(), 2);
   }
-  auto fixed = std::make_unique<ObjectFault>(2);
   {
     ObjectFault active(3);
     active.set_key(7);
     EXPECT_EQ(log.num_errors(7), 1);
-    log.mark_as_fixed(fixed.get());
+    file.error_log().mark_as_fixed(fixed.get());
     fixed.reset();
   }
-  EXPECT_EQ(log.num_errors(7), 0);
-  EXPECT_EQ(log.num_errors(), 1);
+  EXPECT_EQ(log.num_errors(7) + log.num_errors(), 0);
   EXPECT_TRUE(log.fixed_errors().empty());
-  log.clear(kept->key());
-  EXPECT_EQ(log.num_errors(), 0);
 }
 
 // Destroyed after whatever the library makes when it is first used.
@@ -115,34 +109,28 @@ TEST(HostDeathTest, OwnsAFileToTheEndOfTheProcess) {
 }
 
 /// A class as a host writes it, without the library's templates.
-class HostCurve : public igsCurve {
+class HostCurve : public Node {
  public:
   static const kluTypeInfo id;
   const kluTypeInfo& objtype() const override { return id; }
   bool isa(const kluTypeInfo& t) const override { return t == id; }
   bool typeof(const kluTypeInfo& t) const override { return id.childof(t); }
-  igsObject* make_one() override { return new HostCurve; }
-  int read_pd_data(igsInStream& /*in*/) override { return 1; }
-  void write_pd_data(igsOutStream& /*out*/) override {}
-  void print_pd_data(utOstream& /*os*/) const override {}
-  void check_pd() const override {}
   using igsObject::read;
   using igsObject::write;
 };
-const kluTypeInfo* const parents_of_host_curve[] = {&igsCurve::id, &Node::id, nullptr};
+const kluTypeInfo* const parents_of_host_curve[] = {&Node::id, &igsCurve::id, nullptr};
 const kluTypeInfo HostCurve::id(utString("HostCurve"), parents_of_host_curve);
 
 TEST(Host, HasClassesOfItsOwn) {
   igsFile file;
   const igsObject& curve = *new HostCurve;
-  EXPECT_EQ(curve.objtype().id_string(), "HostCurve");
   for (const kluTypeInfo* ancestor : {&HostCurve::id, &igsCurve::id, &igsObject::id, &Node::id}) {
     EXPECT_TRUE(curve.typeof(*ancestor)) << ancestor->name();
     EXPECT_EQ(curve.isa(*ancestor), ancestor == &HostCurve::id);
   }
-  EXPECT_FALSE(curve.typeof(igs110::type()));
-  EXPECT_FALSE(igsCurve::id.childof(HostCurve::id));
-  EXPECT_FALSE(kluTypeInfo(utString("root")).childof(igsObject::id));
+  EXPECT_FALSE(curve.typeof(igs110::type()) || igsCurve::id.childof(HostCurve::id));
+  static const kluTypeInfo root(utString("root"));  // records keep their names for ever
+  EXPECT_FALSE(root.childof(igsObject::id));
 }
 
 class HostFixer : public igsFixer {
@@ -161,12 +149,12 @@ TEST(Host, AsksWhichRepairsWait) {
   EXPECT_EQ(fixer.node(1), nullptr);
   fixer.build_dependencies(file.error_log());
   fixer.schedule_dependencies();
-  for (const auto& [de, expected] : {std::pair(1, "0 2 1"), {3, "1 1 2"}, {5, "1 0 3"}}) {
+  std::ostringstream text;
+  for (const int de : {1, 3, 5}) {
     const igsFixNode& node = *fixer.node(de);
-    std::ostringstream text;
-    text << node.is_used() << ' ' << node.num_children() << ' ' << node.distance();
-    EXPECT_EQ(text.str(), expected) << de;
+    text << node.is_used() << ' ' << node.num_children() << ' ' << node.distance() << ';';
   }
+  EXPECT_EQ(text.str(), "0 2 1;1 1 2;1 0 3;");
   EXPECT_EQ(fixer.node(7), nullptr);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <utility>
 #include <vector>
 
 #include "igs/errors/igsErrorClass.h"
@@ -16,8 +17,7 @@ inline constexpr int chain_length = is_sanitized ? 200'000 : 1'000'000;
 
 /// Found by a Node's check when it is faulty, and when one of its children is.
 class NodeFaulty : public igsErrorClass<NodeFaulty, "NodeFaulty", igsObjectError> {};
-class NodeBadChild : public igsErrorClass<NodeBadChild, "NodeBadChild", igsObjectError, int> {
- public:
+struct NodeBadChild : public igsErrorClass<NodeBadChild, "NodeBadChild", igsObjectError, int> {
   using igsErrorClass::igsErrorClass;
 };
 
@@ -35,7 +35,7 @@ class Node : public igsTyped<Node, "Node", igsObject> {
   void write_pd_data(igsOutStream& /*out*/) override {}
   void print_pd_data(utOstream& os) const override {
     for (const igsObjectPtr& child : children) {
-      if (child) child->print(os);
+      if (child) child->print(os << "Child" << utEndl);
     }
   }
   void check_pd() const override {
@@ -60,12 +60,10 @@ class Node : public igsTyped<Node, "Node", igsObject> {
 
 /// A chain of nodes in the current file, each holding the only pointer to the next. Returns the first.
 inline Node* make_chain(int length) {
-  Node* const first = new Node;
-  Node* last = first;
-  for (int i = 1; i < length; ++i) {
-    Node* const next = new Node;
-    last->children.emplace_back(next);
-    last = next;
+  Node *const first = new Node, *last = first;
+  for (; length > 1; --length) {
+    auto* const next = new Node;
+    std::exchange(last, next)->children.emplace_back(next);
   }
   return first;
 }

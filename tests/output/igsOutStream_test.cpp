@@ -2,17 +2,20 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <ios>
-#include <locale>
-#include <ostream>
+#include <bit>
+#include <cfloat>
+#include <climits>
+#include <cmath>
+#include <cstdio>
 #include <random>
 #include <sstream>
-#include <string>
 #include <vector>
 
+#include "igs/output/igsDoubleEncoder.h"
 #include "igs/output/igsEncoder.h"
 #include "igs/output/igsOutEngine.h"
+#include "igs/output/private/fixedColumns.h"
+#include "igs/support/coResourceTable.h"
 #include "streams.h"
 
 namespace {
@@ -24,51 +27,6 @@ std::string record(const std::string& data, const std::string& stamp) {
 
 using Ints = std::vector<int>;
 
-TEST(OutStream, EverySectionToTheByte) {
-  struct Grouping : std::numpunct<char> {
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\1"; }
-  };
-  std::ostringstream target;
-  target.imbue(std::locale(std::locale::classic(), new Grouping));
-  igsOutStream out(&target);
-  out.set_section(igsStartSectionId);
-  out.write_string(72, "A small file" + std::string(60, ' '));
-  out.set_section(igsGlobalSectionId);
-  for (const char* text : {",", ";", "product", "file.igs", "a system with a rather long name", "version 1"})
-    out.write_holerith(text);
-  out.write_integer(32);
-  out.write_double(1e-6);
-  out.set_section(igsParameterSectionId);
-  for (int de = 1; de <= 3; de += 2) {
-    out.write_integer(110);
-    for (double x : {0.0, 1.5, -1e20, 1.0 / 3, 2.0 / 3, 100.0}) out.write_double(x);
-    out.set_backpointer(de + 2);
-  }
-  out.set_section(igsDirectorySectionId);
-  for (int field : {110, 1, 0, 7, 0, 0, 0, 0, -12345678}) out.write_integer(8, field);
-  out.write_string(24, "LABEL");
-  for (int field : {123456789, 99999999, 99999999, 99999999, 99999999, 99999999}) out.write_integer(8, field);
-  out.set_section(igsTerminateSectionId);
-  for (int section = igsStartSectionId; section < igsTerminateSectionId; ++section) {
-    out.write_string(1, std::string(1, "SGDPT?"[section]));
-    out.write_integer(7, out.num_lines(static_cast<igsFileSection>(section)));
-  }
-  EXPECT_EQ(out.reset(), 1);
-  EXPECT_EQ(target.str(),
-            record("A small file", "S      1") +
-                record("1H,,1H;,7Hproduct,8Hfile.igs,32Ha system with a rather long name,9Hversi", "G      1") +
-                record("on 1,32,1.D-06;", "G      2") +
-                record("110,0.,1.5,-1.D+20,0.333333333333333,0.666666666666667,100.;", "       1P      1") +
-                record("110,0.,1.5,-1.D+20,0.333333333333333,0.666666666666667,100.;", "       3P      2") +
-                // The ninth field of the first record and the one after the label have nine characters and stay blank.
-                record("     110       1       0       7       0       0       0       0", "D      1") +
-                record("                   LABEL        " + std::string(40, '9'), "D      2") +
-                record("S      1G      2D      2P      2", "T      1"));
-  EXPECT_EQ((Ints{out.num_lines(igsTerminateSectionId), out.num_lines(igsNoSectionId), out.error()}), (Ints{1, 0, 0}));
-}
-
 TEST(OutStream, FixedFieldsNeverReachIntoTheirNeighboursButRunOverTheLine) {
   std::ostringstream target;
   {
@@ -76,12 +34,33 @@ TEST(OutStream, FixedFieldsNeverReachIntoTheirNeighboursButRunOverTheLine) {
     out.set_section(igsStartSectionId);
     for (const char* text : {"ab", "abcd", "abcdef", ""}) out.write_string(4, text);
     for (int width : {0, -5}) out.write_string(width, "ab");
-    out.write_string(54, std::string(54, 'a'));
-    out.write_integer(8, 7);  // two blanks fill the line
+    out.write_string(46, std::string(46, 'a'));
+    out.write_integer(8, -12345678);  // stays blank
+    out.write_integer(8, 7);          // two blanks fill the line
     out.write_string(100, std::string(100, 'b'));
   }
-  EXPECT_EQ(target.str(), record("  ababcdabcd    " + std::string(54, 'a'), "S      1") + record("7", "S      2") +
+  EXPECT_EQ(target.str(), record("  ababcdabcd    " + std::string(46, 'a'), "S      1") + record("7", "S      2") +
                               record(std::string(72, 'b'), "S      3") + record(std::string(28, 'b'), "S      4"));
+}
+
+// A record of fields that differ in width, so that each stands next to the others.
+TEST(FixedColumns, FieldsAreThoseOfTheStream) {
+  std::vector<int> numbers = {0, INT_MAX, INT_MIN};
+  for (int power = 1; power <= 100'000'000; power *= 10)
+    for (const int number : {power - 1, power, 7 * power + 3, INT_MAX - power})
+      numbers.insert(numbers.end(), {number, -number});
+  for (const int number : numbers) {
+    FixedColumns<72> columns;
+    std::ostringstream target;
+    igsOutStream out(&target);
+    columns.add_character('<');
+    out.write_string(1, "<");
+    for (int width = 1; width <= 8; ++width) columns.add_integer(width, number), out.write_integer(width, number);
+    for (const std::string text : {"", "LABEL", "1234567", "12345678", "a\nb\r\t"})
+      columns.add_text(7, text), out.write_string(7, text);
+    out.reset();
+    ASSERT_EQ(columns.text(), target.str().substr(0, 72)) << number;
+  }
 }
 
 /// Gives one piece of a chosen length after the other.
@@ -93,10 +72,20 @@ struct TextEncoder : igsEncoder {
   std::string m_text;
 };
 
+/// Writes what its encoder gives.
 struct Engine : igsOutEngine {
   using igsOutBuffer::formatter;
-  using igsOutEngine::igsOutEngine;
-
+  Engine(std::ostream& target, igsFileSection section) : igsOutEngine(&target) {
+    set_encoder(&encoder);
+    set_section(section);
+  }
+  /// As encode() does it, or as encode_printed() where it can be done so.
+  void write(const std::string& text, bool may_split = false, bool printed = false) {
+    if (printed && !may_split && text.size() < scratch_length)
+      return encode_printed([&text](char* place) { return std::copy(text.begin(), text.end(), place); });
+    encoder.encode(text, may_split);
+    encode();
+  }
   /// The number of errors and what the first one says.
   Ints faults() {
     igsIOErrorcoDynArr errors;
@@ -104,6 +93,7 @@ struct Engine : igsOutEngine {
     const igsIOError& first = errors.at(0);
     return {static_cast<int>(errors.size()), first.error_type(), first.section(), first.line(), first.column()};
   }
+  TextEncoder encoder;
 };
 
 TEST(OutEngine, FieldsAndDelimitersAtTheEndOfTheLine) {
@@ -125,88 +115,47 @@ TEST(OutEngine, FieldsAndDelimitersAtTheEndOfTheLine) {
                {"split field ends with the line", P, {run(64), "y"}, true, {run(64), ",y;"}},
                {"over three lines", P, {"a", run(140), "b"}, true, {"a," + run(62), run(64), run(14) + ",b;"}},
                {"empty fields", P, {"", "", ""}, false, {",,;"}},
-               {"global, last column", G, {run(71), "y"}, false, {run(71) + ",", "y;"}},
-               {"global, no room", G, {run(70), "y"}, false, {run(70) + ",", "y;"}},
-               {"global, room", G, {run(69), "y"}, false, {run(69) + ",y;"}}};
+               {"global, last column", G, {run(40), run(30), "y"}, false, {run(40) + "," + run(30) + ",", "y;"}},
+               {"global, no room", G, {run(40), run(29), "y"}, false, {run(40) + "," + run(29) + ",", "y;"}},
+               {"global, room", G, {run(40), run(28), "y"}, false, {run(40) + "," + run(28) + ",y;"}}};
   for (const auto& c : cases) {
-    std::ostringstream target;
-    TextEncoder encoder;
-    Engine engine(&target);
-    engine.set_encoder(&encoder);
-    engine.set_section(c.section);
-    for (const std::string& field : c.fields) {
-      encoder.encode(field, c.may_split);
-      engine.encode();
-      EXPECT_EQ(engine.reset(), 1);  // leaves an open record alone
-    }
-    if (c.section == P) engine.set_backpointer(3);
-    engine.set_section(igsDirectorySectionId);
-
-    std::string expected;
-    for (std::size_t i = 0; i < c.data.size(); ++i)
-      expected += record(c.data[i], (c.section == P ? "       1P      " : "G      ") + std::to_string(i + 1));
-    EXPECT_EQ(target.str(), expected) << c.name;
-  }
-}
-
-// Numbers are printed into the record before it is known whether they fit: that must not be seen in any place.
-TEST(OutEngine, PrintedFieldsStandAsEncodedOnes) {
-  std::mt19937 random(20261121);
-  for (const char* delimiter : {",", "", "::"}) {
-    for (const igsFileSection section : {igsGlobalSectionId, igsDirectorySectionId, igsParameterSectionId}) {
-      std::ostringstream encoded_target, printed_target;
-      TextEncoder encoder;
-      Engine encoded(&encoded_target), printed(&printed_target);
-      encoded.set_encoder(&encoder);
-      for (Engine* engine : {&encoded, &printed}) {
-        engine->set_delimiters(delimiter, ";");
-        engine->set_section(section);
+    for (const bool printed : {false, true}) {
+      std::ostringstream target;
+      Engine engine(target, c.section);
+      for (const std::string& field : c.fields) {
+        engine.write(field, c.may_split, printed);
+        EXPECT_EQ(engine.reset(), 1);  // leaves an open record alone
       }
-      for (int i = 0; i < 2000; ++i) {
-        const std::string text(1 + random() % (i % 9 == 0 ? 63 : 20), static_cast<char>('a' + i % 26));
-        encoder.encode(text, false);
-        encoded.encode();
-        printed.encode_printed([&text](char* place) { return std::copy(text.begin(), text.end(), place); });
-        if (i % 10 != 0 || section != igsParameterSectionId) continue;
-        for (Engine* engine : {&encoded, &printed}) engine->set_backpointer(i + 1);
-      }
-      for (Engine* engine : {&encoded, &printed}) engine->set_section(igsTerminateSectionId);
-      EXPECT_EQ(printed_target.str(), encoded_target.str()) << delimiter << " in section " << section;
+      if (c.section == P) engine.set_backpointer(3);
+      engine.set_section(igsDirectorySectionId);
+
+      std::string expected;
+      for (std::size_t i = 0; i < c.data.size(); ++i)
+        expected += record(c.data[i], (c.section == P ? "       1P      " : "G      ") + std::to_string(i + 1));
+      EXPECT_EQ(target.str(), expected) << c.name;
     }
   }
 }
 
-TEST(OutStream, NumbersBeyondSevenColumnsEndTheOutput) {
+TEST(OutEngine, NumbersBeyondSevenColumnsEndTheOutput) {
   for (int backpointer : {10000000, -1000000}) {
     std::ostringstream target;
-    igsOutStream out(&target);
-    out.set_section(igsParameterSectionId);
-    out.set_backpointer(9999999);
-    out.write_integer(1);
-    out.set_backpointer(backpointer);
-    EXPECT_EQ(out.reset(), 1);
-    out.write_integer(2);
-    out.set_backpointer(3);
+    Engine engine(target, igsParameterSectionId);
+    engine.set_backpointer(9999999);
+    engine.write("1");
+    engine.set_backpointer(backpointer);
+    engine.write("2");
+    engine.set_backpointer(3);
     EXPECT_EQ(target.str(), record(";", "       1P      1") + record("1;", " 9999999P      2"));
-    EXPECT_EQ((Ints{out.reset(), out.error_type(igsIOSequenceTooLarge), out.error_type(igsIOBackPointerTooLarge)}),
-              (Ints{0, 0, 1}));
-    EXPECT_EQ(out.reset(), 0) << "the overflow stays, however often it is asked for";
-    out.clear_errors();
-    EXPECT_EQ((Ints{out.error(), out.reset()}), (Ints{0, 0}));
+    EXPECT_EQ(engine.faults(), (Ints{1, igsIOBackPointerTooLarge, igsParameterSectionId, 3, 0}));
+    EXPECT_EQ(engine.reset() + engine.reset(), 0) << "the overflow stays, however often it is asked for";
   }
-}
-
-TEST(OutEngine, SequenceNumbersEndAtTheirSevenColumns) {
   std::ostringstream target;
-  TextEncoder encoder;
-  encoder.encode(std::string(72, 'x'), false);
-  Engine engine(&target);
-  engine.set_encoder(&encoder);
-  engine.set_section(igsDirectorySectionId);
+  Engine engine(target, igsDirectorySectionId);
+  engine.encoder.encode(std::string(72, 'x'), false);
   engine.formatter().set_num_lines(igsDirectorySectionId, 9999998);
   for (int i = 0; i < 3; ++i) engine.fixed_encode(72);
   EXPECT_EQ(target.str(), record(std::string(72, 'x'), "D9999999"));
-  EXPECT_TRUE(engine.frozen());
   EXPECT_EQ(engine.faults(), (Ints{1, igsIOSequenceTooLarge, igsDirectorySectionId, 10000000, 0}));
   EXPECT_EQ(engine.reset(), 0);
 }
@@ -216,33 +165,23 @@ TEST(OutEngine, FaultWithinABlock) {
   for (const std::size_t sound : {0U, 1U, 799U, 800U, 801U, 2999U}) {
     igs_test::LimitedOutput buffer(81 * sound + 80);
     std::ostream target(&buffer);
-    TextEncoder encoder;
-    encoder.encode(std::string(72, 'x'), false);
-    Engine engine(&target);
-    engine.set_encoder(&encoder);
-    engine.set_section(igsDirectorySectionId);
-    std::string expected;
-    for (std::size_t i = 1; i <= 3000; ++i) {
-      engine.fixed_encode(72);
-      const std::string number = std::to_string(i);
-      if (i <= sound + 1) expected += record(encoder.m_text, "D" + std::string(7 - number.size(), ' ') + number);
-    }
+    Engine engine(target, igsDirectorySectionId);
+    engine.encoder.encode(std::string(72, 'x'), false);
+    for (std::size_t i = 1; i <= 3000; ++i) engine.fixed_encode(72);
     engine.fixed_encode(8);
     EXPECT_EQ(engine.num_lines(igsDirectorySectionId), static_cast<int>(sound + 1));
-    EXPECT_TRUE(engine.frozen());
-    EXPECT_EQ(buffer.text, expected.substr(0, 81 * sound + 80)) << sound;
     EXPECT_EQ(engine.faults(), (Ints{2, igsIOStreamBad, igsDirectorySectionId, static_cast<int>(sound + 1), 0}));
+    ASSERT_EQ(buffer.text.size(), 81 * sound + 80);
+    EXPECT_EQ(std::stoul(buffer.text.substr(81 * sound + 73)), sound + 1);
   }
 }
 
 TEST(OutStream, UnusableDestinations) {
   igs_test::LimitedOutput buffer(100);
-  std::ostream full(&buffer);
-  std::ostringstream at_end, failed;
+  std::ostream full(&buffer), at_end(&buffer), failed(&buffer);
   at_end.setstate(std::ios_base::eofbit);
   failed.setstate(std::ios_base::failbit);
-  std::ostream* const targets[] = {nullptr, &full, &at_end, &failed};
-  for (std::ostream* target : targets) {
+  for (std::ostream* target : std::initializer_list<std::ostream*>{nullptr, &full, &at_end, &failed}) {
     igsOutStream out(target);
     out.set_section(igsTerminateSectionId);
     for (int i = 0; i < 20; ++i) out.write_integer(8, i);
@@ -254,25 +193,86 @@ TEST(OutStream, UnusableDestinations) {
   EXPECT_EQ(buffer.text.size(), 100U);
 }
 
-TEST(OutStream, ChangeOfDestinationCompletesTheFirst) {
-  for (const bool flush_fails : {false, true}) {
-    igs_test::LimitedOutput first_buffer(1000, false, flush_fails);
-    std::ostream first(&first_buffer);
-    first.exceptions(std::ios_base::badbit);
-    std::ostringstream second;
-    {
-      igsOutStream out(&first);
-      out.set_section(igsTerminateSectionId);
-      out.write_integer(8, 1);
-      out.set_destination(&second);
-      EXPECT_EQ(first_buffer.text, record("       1", "T      1"));
-      EXPECT_EQ(first_buffer.flushes, 1);
-      EXPECT_EQ((Ints{out.reset(), out.error_type(igsIOStreamBad), out.reset()}),
-                (flush_fails ? Ints{0, 1, 1} : Ints{1, 0, 1}));
-      out.write_integer(8, 2);
-      EXPECT_EQ(second.str(), "");
+/// The only piece of a field that must not be split.
+template <class Encoder, class Value>
+utString only_piece(Encoder& encoder, const Value& value) {
+  encoder.reset();
+  encoder.encode(value);
+  EXPECT_EQ(encoder.num_pieces(), 1);
+  EXPECT_FALSE(encoder.get_split_flag(0));
+  return utString(encoder.piece(0));
+}
+
+/// The real form built on the C library's conversion; the tests run in the C locale.
+utString converted_by_c_library(double value, int precision) {
+  char buffer[64];
+  std::snprintf(buffer, sizeof buffer, "%-20.*G", precision, value);
+  utString text(buffer);
+  text.resize(text.find_last_not_of(' ') + 1);
+  if (std::isfinite(value) && std::isinf(std::strtod(text.c_str(), nullptr))) return converted_by_c_library(value, 17);
+  const std::size_t exponent = text.find('E');
+  if (exponent != utString::npos) text[exponent] = 'D';
+  if (text.find('.') == utString::npos) text.insert(exponent != utString::npos ? exponent : text.size(), ".");
+  return text == "-0." ? "0." : text;
+}
+
+// Most values take a quicker way than the C library: it has to give the same digits everywhere.
+TEST(DoubleEncoder, DigitsAreThoseOfTheCLibrary) {
+  std::vector<double> values = {DBL_MIN, DBL_TRUE_MIN, DBL_MAX, -DBL_MAX, 1.6e308, 1.0 / 3,  2.0 / 3,   5e-5, 0.5,
+                                1.5,     2.5,          1e15,    1e16,     1e17,    INFINITY, -INFINITY, NAN,  -0.0};
+  for (int exponent = -320; exponent <= 308; ++exponent) {
+    const double power = std::pow(10.0, exponent);
+    for (double value : {power, std::nextafter(power, 0.0), std::nextafter(power, DBL_MAX), 9.5 * power}) {
+      if (std::isfinite(value)) values.push_back(value);
     }
-    EXPECT_EQ(second.str(), record("       2", "T      2")) << "the destructor writes the line begun";
+  }
+  std::mt19937_64 random(20261121);
+  for (int i = 0; i < 1500; ++i) {
+    const double any = std::bit_cast<double>(static_cast<std::uint64_t>(random()));
+    if (std::isfinite(any)) values.push_back(any);
+    const auto integer = static_cast<std::int64_t>(random());
+    values.push_back(std::ldexp(static_cast<double>(integer % 100000), -(i % 20)));        // ties
+    values.push_back(static_cast<double>(integer % 1000000000) / std::pow(10.0, i % 12));  // short decimals
+    values.push_back(static_cast<double>(integer) / 1e14);
+    values.push_back(std::bit_cast<double>(static_cast<std::uint64_t>(random()) >> (12 + i % 50)));  // subnormals
+    // Next to the tie between two numbers of i % 17 digits, and on it where it is a double.
+    const std::string tie = std::to_string(std::abs(integer)).substr(0, static_cast<std::size_t>(1 + i % 17)) + "5e";
+    values.push_back(std::strtod((tie + std::to_string(i % 60 - 30)).c_str(), nullptr));
+    values.push_back(static_cast<double>(integer >> (i % 63)));
+  }
+  igsDoubleEncoder encoder;
+  encoder.pop_format();  // the first format stays
+  const int usual = kel_resource_table_inquire().value(kelOptDoubleGeometricPrecision);
+  EXPECT_EQ(only_piece(encoder, 1.0 / 3), converted_by_c_library(1.0 / 3, usual));
+  for (int precision = -2; precision <= 19; ++precision) {
+    encoder.push_format(20, precision);
+    for (double value : values) {
+      ASSERT_EQ(only_piece(encoder, value), converted_by_c_library(value, std::max(precision, 1))) << precision;
+    }
+  }
+}
+
+TEST(IntAndStrEncoder, Extremes) {
+  igsIntEncoder integer;
+  EXPECT_EQ(only_piece(integer, INT_MIN), "-2147483648");
+  igsStrEncoder text;
+  EXPECT_EQ(only_piece(text, utString(" a\n ")), " a  ") << "blanks and the record stay whole";
+  EXPECT_EQ(only_piece(text, utString()), "");
+}
+
+TEST(HolerithEncoder, CountsAndSplits) {
+  igsHolerithEncoder encoder;
+  for (const auto& [value, pieces] : {std::pair(utString("  a world  \n"), utString("9H|  a world")),
+                                      {" \f\n\r\t\v", "0H|"},
+                                      {"", "0H|"},
+                                      {{"a\nb\rc\0d\te\0", 10}, "9H|a b c d\te"},
+                                      {utString(1000, 'x') + "\v", "1000H|" + utString(1000, 'x')},
+                                      {"\xC3\xA9 ", "2H|\xC3\xA9"}}) {
+    encoder.reset();
+    encoder.encode(value);
+    ASSERT_EQ(encoder.num_pieces(), 2);
+    EXPECT_EQ(utString(encoder.piece(0)) + "|" + utString(encoder.piece(1)), pieces);
+    EXPECT_TRUE(!encoder.get_split_flag(0) && encoder.get_split_flag(1));
   }
 }
 

@@ -1,60 +1,19 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cfloat>
-#include <cmath>
-#include <limits>
+#include <cstdio>
 #include <locale>
 #include <sstream>
 #include <string>
-#include <utility>
 
 #include "igs/errors/igsError.h"
-#include "igs/support/coResourceTable.h"
 #include "igs/support/giPoint.h"
-#include "igs/support/giVector.h"
-#include "igs/support/giXform3.h"
 #include "igs/support/igsTyped.h"
 #include "igs/support/kelabsOutput.h"
 #include "igs/support/ubFStream.h"
 #include "igs/support/utOstream.h"
 
 namespace {
-
-TEST(Undefined, PointTestIsAsymmetric) {
-  constexpr double max = DBL_MAX, nan = std::numeric_limits<double>::quiet_NaN();
-  for (const giPoint3& point : {giPoint3(), {-max, 0, 0}, {max, 0, 0}, {0, max, 0}, {0, 0, max}}) {
-    EXPECT_TRUE(point.is_undefined()) << point.x() << ' ' << point.y() << ' ' << point.z();
-  }
-  for (const giPoint3& point : {giPoint3(0, -max, 0), {0, 0, -max}, {nan, nan, nan}, {0, 0, 0}}) {
-    EXPECT_FALSE(point.is_undefined()) << point.x() << ' ' << point.y() << ' ' << point.z();
-  }
-  EXPECT_TRUE(giPoint2(0, max).is_undefined());
-  EXPECT_FALSE(giPoint2(0, -max).is_undefined());
-}
-
-TEST(Point, CoincidentIncludesTheTolerance) {
-  EXPECT_TRUE(giPoint3::coincident({0, 0, 0}, {0, 3, 4}, 5));
-  EXPECT_FALSE(giPoint3::coincident({0, 0, 0}, {0, 3, 4}, 4.999));
-}
-
-TEST(Vector, UnitizeRefusesWhatHasNoDirection) {
-  giVector3 v(0, 3, 4), zero(0, 0, 0);
-  EXPECT_EQ(std::pair(v.unitize(), zero.unitize()), std::pair(1, 0));
-  EXPECT_EQ(v, giVector3(0, 0.6, 0.8));
-  EXPECT_EQ(zero, giVector3(0, 0, 0));
-  EXPECT_TRUE(giUnitVec3(0, 0, 0).is_undefined());
-}
-
-TEST(Xform, DeterminantAndValidity) {
-  giXform3 identity;
-  EXPECT_FALSE(identity.invalid());
-  EXPECT_EQ(identity.rotation_determinant(), 1);
-  const double mirror[4][4] = {{-1, 0, 0, 5}, {0, 1, 0, 6}, {0, 0, 1, 7}, {0, 0, 0, 1}};
-  EXPECT_EQ(giXform3(mirror).rotation_determinant(), -1);
-  const double broken[4][4] = {{1, 0, 0, 0}, {0, -DBL_MAX, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
-  EXPECT_TRUE(giXform3(broken).invalid());
-}
 
 struct CommaDecimals : std::numpunct<char> {
   char do_decimal_point() const override { return ','; }
@@ -83,27 +42,9 @@ TEST(Typed, ExactClassAndDescent) {
   const Leaf leaf;
   const igsError& object = leaf;
   EXPECT_EQ(object.objtype().id_string(), "Leaf");
-  EXPECT_TRUE(object.isa(Leaf::type()));
-  EXPECT_FALSE(object.isa(Middle::type()));
-  EXPECT_TRUE(object.typeof(Middle::type()));
-  EXPECT_TRUE(object.typeof(igsError::type()));
-  EXPECT_FALSE(Middle::type().childof(Leaf::type()));
+  EXPECT_TRUE(object.isa(Leaf::type()) && object.typeof(Middle::type())&& object.typeof(igsError::type()));
+  EXPECT_FALSE(object.isa(Middle::type()) || Middle::type().childof(Leaf::type()));
   EXPECT_TRUE(kluTypeInfo("Leaf") == Leaf::type()) << "a second record of the same class is the same class";
-}
-
-TEST(ResourceTable, RefusesWhatIsNoValueOfTheKey) {
-  coResourceTable table;
-  const int refused[] = {table.set_value(kelTolZeroLength, std::nan("")),
-                         table.set_value(kelTolZeroLength, -1e-9),
-                         table.set_value("kelOptDoubleGeometricPrecision", 12.5),
-                         table.set_value(kelOptDoubleGeometricPrecision, 18),
-                         table.set_value("kelOptRigidTransforms", 2),
-                         table.set_value("kelTolNothing", 1)};
-  EXPECT_EQ(std::count(std::begin(refused), std::end(refused), 0), 6);
-  for (std::size_t i = 0; i < table.keys().size(); ++i) EXPECT_EQ(table.value_at(i), table.keys()[i].default_value);
-  EXPECT_EQ(table.set_value("kelTolZeroLength", 0) + table.set_value(kelOptRigidTransforms, true), 2);
-  EXPECT_EQ(table.value(kelTolZeroLength), 0);
-  EXPECT_TRUE(table.value(kelOptRigidTransforms));
 }
 
 TEST(Output, FormatsLongTextsWhole) {
@@ -115,13 +56,10 @@ TEST(Output, FormatsLongTextsWhole) {
 }
 
 TEST(TempFile, IsCreatedOnceAndNeverInABadDirectory) {
-  const utString first = klu_make_temp_file_name("");
-  const utString second = klu_make_temp_file_name("");
-  ASSERT_FALSE(first.empty());
+  const utString first = klu_make_temp_file_name(""), second = klu_make_temp_file_name("");
   EXPECT_NE(first, second);
   EXPECT_TRUE(ubIFStream(first).is_open());
-  EXPECT_EQ(std::remove(first.c_str()), 0);
-  EXPECT_EQ(std::remove(second.c_str()), 0);
+  EXPECT_EQ(std::remove(first.c_str()) + std::remove(second.c_str()), 0);
   EXPECT_EQ(klu_make_temp_file_name("/nonexistent/directory"), "");
 }
 
