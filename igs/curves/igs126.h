@@ -83,7 +83,7 @@ class IGS_API igs126 : public igsWrittenEntity<igs126, "igs126", igsCurve> {
       visit("StartParameter", curve.m_direction.start());
       visit("EndParameter", curve.m_direction.end());
     });
-    visit("UnitNormal", curve.m_unit_normal);
+    visit.optional("UnitNormal", curve.m_unit_normal);  // of planar curves
   }
 
  protected:

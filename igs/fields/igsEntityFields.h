@@ -234,6 +234,10 @@ class igsFieldWriter {
     }
   }
 
+  template <class Value>
+  void optional(const char* label, const Value& value) {
+    (*this)(label, value);
+  }
   /// Whether fields are written as they were read (igsOutStream::set_exact).
   bool exact() const { return m_out.exact(); }
 
@@ -357,7 +361,7 @@ class igsFieldShower : public igsExactReals {
   void operator()(const char* label, const igsObjectPtr& value) { m_visitor.reference(label, value.object()); }
   template <class Number>
   void operator()(const char* label, const Number& value, const Number&) {
-    (*this)(label, value);
+    optional(label, value);
   }
   template <class Value>
   void operator()(const char* label, const Value& value) {
@@ -371,6 +375,11 @@ class igsFieldShower : public igsExactReals {
     }
   }
 
+  template <class Value>
+  void optional(const char* label, const Value& value) {
+    m_visitor.optional();
+    (*this)(label, value);
+  }
   void index(const char* label, int value) { (*this)(label, value < INT_MAX ? value + 1 : value); }
   template <class... Limits>
   int count(const char* label, std::size_t size, Limits...) {

@@ -177,8 +177,9 @@ class IGS_API igsFile {
   void note_read_fault(igsInStream& in);
   void drop_entity(igsObject* object);
   int read_entity(igsInStream& in, igsObject& object);
-  void keep_unknown(igsInStream& in, igsUnknown& unknown);
-  void keep_rest(const igsInStream& in, const igsObject& object, std::size_t begin);
+  void judge_or_keep(const igsInStream& in, igsObject& object, std::size_t begin);
+  void keep_rest(const igsObject& object, igsFieldTexts rest, igsKeptParts* groups);
+  static void keep_unknown(igsUnknown& unknown, const igsFieldTexts& all);
   void keep_comment(const igsObject& object, std::size_t begin);
   bool take_groups(const igsFieldTexts& fields, igsKeptParts& parts) const;
   bool holds_kept_numbers() const;

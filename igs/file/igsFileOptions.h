@@ -9,4 +9,11 @@ struct igsFileOptions {
   /// (field 3 of a directory entry) is a reference then. While texts that may hold DE numbers are among what was kept,
   /// writing leaves every entity of the input its DE number and writes a null entity in the place of one that went.
   bool keep = false;
+  /// Reading reports parameter fields that cannot have been read as they stand: igsFileFieldNotNumber,
+  /// igsFileWrongStringCount, igsFilePrematureObjectEnd, igsFileObjectExtraData and igsFileNoRecordDelimiter. Fields
+  /// that are left out are no fault where the standard gives them a default.
+  bool strict = false;
+
+  /// Whether the records of entities have to be at hand as they stand.
+  bool needs_records() const { return keep || strict; }
 };

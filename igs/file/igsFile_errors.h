@@ -1,6 +1,7 @@
 #pragma once
 
 #include "igs/errors/igsErrorClass.h"
+#include "igs/support/utString.h"
 
 // Faults of the file as a whole. The first constructor argument is the location: a DE number, or for
 // igsFileDENullCharacters the sequence number of the entry's first Directory record.
@@ -62,10 +63,25 @@ class IGS_API igsFilePDNullCharacters
 
 /// Parameter data hold a real that is not a number.
 using igsFileCorruptObjectData = igsNamedError<"igsFileCorruptObjectData", igsStructureError>;
-/// Parameter data end before all fields.
-using igsFilePrematureObjectEnd = igsNamedError<"igsFilePrematureObjectEnd", igsStructureError>;
-/// Parameter data hold more fields than the entity defines.
-using igsFileObjectExtraData = igsNamedError<"igsFileObjectExtraData", igsStructureError>;
+// Those of igsFileOptions::strict. Fields count from 1; the type number is 0.
+
+/// A fault of the parameter data at one field. Value: its position, 0 where it is not known.
+template <igsName Name>
+class IGS_API_TEMPLATE igsPlacedError : public igsErrorClass<void, Name, igsStructureError, int> {
+ public:
+  explicit igsPlacedError(int de, int position = 0) : igsErrorClass<void, Name, igsStructureError, int>(de, position) {}
+};
+/// Parameter data end before all fields: the first that is missing.
+using igsFilePrematureObjectEnd = igsPlacedError<"igsFilePrematureObjectEnd">;
+/// Parameter data hold more fields than the entity defines, which are no trailing groups of pointers: the first of
+/// them.
+using igsFileObjectExtraData = igsPlacedError<"igsFileObjectExtraData">;
+/// A field that has to be a number is none, or has further characters. Values: its position, its text.
+using igsFileFieldNotNumber = igsNamedError<"igsFileFieldNotNumber", igsStructureError, int, utString>;
+/// Parameter data end without a record delimiter.
+using igsFileNoRecordDelimiter = igsNamedError<"igsFileNoRecordDelimiter", igsStructureError>;
+/// A string has more or less characters than its count says. Values: its position, the field.
+using igsFileWrongStringCount = igsNamedError<"igsFileWrongStringCount", igsStructureError, int, utString>;
 /// A null entity was deleted.
 using igsFileDeletedNullEntity = igsNamedError<"igsFileDeletedNullEntity", igsStructureError>;
 /// An entity of unknown type was deleted.

@@ -4,6 +4,8 @@
 
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile.h"
+#include "igs/file/igsFile_errors.h"
+#include "igs/file/private/igsFieldJudge.h"
 #include "igs/input/igsInStream.h"
 #include "igs/objects/igsKeptParts.h"
 #include "igs/objects/igsObject.h"
@@ -22,13 +24,53 @@ igsKeptParts& igsFile::make_kept_parts(const igsObject& object) {
   return *parts;
 }
 
-/// All records of an entity without a class. Where the directory entry gives two types, that of the parameter data
-/// counts: it is surely one of them.
-void igsFile::keep_unknown(igsInStream& in, igsUnknown& unknown) {
-  const int de = unknown.de_number();
-  while (in.backpointer() == de && in.in_section(igsParameterSectionId) != 0) in.skip_line();
-  igsFieldTexts all;
-  const std::size_t end = all.take(m_records, 0, in.param_delimiter(), in.record_delimiter());
+void igsFile::keep_comment(const igsObject& object, std::size_t begin) {
+  const std::size_t end = m_records.find_last_not_of(' ') + 1;
+  if (begin < end) make_kept_parts(object).comment = m_records.substr(begin, end - begin);
+}
+
+/// What becomes of the records of an entity, which `in` has collected: its own fields end before the character `begin`.
+void igsFile::judge_or_keep(const igsInStream& in, igsObject& object, std::size_t begin) {
+  const bool has_class = object.manager()->visited() != 0;
+  igsFieldTexts own, rest;
+  const auto take = [&in](igsFieldTexts& fields, std::string_view records, std::size_t at) {
+    return fields.take(records, at, in.param_delimiter(), in.record_delimiter());
+  };
+  if (!has_class) begin = m_records.size();
+  std::size_t end = take(own, std::string_view(m_records).substr(0, begin), 0);
+  const bool ended = begin > 0 && m_records[begin - 1] == in.record_delimiter();
+  if (has_class && !ended) end = take(rest, m_records, begin);
+  igsKeptParts groups;
+  const bool are_groups = take_groups(rest, groups);
+  if (m_options.strict) {
+    igsFieldJudge judge(object, own);
+    judge.judge_texts();
+    if (has_class) object.visit_fields(judge);
+    if (!are_groups) igs_report<igsFileObjectExtraData>(object.de_number(), static_cast<int>(own.fields().size()));
+    if (end == 0 || m_records[end - 1] != in.record_delimiter()) {
+      igs_report<igsFileNoRecordDelimiter>(object.de_number());
+    }
+  }
+  if (!m_options.keep) return;
+  if (has_class) keep_rest(object, std::move(rest), are_groups ? &groups : nullptr);
+  if (object.isa(igsUnknown::type())) keep_unknown(static_cast<igsUnknown&>(object), own);
+  if (object.manager()->visited() != 0) keep_comment(object, end);
+}
+
+void igsFile::keep_rest(const igsObject& object, igsFieldTexts rest, igsKeptParts* groups) {
+  if (rest.empty()) return;
+  igsKeptParts& parts = make_kept_parts(object);
+  if (groups == nullptr) {
+    parts.extra_fields = std::move(rest);
+  } else {
+    parts.groups = groups->groups;
+    parts.associativities = std::move(groups->associativities);
+    parts.properties = std::move(groups->properties);
+  }
+}
+
+/// Where the directory entry gives two types, that of the parameter data counts: it is surely one of them.
+void igsFile::keep_unknown(igsUnknown& unknown, const igsFieldTexts& all) {
   const std::vector<std::string_view> texts = all.fields();
   igsFieldTexts fields;
   for (std::size_t i = 1; i < texts.size(); ++i) fields.append(texts[i]);
@@ -38,26 +80,7 @@ void igsFile::keep_unknown(igsInStream& in, igsUnknown& unknown) {
     const int type = texts.empty() ? 0 : igsFieldTexts::integer(texts[0], 0);
     entry.set_type(static_cast<igsEntityType>(type > 0 ? type : unknown.type_in_file()), unknown.form_in_file());
   }
-  keep_comment(unknown, end);
   unknown.manager()->set_visited(1);
-}
-
-void igsFile::keep_comment(const igsObject& object, std::size_t begin) {
-  const std::size_t end = m_records.find_last_not_of(' ') + 1;
-  if (begin < end) make_kept_parts(object).comment = m_records.substr(begin, end - begin);
-}
-
-/// What `in` has not read of an entity: the fields behind its own, and the text behind the record delimiter.
-void igsFile::keep_rest(const igsInStream& in, const igsObject& object, std::size_t begin) {
-  if (begin == 0) return;
-  igsFieldTexts fields;
-  if (m_records[begin - 1] != in.record_delimiter()) {
-    begin = fields.take(m_records, begin, in.param_delimiter(), in.record_delimiter());
-  }
-  keep_comment(object, begin);
-  if (fields.empty()) return;
-  igsKeptParts& parts = make_kept_parts(object);
-  if (!take_groups(fields, parts)) parts.extra_fields = std::move(fields);
 }
 
 /// Makes pointers of `fields`; false, `parts` as they were, unless these are one or two groups of DE numbers.

@@ -167,15 +167,11 @@ int igsFile::read_entity(igsInStream& in, igsObject& object) {
     igs_report<igsFileIncorrectStartOfPD>(de, first_line, entry.start_of_parameter_data());
   }
   m_records.clear();
-  if (m_options.keep) in.collect_text(&m_records);
+  if (m_options.needs_records()) in.collect_text(&m_records);
   try {
-    if (m_options.keep && object.isa(igsUnknown::type())) {
-      keep_unknown(in, static_cast<igsUnknown&>(object));
-    } else {
-      int sequence_out_of_order = 0;  // the stream remembers that, too
-      const std::size_t end_of_fields = object.read(in, sequence_out_of_order);
-      if (m_options.keep) keep_rest(in, object, end_of_fields);
-    }
+    int sequence_out_of_order = 0;  // the stream remembers that, too
+    const std::size_t end_of_fields = object.read(in, sequence_out_of_order);
+    if (m_options.needs_records()) judge_or_keep(in, object, end_of_fields);
   } catch (const std::bad_alloc&) {  // half of an entity is none: its counts need not agree with its lists
     delete &object;
     throw;

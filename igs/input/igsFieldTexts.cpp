@@ -44,6 +44,7 @@ std::size_t igsFieldTexts::take(std::string_view records, std::size_t begin, cha
     const std::size_t end = std::min(records.find_first_of(std::string_view(delimiters, 2), least), records.size());
     const std::string_view field = records.substr(begin, end - begin);
     if (beyond) {
+      if (m_first_recounted < 0) m_first_recounted = static_cast<int>(std::count(m_text.begin(), m_text.end(), '\0'));
       const std::string_view text = without_blanks(field.substr(string));
       append(std::to_string(text.size()) + 'H' + std::string(text));
     } else if (end < records.size() || !without_blanks(field).empty()) {

@@ -26,6 +26,9 @@ class IGS_API igsFieldTexts {
   /// The fields, valid until the next change.
   std::vector<std::string_view> fields() const;
 
+  /// The index of the first string that was given another count; -1 where none was.
+  int first_recounted() const { return m_first_recounted; }
+
   static igsFieldKind kind(std::string_view field);
   /// The value of an integer field; `otherwise` for any other field and for an integer beyond 32 bits.
   static int integer(std::string_view field, int otherwise);
@@ -36,4 +39,5 @@ class IGS_API igsFieldTexts {
 
  private:
   utString m_text;  ///< a NUL, which no record holds, ends each field
+  int m_first_recounted = -1;
 };

@@ -26,4 +26,6 @@ class IGS_API igsFieldVisitor {
   /// record, or the elements of a list. Groups stand within groups, to a depth that the class decides, not the file.
   virtual void begin_group(const char* label) = 0;
   virtual void end_group() = 0;
+  /// The next field, or group, may be left out of the record: it has a default other than 0, or does not always apply.
+  virtual void optional() {}
 };
