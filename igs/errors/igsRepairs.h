@@ -70,5 +70,6 @@ class IGS_API_TEMPLATE igsAccepted : public Kind {
   int fix() override { return 1; }
 
  protected:
+  using Kind::Kind;
   igsAccepted() = default;
 };

@@ -74,6 +74,11 @@ igsObject* igsFile::entity(int de_number) const {
   return slot < m_slots.size() && m_slots[slot] != nullptr ? m_slots[slot]->object() : nullptr;
 }
 
+igsEntityLines igsFile::lines(int de_number) const {
+  const std::size_t slot = de_number > 0 ? index(de_number / 2) : m_lines.size();
+  return slot < m_lines.size() ? m_lines[slot] : igsEntityLines();
+}
+
 igsErrorLog& igsFile::error_log() const { return igsObjectSystem::log_of(*this); }
 
 // Whatever takes memory comes first, the room that the object's deletion needs included: running out changes nothing.
@@ -157,6 +162,7 @@ void igsFile::reset_visit_flags() const {
 }
 
 void igsFile::compress() {
+  m_lines.clear();
   if (m_num_fixed_slots != 0 && !holds_kept_numbers()) m_num_fixed_slots = m_num_holes = 0;
   std::size_t used = index(m_num_fixed_slots);
   for (std::size_t i = used; i < m_slots.size(); ++i) {

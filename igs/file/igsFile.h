@@ -41,6 +41,12 @@ struct igsReadFault {
   int records_before = 0;
 };
 
+/// Where an entity stands in the input: lines as an editor shows them, 1-based; 0 where it is not known.
+struct igsEntityLines {
+  int directory_entry = 0;  ///< of the first record of the directory entry
+  int parameter_data = 0;   ///< of the first record of the parameter data
+};
+
 /// An IGES file in memory: its Start, Global and Terminate sections and its entities. The entity in slot s (0-based)
 /// has DE number 2s + 1. The file owns its entities; deleting the file deletes them.
 ///
@@ -117,6 +123,10 @@ class IGS_API igsFile {
 
   /// The entity with this DE number, null when there is none.
   igsObject* entity(int de_number) const;
+  /// Where the entity with this DE number stands in the input, also when it was dropped or deleted since; and the line
+  /// of a Global parameter (1 to 25). Known with igsFileOptions::lines, until the file is written.
+  igsEntityLines lines(int de_number) const;
+  int global_line(int parameter) const { return m_global_section.line(parameter); }
   /// What was kept of an entity of this file beside its own fields; null where there is nothing.
   const igsKeptParts* kept_parts(const igsObject& object) const;
   /// The same to be changed; made where there is nothing, and written whether reading keeps such parts or not.
@@ -173,6 +183,11 @@ class IGS_API igsFile {
   void check_entities() const;
   void repair(int delete_faulty);
   int read_stream(std::istream& in, utOstream& messages);
+  int salvage(igsInStream& in, int result);
+  void note_second_file(igsInStream& in);
+  bool lose_entries(igsInStream& in);
+  void lose_entry();
+  void note_line(int de_number, int igsEntityLines::*line, const igsInStream& in);
   int read_sections(igsInStream& in, utOstream& messages);
   void note_read_fault(igsInStream& in);
   void drop_entity(igsObject* object);
@@ -199,7 +214,8 @@ class IGS_API igsFile {
   std::unique_ptr<igsEntityPool> m_pool;
   std::unordered_map<const igsObjectManager*, std::unique_ptr<igsKeptParts>> m_kept;
   igsFileOptions m_options;
-  utString m_records;  ///< data of the records being read, where they are kept
+  std::vector<igsEntityLines> m_lines;  ///< by slot
+  utString m_records;                   ///< data of the records being read, where they are kept
   int m_system_location = -1;
   utString m_write_dir;
   kelabsOutput* m_message_stream = nullptr;

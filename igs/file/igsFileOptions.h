@@ -13,6 +13,12 @@ struct igsFileOptions {
   /// igsFileWrongStringCount, igsFilePrematureObjectEnd, igsFileObjectExtraData and igsFileNoRecordDelimiter. Fields
   /// that are left out are no fault where the standard gives them a default.
   bool strict = false;
+  /// More is understood than the documented repairs do, and an error says what was assumed: igsFileColumn65,
+  /// igsFileMixedLineEnds, igsFileLostDirectoryEntry, igsFileMissingSection and igsFileSecondFile. A file whose last
+  /// sections are missing counts as read.
+  bool recover = false;
+  /// The lines on which things stand in the input are noted (igsFile::lines, igsFile::global_line).
+  bool lines = false;
 
   /// Whether the records of entities have to be at hand as they stand.
   bool needs_records() const { return keep || strict; }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "igs/errors/igsErrorClass.h"
+#include "igs/errors/igsRepairs.h"
+#include "igs/input/igsFileSection.h"
 #include "igs/support/utString.h"
 
 // Faults of the file as a whole. The first constructor argument is the location: a DE number, or for
@@ -86,6 +88,21 @@ using igsFileWrongStringCount = igsNamedError<"igsFileWrongStringCount", igsStru
 using igsFileDeletedNullEntity = igsNamedError<"igsFileDeletedNullEntity", igsStructureError>;
 /// An entity of unknown type was deleted.
 using igsFileDeletedUnknownEntity = igsNamedError<"igsFileDeletedUnknownEntity", igsStructureError>;
+
+// Those of igsFileOptions::recover: what was assumed. Writing makes a sound file of it, so that `fix` returns 1, but
+// where something is missing.
+
+/// Characters in column 65 of Parameter Data, which is to be blank, were read as data.
+using igsFileColumn65 = igsNamedError<"igsFileColumn65", igsAccepted<igsStructureError>>;
+/// Some lines end with a carriage return alone, others with a line feed; each was taken for a line end.
+using igsFileMixedLineEnds = igsNamedError<"igsFileMixedLineEnds", igsAccepted<igsTerminateError>>;
+/// One or both records of a directory entry are missing, as the sequence numbers tell. The entity is lost; the others
+/// keep their DE numbers.
+using igsFileLostDirectoryEntry = igsNamedError<"igsFileLostDirectoryEntry", igsStructureError>;
+/// The file has no records of a section. Value: the section.
+using igsFileMissingSection = igsNamedError<"igsFileMissingSection", igsTerminateError, igsFileSection>;
+/// Behind the Terminate section begins another file, which was not read. Value: the number of records before it.
+using igsFileSecondFile = igsNamedError<"igsFileSecondFile", igsTerminateError, int>;
 
 /// A written section exceeded the largest sequence number. Without location. `fix` says so and returns 0.
 class IGS_API igsFileLineNumberTooLarge

@@ -118,7 +118,7 @@ bool igsFile::holds_kept_numbers() const {
 
 void igsFile::settle_numbers() {
   m_num_fixed_slots = static_cast<int>(m_slots.size());
-  m_num_holes = static_cast<int>(m_free_slots.size());
+  m_num_holes += static_cast<int>(m_free_slots.size());
   m_free_slots.clear();
 }
 

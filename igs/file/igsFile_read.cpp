@@ -12,9 +12,11 @@
 #include "igs/file/private/igsFileMemory.h"
 #include "igs/input/igsInStream.h"
 #include "igs/input/private/record.h"
+#include "igs/objects/igsKeptParts.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/objects/igsPlaceholders.h"
+#include "igs/support/private/makeRoom.h"
 
 int igsFile::read(std::istream& in, utOstream& messages) {
   const igsFileScope current(*this);
@@ -27,7 +29,7 @@ int igsFile::read(std::istream& in, utOstream& messages) {
 }
 
 int igsFile::read_stream(std::istream& in, utOstream& messages) {
-  igsInStream stream(in, {.messages = m_message_stream});
+  igsInStream stream(in, {.messages = m_message_stream, .recover = m_options.recover, .lines = m_options.lines});
   if (stream.reset() == 0) {
     note_read_fault(stream);
     m_parameter_data_read = 0;
@@ -35,12 +37,70 @@ int igsFile::read_stream(std::istream& in, utOstream& messages) {
   }
   stream.clear_errors();
 
-  const int result = read_sections(stream, messages);
+  int result = read_sections(stream, messages);
   if (result == 0) note_read_fault(stream);
+  if (m_options.recover) result = salvage(stream, result);
   if (stream.ever_met(igsIOSequenceOutOfOrder)) tag_error(new igsFileInvalidLineNumbers);
   if (stream.ever_met(igsIOBlankLine)) tag_error(new igsFileBlankLine);
   if (m_parameter_data_read != 0) tidyup();
   return result;
+}
+
+/// What reading has assumed, and whether what has been read counts as a file.
+int igsFile::salvage(igsInStream& in, int result) {
+  for (const int de : in.owners_of_column_65()) {
+    if (entity(de) != nullptr) igs_report<igsFileColumn65>(de);
+  }
+  if (in.mixed_line_ends()) tag_error(new igsFileMixedLineEnds);
+  if (result == 0 && m_read_fault.code != igsIOEndOfInput) return 0;
+  // Without entities there is nothing to salvage.
+  if (result == 0 && (in.num_lines(igsGlobalSectionId) == 0 || m_slots.empty())) return 0;
+  for (int section = 0; section < num_file_sections; ++section) {
+    const auto id = static_cast<igsFileSection>(section);
+    if (in.num_lines(id) == 0) tag_error(new igsFileMissingSection(id));
+  }
+  if (result != 0) note_second_file(in);
+  m_parameter_data_read = 1;
+  return 1;
+}
+
+void igsFile::note_second_file(igsInStream& in) {
+  int records = 0;
+  for (int section = 0; section < num_file_sections; ++section) {
+    records += in.num_lines(static_cast<igsFileSection>(section));
+  }
+  in.skip_line();
+  if (in.reset() != 0 && in.in_section(igsStartSectionId) != 0) tag_error(new igsFileSecondFile(records));
+}
+
+/// What the sequence numbers say is missing before the current record. False when that is the second record of an entry
+/// whose first is missing: it has been passed over.
+bool igsFile::lose_entries(igsInStream& in) {
+  constexpr int most_at_once = 1000;
+  const int next_de = 2 * static_cast<int>(m_slots.size()) + 1;
+  const int missing = in.number_as_read() - next_de;
+  // No more than are there: the numbers are the file's word.
+  if (missing <= 0 || missing > most_at_once || missing / 2 > in.num_lines(igsDirectorySectionId)) return true;
+  for (int i = 0; i < (missing + 1) / 2; ++i) lose_entry();
+  if (missing % 2 == 0) return true;
+  in.skip_line();
+  in.reset();
+  return false;
+}
+
+void igsFile::lose_entry() {
+  igs_report<igsFileLostDirectoryEntry>(2 * static_cast<int>(m_slots.size()) + 1);
+  make_room(m_slots);
+  m_slots.push_back(nullptr);
+  m_num_fixed_slots = static_cast<int>(m_slots.size());
+  ++m_num_holes;
+}
+
+void igsFile::note_line(int de_number, int igsEntityLines::*line, const igsInStream& in) {
+  if (!m_options.lines) return;
+  const auto slot = static_cast<std::size_t>(de_number / 2);
+  if (slot >= m_lines.size()) m_lines.resize(slot + 1);
+  m_lines[slot].*line = in.input_line();
 }
 
 int igsFile::read_sections(igsInStream& in, utOstream& messages) {
@@ -117,13 +177,16 @@ void settle_type(DirectoryFields& fields, int location) {
 
 int igsFile::read_directory_entry(igsInStream& in) {
   if (in.in_section(igsDirectorySectionId) == 0) return 0;
+  if (m_options.recover && !lose_entries(in)) return in.fatal_error() == 0 ? 1 : 0;
+  note_line(2 * static_cast<int>(m_slots.size()) + 1, &igsEntityLines::directory_entry, in);
   igsFileSection section;
   int location = 0;
   int column = 0;
   in.position(section, location, column);
   DirectoryFields fields;
-  igsDirectoryReader reader(in);
+  igsDirectoryReader reader(in, m_options.recover);
   fields.layout(reader);
+  if (reader.lost_second_record()) return lose_entry(), in.fatal_error() == 0 ? 1 : 0;
   const std::pair<int, int> type_in_file(fields.type, fields.form);
   const bool one_type = fields.type == fields.second_type;
   settle_type(fields, location);
@@ -163,6 +226,7 @@ int igsFile::read_entity(igsInStream& in, igsObject& object) {
   const int lines_before = in.num_lines(igsParameterSectionId);
   const igsDirectoryEntry& entry = object.directory_entry();
   const int de = object.de_number();
+  note_line(de, &igsEntityLines::parameter_data, in);
   if (entry.start_of_parameter_data() != first_line) {
     igs_report<igsFileIncorrectStartOfPD>(de, first_line, entry.start_of_parameter_data());
   }

@@ -4,16 +4,21 @@
 #include <cfloat>
 #include <climits>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <optional>
+#include <sstream>
 #include <tuple>
+#include <utility>
 
 #include "igs/catalogue/igsInfoDB.h"
 #include "igs/errors/igsErrorLog.h"
 #include "igs/file/igsFile.h"
 #include "igs/file/igsGlobalSection_errors.h"
 #include "igs/file/igsObjectSystem.h"
+#include "igs/file/private/igsStringCounts.h"
 #include "igs/input/igsInStream.h"
+#include "igs/input/private/record.h"
 #include "igs/output/igsOutStream.h"
 #include "igs/support/utOstream.h"
 
@@ -96,6 +101,17 @@ igsGlobalParameterKind kind_of(int) { return igsGlobalInteger; }
 igsGlobalParameterKind kind_of(double) { return igsGlobalReal; }
 igsGlobalParameterKind kind_of(const utString&) { return igsGlobalString; }
 igsGlobalParameterKind kind_of(const igsDate&) { return igsGlobalString; }
+
+/// What the fields of a parameter have to be.
+void add_kinds(std::vector<igsFieldKind>& kinds, int Section::*) { kinds.push_back(igsFieldKind::integer); }
+void add_kinds(std::vector<igsFieldKind>& kinds, double Section::*) { kinds.push_back(igsFieldKind::real); }
+void add_kinds(std::vector<igsFieldKind>& kinds, igsUnits Section::*) {
+  kinds.insert(kinds.end(), {igsFieldKind::integer, igsFieldKind::string});
+}
+template <class Text>
+void add_kinds(std::vector<igsFieldKind>& kinds, Text Section::*) {
+  kinds.push_back(igsFieldKind::string);
+}
 
 /// These take the next field; true when it is given.
 bool read_field(igsInStream& in, int& value) { return in.read_integer(value), in.take_value_present() != 0; }
@@ -360,7 +376,53 @@ int igsGlobalSection::read_parameters(igsInStream& in, utOstream& messages) {
   return 1;
 }
 
+/// As read_parameters, from `records`, the data of all records of the section, after the counts of its strings have
+/// been corrected there.
+int igsGlobalSection::read_corrected(igsInStream& in, utString& records, utOstream& messages) {
+  while (in.in_section(igsGlobalSectionId) != 0) in.skip_line();
+  std::vector<igsFieldKind> kinds;
+  Table::each([&kinds](const auto& row) { add_kinds(kinds, row.member); });
+  const bool delimiter_given = records.size() > 3 && records.compare(0, 2, "1H") == 0;
+  const std::size_t second = delimiter_given ? 4 : 1;
+  const bool second_given = records.size() > second + 3 && records.compare(second, 2, "1H") == 0;
+  const auto corrected =
+      igs_correct_string_counts(records, delimiter_given ? records[2] : default_parameter_delimiter,
+                                second_given ? records[second + 2] : default_record_delimiter, kinds);
+  std::string lines;
+  for (std::size_t i = 0; i < records.size(); i += data_columns) {
+    utString line = records.substr(i, data_columns);
+    line.resize(data_columns, ' ');
+    lines += line + "G      1\n";
+  }
+  std::istringstream text(lines);
+  igsInStream again(text);
+  const int result = read_parameters(again, messages);
+  in.set_param_delimiter(again.param_delimiter());
+  in.set_record_delimiter(again.record_delimiter());
+  if (in.reset() != 0) in.clear_errors();
+  for (const int number : corrected) tag_error(new igsGlobalSectionWrongStringCount(number));
+  return result;
+}
+
 int igsGlobalSection::last_known() const { return dates_modification() ? modification_date : modification_date - 1; }
+
+void igsGlobalSection::note_lines(const igsInStream& in, const utString& records,
+                                  const std::vector<std::pair<std::size_t, int>>& lines) {
+  igsFieldTexts fields;
+  std::vector<std::size_t> begins;
+  fields.take(records, 0, in.param_delimiter(), in.record_delimiter(), &begins);
+  m_lines.clear();
+  auto line = lines.begin();
+  for (const std::size_t begin : begins) {
+    while (line != lines.end() && std::next(line) != lines.end() && std::next(line)->first <= begin) ++line;
+    m_lines.push_back(line != lines.end() ? line->second : 0);
+  }
+}
+
+int igsGlobalSection::line(int parameter) const {
+  const auto i = static_cast<std::size_t>(parameter) - 1;
+  return i < m_lines.size() ? m_lines[i] : 0;
+}
 
 void igsGlobalSection::keep_rest(const igsInStream& in, const utString& records) {
   igsFieldTexts all;
@@ -374,13 +436,15 @@ void igsGlobalSection::keep_rest(const igsInStream& in, const utString& records)
 }
 
 int igsGlobalSection::read(igsInStream& in, utOstream& messages) {
+  const igsFileOptions options = m_owner != nullptr ? m_owner->options() : igsFileOptions();
   utString records;
-  const bool keep = m_owner != nullptr && m_owner->options().keep;
-  if (keep) in.collect_text(&records);
-  const int can_be_read = read_parameters(in, messages);
+  std::vector<std::pair<std::size_t, int>> lines;
+  if (options.keep || options.recover || options.lines) in.collect_text(&records, &lines);
+  const int can_be_read = options.recover ? read_corrected(in, records, messages) : read_parameters(in, messages);
   in.collect_text(nullptr);
   if (can_be_read == 0) return 0;
-  if (keep) keep_rest(in, records);
+  if (options.keep) keep_rest(in, records);
+  if (options.lines) note_lines(in, records, lines);
   const int result = in.reset();
   if (result != 0) in.clear_errors();
   return result;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -124,6 +126,10 @@ class IGS_API igsGlobalSection {
   const utString& comment() const { return m_comment; }
   void set_comment(const utString& comment) { m_comment = comment; }
 
+  /// The line of the input on which a parameter (1 to 25) stands, 1-based; 0 where it is not known
+  /// (igsFileOptions::lines).
+  int line(int parameter) const;
+
   /// All parameters in the order of the file.
   std::vector<igsGlobalParameter> parameters() const;
   /// Gives a parameter (its number) the value that repairs it and returns 1; 0 for one that has no such value.
@@ -169,7 +175,10 @@ class IGS_API igsGlobalSection {
   bool dates_modification() const;
   int last_known() const;
   int read_parameters(igsInStream& in, utOstream& messages);
+  int read_corrected(igsInStream& in, utString& records, utOstream& messages);
   void keep_rest(const igsInStream& in, const utString& records);
+  void note_lines(const igsInStream& in, const utString& records,
+                  const std::vector<std::pair<std::size_t, int>>& lines);
   void set_what_was_never_set();
   void forget_last_check() const;
   void tag_fault(igsGlobalError* error) const;
@@ -202,6 +211,7 @@ class IGS_API igsGlobalSection {
   igsFieldTexts m_extra_fields;
   int m_last_read = 0;  ///< the parameter before the extra fields
   utString m_comment;
+  std::vector<int> m_lines;  ///< of the input, by parameter
   igsFile* m_owner = nullptr;
   mutable int m_max_version = 0;  // 0: not computed yet
 };

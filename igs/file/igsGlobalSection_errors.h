@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "igs/errors/igsErrorClass.h"
+#include "igs/errors/igsRepairs.h"
 
 // The errors of the Global section. A `fix` without a section (see igsGlobalError::key) changes nothing and returns 0.
 
@@ -115,6 +116,11 @@ class IGS_API igsGlobalSectionUnitNameTypeMismatch
 
 /// A file of a version before 8 gives a modification date, which is ignored. No repair.
 using igsGlobalSectionExtraModificationDate = igsNamedError<"igsGlobalSectionExtraModificationDate", igsGlobalError>;
+
+/// The count of a string is wrong; the string was read up to the delimiter behind which the other parameters make sense
+/// (igsFileOptions::recover). Value: the parameter. `fix` does nothing and returns 1: writing counts anew.
+using igsGlobalSectionWrongStringCount =
+    igsNamedError<"igsGlobalSectionWrongStringCount", igsAccepted<igsGlobalError>, int>;
 
 // Not raised by the library; no repair.
 

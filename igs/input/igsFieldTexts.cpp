@@ -33,12 +33,13 @@ std::string_view without_blanks(std::string_view text) {
 }  // namespace
 
 std::size_t igsFieldTexts::take(std::string_view records, std::size_t begin, char parameter_delimiter,
-                                char record_delimiter) {
+                                char record_delimiter, std::vector<std::size_t>* begins) {
   const char delimiters[] = {parameter_delimiter, record_delimiter};
   while (true) {
     begin = std::min(records.find_first_not_of(' ', begin), records.size());
     std::size_t count = 0;
     const std::size_t string = string_begin(records.substr(begin), count);
+    if (begins != nullptr) begins->push_back(begin);
     const bool beyond = string != 0 && count > records.size() - begin - string;
     const std::size_t least = string != 0 && !beyond ? begin + string + count : begin;
     const std::size_t end = std::min(records.find_first_of(std::string_view(delimiters, 2), least), records.size());

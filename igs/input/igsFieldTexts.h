@@ -17,8 +17,9 @@ class IGS_API igsFieldTexts {
   /// Appends the fields that `records`, the data columns of one record after the other, hold from the character `begin`
   /// to the record delimiter or the end; blanks around a field are left out. A string whose count goes beyond the
   /// records ends at the next delimiter and is given the count that it has. Returns the position behind the record
-  /// delimiter, or the size of `records` where there is none.
-  std::size_t take(std::string_view records, std::size_t begin, char parameter_delimiter, char record_delimiter);
+  /// delimiter, or the size of `records` where there is none. `begins`, where given, receives where each field begins.
+  std::size_t take(std::string_view records, std::size_t begin, char parameter_delimiter, char record_delimiter,
+                   std::vector<std::size_t>* begins = nullptr);
   /// Appends a field. Characters that cannot stand in a record become blanks.
   void append(std::string_view field);
 

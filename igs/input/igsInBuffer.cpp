@@ -10,7 +10,8 @@ igsInBuffer::line_read_callback callback = nullptr;
 
 }  // namespace
 
-igsInBuffer::igsInBuffer(std::istream& in, const igsInOptions& options) : igsInBufferFiller(in, options) {
+igsInBuffer::igsInBuffer(std::istream& in, const igsInOptions& options)
+    : igsInBufferFiller(in, options), m_checker(options.recover) {
   m_line.reserve(std::size_t{4} * record_length);
   m_record = m_line.data();
   m_position = m_record;
@@ -42,8 +43,9 @@ void igsInBuffer::get_next_line() {
   if (callback != nullptr) callback();
 }
 
-void igsInBuffer::collect_text(std::string* text) {
+void igsInBuffer::collect_text(std::string* text, std::vector<std::pair<std::size_t, int>>* lines) {
   m_text = text;
+  m_text_lines = lines;
   if (text != nullptr && m_has_record && !m_frozen) append_to_text();
 }
 
@@ -51,6 +53,7 @@ void igsInBuffer::collect_text(std::string* text) {
 void igsInBuffer::append_to_text() {
   std::string_view data(m_position, static_cast<std::size_t>(m_end - m_position));
   if (data.ends_with('\n')) data.remove_suffix(1);
+  if (m_text_lines != nullptr) m_text_lines->emplace_back(m_text->size(), input_line());
   m_text->append(data);
   m_in_text = true;
 }

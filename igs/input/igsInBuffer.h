@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <istream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "igs/input/igsInBufferChecker.h"
 #include "igs/input/igsInBufferFiller.h"
@@ -50,12 +52,19 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
   int in_section(igsFileSection section) const;
   /// Number of records read so far in the section.
   int num_lines(igsFileSection section) const { return m_checker.num_lines(section); }
+  /// Sequence number of the current record as it stands there, whatever its place.
+  int number_as_read() const { return m_checker.number_as_read(); }
+  /// Line of the input on which the current record begins, 1-based; 0 unless lines are counted.
+  int input_line() const { return m_has_record ? line_of_record() : 0; }
+  /// As igsInBufferChecker's.
+  const std::vector<int>& owners_of_column_65() const { return m_checker.owners_of_column_65(); }
   /// DE number of the owner of the current record; 0 for a record outside the Parameter Data section and when there is
   /// no record.
   int backpointer() const { return m_has_record ? m_checker.backpointer() : 0; }
   /// From the current record on, appends the data columns of the records that belong together (of an entity, or of the
-  /// Global section) to `text`, which is not owned; null (the default) for none.
-  void collect_text(std::string* text);
+  /// Global section) to `text`, which is not owned; null (the default) for none. `lines`, not owned either, notes for
+  /// each record where it begins in the text and in the input (input_line).
+  void collect_text(std::string* text, std::vector<std::pair<std::size_t, int>>* lines = nullptr);
   /// The place of the read position in the text collected: its end, once reading has left what belongs together; 0
   /// where none is collected.
   std::size_t text_position() const;
@@ -107,6 +116,7 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
   bool m_has_record = false;
   bool m_frozen = false;
   std::string* m_text = nullptr;
+  std::vector<std::pair<std::size_t, int>>* m_text_lines = nullptr;
   bool m_in_text = false;  ///< the current record stands at the end of the text
   char m_saved = '\0';
 };

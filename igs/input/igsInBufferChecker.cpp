@@ -46,6 +46,7 @@ int igsInBufferChecker::check(char* record, std::size_t length, std::size_t& dat
   m_length = length;
   igsRecordMarks marks;
   const bool syntax = check_syntax(marks);
+  m_number_as_read = marks.number;
   const bool semantics = check_semantics(marks);
   accept(marks);
   data_length = mark_data_end(marks.section);
@@ -56,6 +57,7 @@ int igsInBufferChecker::check_plain(char* record, const igsRecordMarks& plain_ma
   m_record = record;
   m_length = record_length;
   igsRecordMarks marks = plain_marks;
+  m_number_as_read = marks.number;
   const bool goes_on = marks.section == m_current.section && marks.number == m_current.number + 1 &&
                        marks.backpointer == m_current.backpointer;
   const bool semantics = goes_on || check_semantics(marks);
@@ -76,7 +78,7 @@ bool igsInBufferChecker::check_syntax(igsRecordMarks& marks) {
   ok = check_16bit_overflow(marks.number) && ok;
   ok = check_backpointer(marks, marks.backpointer) && ok;
   ok = check_16bit_overflow(marks.backpointer) && ok;
-  check_separator_column(marks.section);
+  check_separator_column(marks);
   return ok;
 }
 
@@ -115,8 +117,16 @@ bool igsInBufferChecker::check_backpointer(const igsRecordMarks& marks, int& bac
   return false;
 }
 
-void igsInBufferChecker::check_separator_column(igsFileSection section) {
-  if (section == igsParameterSectionId && m_length > pd_data_columns) m_record[pd_data_columns] = ' ';
+// A record with something there has been laid out with a blank more.
+void igsInBufferChecker::check_separator_column(const igsRecordMarks& marks) {
+  if (marks.section != igsParameterSectionId || m_length <= pd_data_columns) return;
+  char& column = m_record[pd_data_columns];
+  if (m_recover && m_length > record_length && column != ' ') {
+    std::vector<int>& owners = m_owners_of_column_65;
+    if (owners.empty() || owners.back() != marks.backpointer) owners.push_back(marks.backpointer);
+  } else {
+    column = ' ';
+  }
 }
 
 bool igsInBufferChecker::check_semantics(igsRecordMarks& marks) {

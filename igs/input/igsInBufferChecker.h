@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <vector>
 
 #include "igs/input/igsIOErrorSet.h"
 #include "igs/input/igsRecordMarks.h"
@@ -11,6 +12,9 @@
 /// section. Errors: 5 to 10 and 18; 7 and 10 are fatal.
 class IGS_API igsInBufferChecker {
  public:
+  /// With `recover`, column 65 of Parameter Data belongs to the data where it is not blank.
+  explicit igsInBufferChecker(bool recover = false) : m_recover(recover) {}
+
   /// Checks a NUL-terminated record and prepares its data for the decoders: column 65 of Parameter Data is blanked and
   /// a line feed marks the end of the data of Global and Parameter Data records. `data_length` receives the number of
   /// data characters, never more than `length`. Returns 1 when the record has passed every check.
@@ -23,6 +27,10 @@ class IGS_API igsInBufferChecker {
     section = m_current.section;
     line = m_current.number;
   }
+  /// Sequence number of the record checked last, as it stands there.
+  int number_as_read() const { return m_number_as_read; }
+  /// Back-pointers of the records whose column 65 belongs to their data, equal ones in a row once.
+  const std::vector<int>& owners_of_column_65() const { return m_owners_of_column_65; }
   /// Number of records checked so far in the section; 0 for igsNoSectionId.
   int num_lines(igsFileSection section) const;
   /// Back-pointer of the record checked last; 0 outside the Parameter Data section.
@@ -46,7 +54,7 @@ class IGS_API igsInBufferChecker {
   bool check_section(igsFileSection& section);
   void check_line_number(int& number);
   bool check_backpointer(const igsRecordMarks& marks, int& backpointer);
-  void check_separator_column(igsFileSection section);
+  void check_separator_column(const igsRecordMarks& marks);
   bool check_semantics(igsRecordMarks& marks);
   void check_line_number_sequence(igsRecordMarks& marks);
   bool check_section_sequence(const igsRecordMarks& marks);
@@ -57,6 +65,9 @@ class IGS_API igsInBufferChecker {
 
   static bool check_16bit_overflow(int& number);
 
+  bool m_recover;
+  int m_number_as_read = 0;
+  std::vector<int> m_owners_of_column_65;
   char* m_record = nullptr;  ///< during a check
   std::size_t m_length = 0;
   std::array<int, igsNoSectionId> m_lines{};

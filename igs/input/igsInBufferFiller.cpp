@@ -77,13 +77,19 @@ Ending find_ending(const std::string& line) {
 }  // namespace
 
 igsInBufferFiller::igsInBufferFiller(std::istream& in, const igsInOptions& options)
-    : m_source(std::make_unique<igsInSource>(in)), m_messages(options.messages), m_shortcuts(options.shortcuts) {
+    : m_source(std::make_unique<igsInSource>(in, options.lines)),
+      m_messages(options.messages),
+      m_shortcuts(options.shortcuts),
+      m_recover(options.recover),
+      m_lines(options.lines) {
   m_overflow.reserve(2 * longest_line);
 }
 
 igsInBufferFiller::~igsInBufferFiller() = default;
 
 std::uint64_t igsInBufferFiller::bytes_read() const { return m_source->position(); }
+
+int igsInBufferFiller::line_of_record() const { return m_lines ? m_source->line_at(m_record_begin) : 0; }
 
 void igsInBufferFiller::set_error(igsIOErrorCode code) {
   m_errors.set(code);
@@ -143,6 +149,8 @@ bool igsInBufferFiller::get_plain(igsInBuffer& buffer) {
   const bool cr_lf = text[record_size] == '\r' && text[record_size + 1] == '\n';
   if (!(lf || cr_lf) || !read_plain_record(text, m_marks)) return false;
   text[record_size] = '\0';
+  if (m_lines) m_record_begin = source.position();
+  m_lf = true;
   source.consume(lf ? record_size + 1 : record_size + 2);
   m_unsettled = text;
   buffer.set_record(text, record_size);
@@ -172,10 +180,12 @@ bool igsInBufferFiller::check_for_continuation(const char* text, std::size_t len
 void igsInBufferFiller::rebuild(std::string& line) {
   line.clear();
   bool joined = false;
+  if (m_lines) m_record_begin = m_source->position() - m_overflow.size();
   while (get_line(line) != 0) {
     if (buffer_empty(line)) {
       set_error(igsIOBlankLine);
       line.clear();
+      if (m_lines) m_record_begin = m_source->position() - m_overflow.size();
       continue;
     }
     if (check_buffer(line, joined) == 0) break;
@@ -193,7 +203,14 @@ int igsInBufferFiller::get_line(std::string& line) {
          line.size() < longest_line) {
     ended = read_chunk(line);
   }
-  if (m_source->good() && m_source->look_ahead() && *m_source->data() == '\n') m_source->consume(1);
+  if (m_source->good() && m_source->look_ahead()) {
+    if (*m_source->data() == '\n') {
+      m_source->consume(1);
+      m_lf = true;
+    } else if (ended && m_recover) {
+      m_lone_cr = true;
+    }
+  }
   return line.size() > before || m_source->good() ? 1 : 0;
 }
 
@@ -217,6 +234,10 @@ bool igsInBufferFiller::read_chunk(std::string& line) {
   const void* cr = std::memchr(text, '\r', length);
   const std::size_t kept = cr == nullptr ? length : static_cast<std::size_t>(static_cast<const char*>(cr) - text);
   append_cleaned(line, text, kept);
+  if (cr != nullptr && m_recover) {
+    m_source->consume(kept + 1);
+    return true;
+  }
   if (cr != nullptr) m_overflow.append(text + kept + 1, length - kept - 1);
   m_source->consume(length);
   // A read that wanted more than there was has seen the end of the input.

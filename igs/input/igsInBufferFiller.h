@@ -35,6 +35,8 @@ class IGS_API igsInBufferFiller {
   std::uint64_t bytes_read() const;
   /// True when the current record held NUL characters.
   bool nul_in_record() const { return m_nul_in_record; }
+  /// True when some lines ended with a carriage return alone, and others with a line feed (igsInOptions::recover).
+  bool mixed_line_ends() const { return m_lone_cr && m_lf; }
   /// Every condition met so far, those forgotten meanwhile too.
   igsIOErrorSet ever_met() const { return m_ever_met; }
 
@@ -50,6 +52,8 @@ class IGS_API igsInBufferFiller {
     if (m_fatal == 0) m_errors.clear();
     return errors;
   }
+  /// Line of the input on which the last record begins, 1-based; 0 unless lines are counted.
+  int line_of_record() const;
   /// The marks of the last record when it needed no repair, else null.
   const igsRecordMarks* plain_marks() const { return m_is_plain ? &m_marks : nullptr; }
 
@@ -78,6 +82,11 @@ class IGS_API igsInBufferFiller {
   std::unique_ptr<igsInSource> m_source;
   kelabsOutput* m_messages;
   bool m_shortcuts;
+  bool m_recover;
+  bool m_lines;
+  std::uint64_t m_record_begin = 0;  ///< of the last record in the input, where lines are counted
+  bool m_lone_cr = false;            ///< noted with m_recover
+  bool m_lf = false;
   int m_fatal = 0;
   igsIOErrorSet m_errors;
   igsIOErrorSet m_ever_met;

@@ -34,21 +34,35 @@ struct igsDirectoryFields {
 /// Reads the fields that it is handed.
 class igsDirectoryReader {
  public:
-  explicit igsDirectoryReader(igsInStream& in) : m_in(in) {}
+  /// With `by_numbers`, a second record that does not have the number behind the first one's is left to be read.
+  igsDirectoryReader(igsInStream& in, bool by_numbers) : m_in(in), m_by_numbers(by_numbers) {}
 
   // The stream has come to the next entry's record before the last field is taken, so each record is asked in its turn.
-  void begin_record() { m_has_nul = m_has_nul || m_in.nul_in_record(); }
-  void integers(auto&... fields) { m_in.read_integers(igsDirectoryFields<utString>::field_width, {&fields...}); }
+  void begin_record() {
+    m_has_nul = m_has_nul || m_in.nul_in_record();
+    if (!m_by_numbers) return;
+    const int number = m_in.number_as_read();
+    m_lost_second = m_first_number % 2 != 0 && number == m_first_number + 2;
+    m_first_number = number;
+  }
+  void integers(auto&... fields) {
+    if (!m_lost_second) m_in.read_integers(igsDirectoryFields<utString>::field_width, {&fields...});
+  }
   void statuses(auto&... fields) { m_in.read_integers(igsDirectoryFields<utString>::status_width, {&fields...}); }
   void label(utString& label) {
+    if (m_lost_second) return;
     m_in.skip_columns(igsDirectoryFields<utString>::reserved_width);
     m_in.read_string(igsDirectoryFields<utString>::field_width, label);
   }
 
   bool has_nul() const { return m_has_nul; }
+  bool lost_second_record() const { return m_lost_second; }
 
  private:
   igsInStream& m_in;
+  bool m_by_numbers;
+  int m_first_number = 0;
+  bool m_lost_second = false;
   bool m_has_nul = false;
 };
 

@@ -10,12 +10,13 @@ constexpr std::size_t block_size = std::size_t{256} * 1024;
 
 }  // namespace
 
-igsInSource::igsInSource(std::istream& in)
+igsInSource::igsInSource(std::istream& in, bool count_lines)
     : m_in(in),
       m_state(in.rdstate()),
       m_block(std::make_unique_for_overwrite<char[]>(block_size)),
       m_cursor(m_block.get()),
-      m_limit(m_block.get()) {
+      m_limit(m_block.get()),
+      m_count_lines(count_lines) {
   if (in.rdbuf() == nullptr) m_state |= std::ios_base::badbit;
   if (!good()) m_ending = m_state;
 }
@@ -56,7 +57,25 @@ bool igsInSource::read_more() {
     m_ending = std::ios_base::eofbit;
     return false;
   }
+  if (m_count_lines) note_lines(m_limit, static_cast<std::size_t>(count));
   m_limit += count;
   m_num_read += static_cast<std::uint64_t>(count);
   return true;
+}
+
+void igsInSource::note_lines(const char* text, std::size_t length) {
+  for (std::size_t i = 0; i < length; ++i) {
+    const bool ends = text[i] == '\n';
+    if (m_after_cr && !ends) m_line_begins.push_back(m_num_read + i);
+    if (ends) m_line_begins.push_back(m_num_read + i + 1);
+    m_after_cr = text[i] == '\r';
+  }
+}
+
+int igsInSource::line_at(std::uint64_t position) {
+  while (!m_line_begins.empty() && m_line_begins.front() <= position) {
+    m_line_begins.pop_front();
+    ++m_line;
+  }
+  return m_line;
 }

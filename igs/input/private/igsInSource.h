@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <istream>
 #include <memory>
 
@@ -12,7 +13,7 @@
 class igsInSource {
  public:
   /// The stream is not owned and must outlive this object. A stream that is not good is never read.
-  explicit igsInSource(std::istream& in);
+  explicit igsInSource(std::istream& in, bool count_lines = false);
 
   /// Makes `wanted` characters available, at most `max_required`, where the stream still has as many, and returns how
   /// many there are. Whatever was handed out before may be overwritten.
@@ -32,6 +33,10 @@ class igsInSource {
   /// Number of characters consumed so far.
   std::uint64_t position() const { return m_num_read - available(); }
 
+  /// The line, counted from 1, of the character at this position, where lines are counted: LF, CR LF and CR end one.
+  /// The position may not be before that of the last question.
+  int line_at(std::uint64_t position);
+
   /// True when there is a further character; otherwise the condition that ended the stream becomes visible.
   bool look_ahead();
 
@@ -43,6 +48,7 @@ class igsInSource {
 
  private:
   bool read_more();
+  void note_lines(const char* text, std::size_t length);
 
   std::istream& m_in;
   std::ios_base::iostate m_state;
@@ -51,4 +57,8 @@ class igsInSource {
   char* m_cursor;
   char* m_limit;
   std::uint64_t m_num_read = 0;  ///< characters taken from the stream
+  bool m_count_lines;
+  bool m_after_cr = false;                  ///< the last character was a carriage return
+  std::deque<std::uint64_t> m_line_begins;  ///< of the lines behind the one that was asked for last
+  int m_line = 1;                           ///< that line
 };
