@@ -396,6 +396,7 @@ int igsGlobalSection::read_corrected(igsInStream& in, utString& records, utOstre
   }
   std::istringstream text(lines);
   igsInStream again(text);
+  again.reset();  // a file begins with the Start section
   const int result = read_parameters(again, messages);
   in.set_param_delimiter(again.param_delimiter());
   in.set_record_delimiter(again.record_delimiter());
