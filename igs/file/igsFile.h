@@ -151,6 +151,7 @@ class IGS_API igsFile {
  private:
   friend class igsFactory;
   friend class igsFileIT;
+  friend class igsGlobalSection;
   friend class igsObject;
   friend class igsObjectSystem;
 
@@ -177,6 +178,7 @@ class IGS_API igsFile {
   void note_read_fault(igsInStream& in);
   void drop_entity(igsObject* object);
   int read_entity(igsInStream& in, igsObject& object);
+  void note_exponent_letter(const igsInStream& in, const utString& records);
   void keep_unknown(igsInStream& in, igsUnknown& unknown);
   void keep_rest(const igsInStream& in, const igsObject& object, std::size_t begin);
   void keep_comment(const igsObject& object, std::size_t begin);

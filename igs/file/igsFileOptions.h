@@ -1,5 +1,7 @@
 #pragma once
 
+#include "igs/support/igsWritingStyle.h"
+
 /// What a host may ask of a file beyond the documented behaviour; everything is off unless asked for. To be given
 /// before the file is read (igsFile::set_options).
 struct igsFileOptions {
@@ -9,4 +11,10 @@ struct igsFileOptions {
   /// (field 3 of a directory entry) is a reference then. While texts that may hold DE numbers are among what was kept,
   /// writing leaves every entity of the input its DE number and writes a null entity in the place of one that went.
   bool keep = false;
+  /// More is understood than the documented repairs do, and an error says what was assumed. A units name of the Global
+  /// section in any letters and words (igsUnits::recognised) is taken for the standard name.
+  bool recover = false;
+  /// How the file is written. What is to be as in the input (`as_read`) is noted by reading, which puts what it has met
+  /// in its place here; where it has met none, and in a file that was not read, it is as by default.
+  igsWritingStyle style = {};
 };

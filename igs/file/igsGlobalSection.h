@@ -170,6 +170,7 @@ class IGS_API igsGlobalSection {
   int last_known() const;
   int read_parameters(igsInStream& in, utOstream& messages);
   void keep_rest(const igsInStream& in, const utString& records);
+  void recover_units();
   void set_what_was_never_set();
   void forget_last_check() const;
   void tag_fault(igsGlobalError* error) const;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "igs/errors/igsErrorClass.h"
+#include "igs/errors/igsRepairs.h"
 
 // The errors of the Global section. A `fix` without a section (see igsGlobalError::key) changes nothing and returns 0.
 
@@ -112,6 +113,11 @@ class IGS_API igsGlobalSectionUnitNameTypeMismatch
   using igsErrorClass::igsErrorClass;
   int fix() override;
 };
+
+/// The units name is no standard one, but was understood (igsFileOptions::recover): the name as it stands in the file,
+/// and the standard name that was taken. Repaired already: the standard name is what is written.
+using igsGlobalSectionReadUnitsName =
+    igsNamedError<"igsGlobalSectionReadUnitsName", igsAccepted<igsGlobalError>, utString, utString>;
 
 /// A file of a version before 8 gives a modification date, which is ignored. No repair.
 using igsGlobalSectionExtraModificationDate = igsNamedError<"igsGlobalSectionExtraModificationDate", igsGlobalError>;

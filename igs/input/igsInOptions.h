@@ -9,4 +9,6 @@ struct igsInOptions {
   /// False sends every record through the repair steps, also those that need none. The results are the same; tests
   /// compare the two.
   bool shortcuts = true;
+  /// Has the end of the first line be noted (igsInBufferFiller::first_line_end).
+  bool note_line_end = false;
 };

@@ -213,24 +213,28 @@ TEST(OutEngine, SequenceNumbersEndAtTheirSevenColumns) {
 
 // Records are written in blocks, but a fault freezes the output as though each had been written at once.
 TEST(OutEngine, FaultWithinABlock) {
-  for (const std::size_t sound : {0U, 1U, 799U, 800U, 801U, 2999U}) {
-    igs_test::LimitedOutput buffer(81 * sound + 80);
+  for (const std::size_t sound : {0U, 1U, 799U, 800U, 801U, 2999U, 5799U}) {
+    const bool crlf = sound % 2 != 0;
+    const std::size_t limit = (crlf ? 82 : 81) * sound + 80;
+    igs_test::LimitedOutput buffer(limit);
     std::ostream target(&buffer);
     TextEncoder encoder;
     encoder.encode(std::string(72, 'x'), false);
     Engine engine(&target);
     engine.set_encoder(&encoder);
+    if (crlf) engine.use_crlf();
     engine.set_section(igsDirectorySectionId);
     std::string expected;
-    for (std::size_t i = 1; i <= 3000; ++i) {
+    for (std::size_t i = 1; i <= 6000; ++i) {
       engine.fixed_encode(72);
       const std::string number = std::to_string(i);
       if (i <= sound + 1) expected += record(encoder.m_text, "D" + std::string(7 - number.size(), ' ') + number);
+      if (i <= sound + 1 && crlf) expected.insert(expected.size() - 1, 1, '\r');
     }
     engine.fixed_encode(8);
     EXPECT_EQ(engine.num_lines(igsDirectorySectionId), static_cast<int>(sound + 1));
     EXPECT_TRUE(engine.frozen());
-    EXPECT_EQ(buffer.text, expected.substr(0, 81 * sound + 80)) << sound;
+    EXPECT_EQ(buffer.text, expected.substr(0, limit)) << sound;
     EXPECT_EQ(engine.faults(), (Ints{2, igsIOStreamBad, igsDirectorySectionId, static_cast<int>(sound + 1), 0}));
   }
 }

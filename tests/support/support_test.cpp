@@ -97,12 +97,15 @@ TEST(ResourceTable, RefusesWhatIsNoValueOfTheKey) {
                          table.set_value(kelTolZeroLength, -1e-9),
                          table.set_value("kelOptDoubleGeometricPrecision", 12.5),
                          table.set_value(kelOptDoubleGeometricPrecision, 18),
+                         table.set_value(kelOptDoubleGeometricPrecision, 0),
+                         table.set_value(kelOptDoubleFieldWidth, -1),
                          table.set_value("kelOptRigidTransforms", 2),
                          table.set_value("kelTolNothing", 1)};
-  EXPECT_EQ(std::count(std::begin(refused), std::end(refused), 0), 6);
+  EXPECT_EQ(std::count(std::begin(refused), std::end(refused), 0), 8);
   for (std::size_t i = 0; i < table.keys().size(); ++i) EXPECT_EQ(table.value_at(i), table.keys()[i].default_value);
   EXPECT_EQ(table.set_value("kelTolZeroLength", 0) + table.set_value(kelOptRigidTransforms, true), 2);
   EXPECT_EQ(table.value(kelTolZeroLength), 0);
+  EXPECT_EQ(table.set_value(kelOptDoubleParametricPrecision, -1), 1) << "the fewest digits";
   EXPECT_TRUE(table.value(kelOptRigidTransforms));
 }
 
