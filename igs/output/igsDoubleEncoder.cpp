@@ -124,26 +124,8 @@ char* print_number(char* text, const SignificantDigits& number, int precision, c
   return print(text + 1 - exponent, digits);
 }
 
-/// The fewest digits that read back as the value, filled up with zeros to max_significant_digits.
-SignificantDigits shortest_digits(double value) {
-  std::array<char, max_significant_digits + 8> text;
-  const char* const end =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific).ptr;
-  const char* const exponent = std::find<const char*>(text.data(), end, 'e');
-  SignificantDigits number;
-  int missing = max_significant_digits;
-  for (const char* c = text.data(); c != exponent; ++c) {
-    if (*c == '.') continue;
-    number.digits = number.digits * 10 + static_cast<std::uint64_t>(*c - '0');
-    --missing;
-  }
-  for (; missing > 0; --missing) number.digits *= 10;
-  std::from_chars(exponent + (exponent[1] == '+' ? 2 : 1), end, number.exponent);
-  return number;
-}
-
-/// Prints a positive value.
-char* print_positive(char* text, char* limit, double value, int precision, char letter) {
+/// Prints a positive value. Inline, as every real goes this way.
+inline char* print_positive(char* text, char* limit, double value, int precision, char letter) {
   // Whole numbers need no more digits: the shortest format, -1, takes the way of the largest precisions.
   if (static_cast<unsigned>(precision) >= whole_number_digits && value < eight_digit_limit) {
     const int whole = static_cast<int>(value);
@@ -153,13 +135,14 @@ char* print_positive(char* text, char* limit, double value, int precision, char 
       return end + 1;
     }
   }
+  SignificantDigits number;
   if (precision == igsDoubleEncoder::shortest) {
-    return print_number(text, shortest_digits(value), max_significant_digits, letter);
+    number = shortest_digits(value);
+    precision = max_significant_digits;
+  } else if (precision <= max_significant_digits && value <= may_round_to_infinity) {
+    number = significant_digits(value, precision);
   }
-  if (precision <= max_significant_digits && value <= may_round_to_infinity) {
-    const SignificantDigits number = significant_digits(value, precision);
-    if (number.digits != 0) return print_number(text, number, precision, letter);
-  }
+  if (number.digits != 0) return print_number(text, number, precision, letter);
   return print_general(text, limit, value, precision, letter);
 }
 

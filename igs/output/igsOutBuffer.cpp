@@ -14,8 +14,7 @@ constexpr int block_records = 800;
 
 igsOutBuffer::igsOutBuffer(std::ostream* destination)
     : igsOutBufferPurger(destination),
-      m_block(std::make_unique_for_overwrite<char[]>(
-          static_cast<std::size_t>(block_records * max_line_length + scratch_length))),
+      m_block(std::make_unique_for_overwrite<char[]>(std::size_t{block_records} * max_line_length + scratch_length)),
       m_line(m_block.get()) {}
 
 igsOutBuffer::~igsOutBuffer() {
