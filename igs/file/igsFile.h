@@ -161,6 +161,7 @@ class IGS_API igsFile {
  private:
   friend class igsFactory;
   friend class igsFileIT;
+  friend class igsGlobalSection;
   friend class igsObject;
   friend class igsObjectSystem;
 
@@ -195,6 +196,7 @@ class IGS_API igsFile {
   void judge_or_keep(const igsInStream& in, igsObject& object, std::size_t begin);
   void keep_rest(const igsObject& object, igsFieldTexts rest, igsKeptParts* groups);
   static void keep_unknown(igsUnknown& unknown, const igsFieldTexts& all);
+  void note_exponent_letter(const igsInStream& in, const utString& records);
   void keep_comment(const igsObject& object, std::size_t begin);
   bool take_groups(const igsFieldTexts& fields, igsKeptParts& parts) const;
   bool holds_kept_numbers() const;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "igs/support/igsWritingStyle.h"
+
 /// What a host may ask of a file beyond the documented behaviour; everything is off unless asked for. To be given
 /// before the file is read (igsFile::set_options).
 struct igsFileOptions {
@@ -15,10 +17,15 @@ struct igsFileOptions {
   bool strict = false;
   /// More is understood than the documented repairs do, and an error says what was assumed: igsFileColumn65,
   /// igsFileMixedLineEnds, igsFileLostDirectoryEntry, igsFileMissingSection and igsFileSecondFile. A file whose last
-  /// sections are missing counts as read.
+  /// sections are missing counts as read. Strings of the Global section with a wrong count
+  /// (igsGlobalSectionWrongStringCount), and units names in any letters and words (igsUnits::recognised,
+  /// igsGlobalSectionReadUnitsName), are understood.
   bool recover = false;
   /// The lines on which things stand in the input are noted (igsFile::lines, igsFile::global_line).
   bool lines = false;
+  /// How the file is written. What is to be as in the input (`as_read`) is noted by reading, which puts what it has met
+  /// in its place here; where it has met none, and in a file that was not read, it is as by default.
+  igsWritingStyle style = {};
 
   /// Whether the records of entities have to be at hand as they stand.
   bool needs_records() const { return keep || strict; }

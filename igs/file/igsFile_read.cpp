@@ -1,6 +1,7 @@
 // Reading a file: the drivers of igsFile that take the sections from the input stream.
 
 #include <new>
+#include <string_view>
 
 #include "igs/catalogue/igsInfoDB.h"
 #include "igs/file/igsDirectoryEntry.h"
@@ -10,6 +11,7 @@
 #include "igs/file/private/igsDirectoryFields.h"
 #include "igs/file/private/igsEntityPool.h"
 #include "igs/file/private/igsFileMemory.h"
+#include "igs/input/igsFieldTexts.h"
 #include "igs/input/igsInStream.h"
 #include "igs/input/private/record.h"
 #include "igs/objects/igsKeptParts.h"
@@ -29,7 +31,12 @@ int igsFile::read(std::istream& in, utOstream& messages) {
 }
 
 int igsFile::read_stream(std::istream& in, utOstream& messages) {
-  igsInStream stream(in, {.messages = m_message_stream, .recover = m_options.recover, .lines = m_options.lines});
+  igsLineEnd& line_end = m_options.style.line_end;
+  igsInStream stream(in, {.messages = m_message_stream,
+                          .recover = m_options.recover,
+                          .lines = m_options.lines,
+                          .note_line_end = line_end == igsLineEnd::as_read});
+  if (line_end == igsLineEnd::as_read) line_end = stream.first_line_end();
   if (stream.reset() == 0) {
     note_read_fault(stream);
     m_parameter_data_read = 0;
@@ -231,7 +238,8 @@ int igsFile::read_entity(igsInStream& in, igsObject& object) {
     igs_report<igsFileIncorrectStartOfPD>(de, first_line, entry.start_of_parameter_data());
   }
   m_records.clear();
-  if (m_options.needs_records()) in.collect_text(&m_records);
+  const bool note_letter = m_options.style.exponent_letter == igsExponentLetter::as_read;
+  if (m_options.needs_records() || note_letter) in.collect_text(&m_records);
   try {
     int sequence_out_of_order = 0;  // the stream remembers that, too
     const std::size_t end_of_fields = object.read(in, sequence_out_of_order);
@@ -241,6 +249,7 @@ int igsFile::read_entity(igsInStream& in, igsObject& object) {
     throw;
   }
   in.collect_text(nullptr);
+  if (note_letter) note_exponent_letter(in, m_records);
   in.error();  // collects what a reset that fails may forget
   if (in.reset() == 0) {
     const bool bad_record = in.error_type(igsIOBadBackPointer) != 0 || in.error_type(igsIOBadSequenceNumber) != 0 ||
@@ -256,6 +265,21 @@ int igsFile::read_entity(igsInStream& in, igsObject& object) {
     igs_report<igsFileIncorrectPDLineCount>(de, lines, entry.parameter_line_count());
   }
   return 1;
+}
+
+/// The letter of the first real with an exponent among the fields of `records`, if any.
+void igsFile::note_exponent_letter(const igsInStream& in, const utString& records) {
+  constexpr std::string_view letters = "DdEe";
+  if (records.find_first_of(letters) == utString::npos) return;
+  igsFieldTexts fields;
+  fields.take(records, 0, in.param_delimiter(), in.record_delimiter());
+  for (const std::string_view field : fields.fields()) {
+    const std::size_t letter = field.find_first_of(letters);
+    if (letter == std::string_view::npos || igsFieldTexts::kind(field) != igsFieldKind::real) continue;
+    const bool is_d = field[letter] == 'D' || field[letter] == 'd';
+    m_options.style.exponent_letter = is_d ? igsExponentLetter::d : igsExponentLetter::e;
+    return;
+  }
 }
 
 void igsFile::drop_entity(igsObject* object) {

@@ -76,6 +76,7 @@ int igsFile::write_sections(std::ostream& out, utOstream& messages) {
   compress();
   igsOutStream stream(&out);
   stream.set_exact(m_options.keep);
+  stream.set_style(m_options.style);
   return m_start_section.write(stream) != 0 && m_global_section.write(stream, messages) != 0 &&
                  write_data_section(out, stream) != 0 && m_terminate_section.write(stream) != 0
              ? 1

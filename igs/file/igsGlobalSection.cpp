@@ -263,6 +263,7 @@ struct igsGlobalSection::Table {
     }
     utString name;
     section.*row.member = read_field(in, name) ? igsUnits(name, flag) : igsUnits(flag);
+    if (section.m_owner != nullptr && section.m_owner->options().recover) section.recover_units();
   }
   template <class Value>
   static void read(S& section, igsInStream& in, const GlobalRow<Value>& row) {
@@ -440,12 +441,14 @@ int igsGlobalSection::read(igsInStream& in, utOstream& messages) {
   const igsFileOptions options = m_owner != nullptr ? m_owner->options() : igsFileOptions();
   utString records;
   std::vector<std::pair<std::size_t, int>> lines;
-  if (options.keep || options.recover || options.lines) in.collect_text(&records, &lines);
+  const bool note_letter = options.style.exponent_letter == igsExponentLetter::as_read;
+  if (options.keep || options.recover || options.lines || note_letter) in.collect_text(&records, &lines);
   const int can_be_read = options.recover ? read_corrected(in, records, messages) : read_parameters(in, messages);
   in.collect_text(nullptr);
   if (can_be_read == 0) return 0;
   if (options.keep) keep_rest(in, records);
   if (options.lines) note_lines(in, records, lines);
+  if (note_letter) m_owner->note_exponent_letter(in, records);
   const int result = in.reset();
   if (result != 0) in.clear_errors();
   return result;
@@ -494,6 +497,23 @@ int igsGlobalSection::read_record_delimiter(igsInStream& in, utOstream& /*messag
   m_record_delimiter = text[0];
   in.set_record_delimiter(m_record_delimiter);
   return 1;
+}
+
+/// Takes a units name that is understood for the standard one, unless the flag stands for another unit. A flag out of
+/// range stays, and is told from the name when it is repaired.
+void igsGlobalSection::recover_units() {
+  const utString name = m_units.name();
+  const igsUnitType flag = m_units.type(), named = igsUnits::recognised(name);
+  if (named == 0 || igsUnits::type(name) != 0) return;
+  const igsUnits standard(named);
+  if (flag == igs_unset_int || igsUnits::check_units(flag, standard.name()) != 0) {
+    m_units = standard;
+  } else if (igsUnits::name(flag) == igsUnits::name(0)) {
+    m_units.set_name(standard.name());
+  } else {
+    return;
+  }
+  tag_error(new igsGlobalSectionReadUnitsName(name, standard.name()));
 }
 
 int igsGlobalSection::read_units(igsInStream& in, utOstream& /*messages*/) {

@@ -179,6 +179,7 @@ class IGS_API igsGlobalSection {
   void keep_rest(const igsInStream& in, const utString& records);
   void note_lines(const igsInStream& in, const utString& records,
                   const std::vector<std::pair<std::size_t, int>>& lines);
+  void recover_units();
   void set_what_was_never_set();
   void forget_last_check() const;
   void tag_fault(igsGlobalError* error) const;

@@ -114,6 +114,11 @@ class IGS_API igsGlobalSectionUnitNameTypeMismatch
   int fix() override;
 };
 
+/// The units name is no standard one, but was understood (igsFileOptions::recover): the name as it stands in the file,
+/// and the standard name that was taken. Repaired already: the standard name is what is written.
+using igsGlobalSectionReadUnitsName =
+    igsNamedError<"igsGlobalSectionReadUnitsName", igsAccepted<igsGlobalError>, utString, utString>;
+
 /// A file of a version before 8 gives a modification date, which is ignored. No repair.
 using igsGlobalSectionExtraModificationDate = igsNamedError<"igsGlobalSectionExtraModificationDate", igsGlobalError>;
 

@@ -33,6 +33,10 @@ class IGS_API igsUnits {
   static utString name(igsUnitType flag);
   /// The flag that a name stands for, letter by letter: a standard name or "IN"; 0 for any other.
   static igsUnitType type(const utString& name);
+  /// The flag that a name stands for to people: as type(), and for the usual words and abbreviations, one or several,
+  /// British or American ("inches", "millimetre", "ft"), in capitals or not, with blanks around and a dot at the end; 0
+  /// for any other.
+  static igsUnitType recognised(const utString& name);
   /// 1 when the name stands for the flag, or for any units when the flag is 3; else 0.
   static int check_units(igsUnitType flag, const utString& name);
   /// The factor that turns a length in units `from` into one in units `to`: 25.4 from 1 to 2. A flag without a length

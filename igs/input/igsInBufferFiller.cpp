@@ -83,9 +83,18 @@ igsInBufferFiller::igsInBufferFiller(std::istream& in, const igsInOptions& optio
       m_recover(options.recover),
       m_lines(options.lines) {
   m_overflow.reserve(2 * longest_line);
+  if (options.note_line_end) note_line_end();
 }
 
 igsInBufferFiller::~igsInBufferFiller() = default;
+
+void igsInBufferFiller::note_line_end() {
+  const std::size_t length = std::min(m_source->require(igsInSource::max_required), igsInSource::max_required);
+  const std::string_view text(m_source->data(), length);
+  const std::size_t lf = text.find('\n');
+  if (lf == std::string_view::npos) return;
+  m_first_line_end = lf > 0 && text[lf - 1] == '\r' ? igsLineEnd::crlf : igsLineEnd::lf;
+}
 
 std::uint64_t igsInBufferFiller::bytes_read() const { return m_source->position(); }
 

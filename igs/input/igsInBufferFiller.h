@@ -10,6 +10,7 @@
 #include "igs/input/igsInOptions.h"
 #include "igs/input/igsRecordMarks.h"
 #include "igs/support/export.h"
+#include "igs/support/igsWritingStyle.h"
 
 class igsInBuffer;
 class igsInSource;
@@ -33,6 +34,9 @@ class IGS_API igsInBufferFiller {
   int fatal_error() const { return m_fatal; }
   /// Number of bytes of the file that the records so far were made of; the start of the next record may be among them.
   std::uint64_t bytes_read() const;
+  /// What ends the first line, where that was asked for: CR LF or LF; `as_read` where it is not known, as no line feed
+  /// is among the first 4096 characters, or was not asked for.
+  igsLineEnd first_line_end() const { return m_first_line_end; }
   /// True when the current record held NUL characters.
   bool nul_in_record() const { return m_nul_in_record; }
   /// True when some lines ended with a carriage return alone, and others with a line feed (igsInOptions::recover).
@@ -58,6 +62,7 @@ class IGS_API igsInBufferFiller {
   const igsRecordMarks* plain_marks() const { return m_is_plain ? &m_marks : nullptr; }
 
  private:
+  void note_line_end();
   bool get_plain(igsInBuffer& buffer);
   void rebuild(std::string& line);
   void settle_continuation();
@@ -87,6 +92,7 @@ class IGS_API igsInBufferFiller {
   std::uint64_t m_record_begin = 0;  ///< of the last record in the input, where lines are counted
   bool m_lone_cr = false;            ///< noted with m_recover
   bool m_lf = false;
+  igsLineEnd m_first_line_end = igsLineEnd::as_read;
   int m_fatal = 0;
   igsIOErrorSet m_errors;
   igsIOErrorSet m_ever_met;

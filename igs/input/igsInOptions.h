@@ -14,4 +14,6 @@ struct igsInOptions {
   bool recover = false;
   /// Counts the lines of the input (igsInBuffer::input_line).
   bool lines = false;
+  /// Has the end of the first line be noted (igsInBufferFiller::first_line_end).
+  bool note_line_end = false;
 };

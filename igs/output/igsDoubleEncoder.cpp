@@ -20,17 +20,17 @@ namespace {
 constexpr double may_round_to_infinity = 1e308;
 /// Whole numbers of up to this many digits take the shorter way through an int. Knots, weights and flags are mostly
 /// such.
-constexpr int whole_number_digits = 8;
+constexpr unsigned whole_number_digits = 8;
 
 bool reads_as_infinity(const char* text, const char* end) {
   double value = 0;
   return std::from_chars(text, end, value).ec == std::errc::result_out_of_range;
 }
 
-/// Gives the text the exponent letter `D` and a decimal point. Returns the new end.
-char* make_double_precision_form(char* begin, char* end) {
+/// Gives the text the exponent letter and a decimal point. Returns the new end.
+char* make_iges_form(char* begin, char* end, char letter) {
   char* exponent = std::find(begin, end, 'e');
-  if (exponent != end) *exponent = 'D';
+  if (exponent != end) *exponent = letter;
   if (std::find(begin, exponent, '.') != exponent) return end;
   std::copy_backward(exponent, end, end + 1);
   *exponent = '.';
@@ -38,12 +38,12 @@ char* make_double_precision_form(char* begin, char* end) {
 }
 
 /// The general way, for any value and precision: as "%G" would, except that nothing depends on the locale.
-char* print_general(char* text, char* limit, double value, int precision) {
+char* print_general(char* text, char* limit, double value, int precision, char letter) {
   char* end = std::to_chars(text, limit, value, std::chars_format::general, precision).ptr;
   if (value > may_round_to_infinity && reads_as_infinity(text, end)) {
     end = std::to_chars(text, limit, value, std::chars_format::general, max_significant_digits).ptr;
   }
-  return make_double_precision_form(text, end);
+  return make_iges_form(text, end, letter);
 }
 
 /// The digits of a number, filled up with zeros to max_significant_digits.
@@ -101,8 +101,8 @@ char* print_with_point(char* text, const Digits& digits, int before) {
   return text + std::max(digits.count, before) + 1;
 }
 
-char* print_exponent(char* text, int exponent) {
-  *text++ = 'D';
+char* print_exponent(char* text, int exponent, char letter) {
+  *text++ = letter;
   *text++ = exponent < 0 ? '-' : '+';
   const int size = std::abs(exponent);
   if (size >= 100) *text++ = static_cast<char>('0' + size / 100);
@@ -111,12 +111,12 @@ char* print_exponent(char* text, int exponent) {
   return text;
 }
 
-char* print_number(char* text, const SignificantDigits& number, int precision) {
+char* print_number(char* text, const SignificantDigits& number, int precision, char letter) {
   constexpr int smallest_fixed_exponent = -4;
   const Digits digits = split_number(number.digits, precision);
   const int exponent = number.exponent;
   if (exponent < smallest_fixed_exponent || exponent >= precision) {
-    return print_exponent(print_with_point(text, digits, 1), exponent);
+    return print_exponent(print_with_point(text, digits, 1), exponent, letter);
   }
   if (exponent >= 0) return print_with_point(text, digits, exponent + 1);
   constexpr std::string_view zeros = "0.000";
@@ -124,9 +124,10 @@ char* print_number(char* text, const SignificantDigits& number, int precision) {
   return print(text + 1 - exponent, digits);
 }
 
-/// Prints a positive value.
-char* print_positive(char* text, char* limit, double value, int precision) {
-  if (precision >= whole_number_digits && value < eight_digit_limit) {
+/// Prints a positive value. Inline, as every real goes this way.
+inline char* print_positive(char* text, char* limit, double value, int precision, char letter) {
+  // Whole numbers need no more digits: the shortest format, -1, takes the way of the largest precisions.
+  if (static_cast<unsigned>(precision) >= whole_number_digits && value < eight_digit_limit) {
     const int whole = static_cast<int>(value);
     if (whole == value) {
       char* const end = print_whole_number(text, static_cast<std::uint32_t>(whole));
@@ -134,12 +135,15 @@ char* print_positive(char* text, char* limit, double value, int precision) {
       return end + 1;
     }
   }
-  precision = std::max(precision, 1);
-  if (precision <= max_significant_digits && value <= may_round_to_infinity) {
-    const SignificantDigits number = significant_digits(value, precision);
-    if (number.digits != 0) return print_number(text, number, precision);
+  SignificantDigits number;
+  if (precision == igsDoubleEncoder::shortest) {
+    number = shortest_digits(value);
+    precision = max_significant_digits;
+  } else if (precision <= max_significant_digits && value <= may_round_to_infinity) {
+    number = significant_digits(value, precision);
   }
-  return print_general(text, limit, value, precision);
+  if (number.digits != 0) return print_number(text, number, precision, letter);
+  return print_general(text, limit, value, precision, letter);
 }
 
 }  // namespace
@@ -160,13 +164,20 @@ char* igsDoubleEncoder::print(char* text, double value) const {
   if (std::isnan(value)) return copy(std::signbit(value) ? "-NAN." : "NAN.");
   if (std::isinf(value)) return copy(value < 0 ? "-INF." : "INF.");
   *text = '-';
-  return print_positive(text + (value < 0 ? 1 : 0), text + max_length, std::abs(value), m_precisions.back());
+  return print_positive(text + (value < 0 ? 1 : 0), text + max_length, std::abs(value), m_precisions.back(),
+                        m_exponent_letter);
 }
 
 void igsDoubleEncoder::push_format(int /*width*/, int precision) {
-  m_precisions.push_back(std::clamp(precision, 0, max_precision));
+  const bool is_shortest = m_always_shortest || precision == shortest;
+  m_precisions.push_back(is_shortest ? shortest : std::clamp(precision, 1, max_precision));
 }
 
 void igsDoubleEncoder::pop_format() {
   if (m_precisions.size() > 1) m_precisions.pop_back();
+}
+
+void igsDoubleEncoder::use_shortest() {
+  m_always_shortest = true;
+  std::fill(m_precisions.begin(), m_precisions.end(), shortest);
 }

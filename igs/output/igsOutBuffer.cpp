@@ -9,13 +9,12 @@
 
 namespace {
 /// 64 kB: what larger blocks save is no longer to be seen.
-constexpr std::ptrdiff_t block_records = 800;
+constexpr int block_records = 800;
 }  // namespace
 
 igsOutBuffer::igsOutBuffer(std::ostream* destination)
     : igsOutBufferPurger(destination),
-      m_block(std::make_unique_for_overwrite<char[]>(
-          static_cast<std::size_t>(block_records * line_length + scratch_length))),
+      m_block(std::make_unique_for_overwrite<char[]>(std::size_t{block_records} * max_line_length + scratch_length)),
       m_line(m_block.get()) {}
 
 igsOutBuffer::~igsOutBuffer() {
@@ -40,10 +39,16 @@ void igsOutBuffer::set_destination(std::ostream* destination) {
     write_out_partial_line();
   } catch (...) {  // the present destination may be gone soon: nothing stays behind for it
     m_line = m_block.get();
+    m_num_waiting = 0;
     m_column = 0;
     throw;
   }
   if (!igsOutBufferPurger::set_destination(destination)) m_frozen = true;
+}
+
+void igsOutBuffer::use_crlf() {
+  write_out_partial_line();
+  igsOutBufferPurger::use_crlf();
 }
 
 int igsOutBuffer::reset() {
@@ -78,9 +83,10 @@ void igsOutBuffer::prepare_for_next_line() {
     m_frozen = true;
     return;
   }
-  m_line[record_length] = '\n';
-  m_line += line_length;
-  if (m_line == m_block.get() + block_records * line_length) write_out_block();
+  m_line += record_length;
+  if (crlf()) *m_line++ = '\r';
+  *m_line++ = '\n';
+  if (++m_num_waiting == block_records) write_out_block();
 }
 
 void igsOutBuffer::write_out_partial_line() {
@@ -91,9 +97,9 @@ void igsOutBuffer::write_out_partial_line() {
 int igsOutBuffer::write_out_block() {
   char* const block = m_block.get();
   const char* const partial_line = m_line;
-  const int count = static_cast<int>((partial_line - block) / line_length);
-  if (count == 0) return m_frozen ? 0 : 1;
+  if (m_num_waiting == 0) return m_frozen ? 0 : 1;
   // Should the destination fail, nothing is left to write, even when no memory is left to note that.
+  const int count = std::exchange(m_num_waiting, 0);
   const int columns = std::exchange(m_column, 0);
   m_line = block;
   m_frozen = true;

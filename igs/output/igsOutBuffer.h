@@ -30,6 +30,7 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
   void set_section(igsFileSection section);
   void set_backpointer(int backpointer);
   void set_destination(std::ostream* destination);
+  void use_crlf();
 
   /// Unfreezes the buffer and writes out a partly filled record. Returns 1; returns 0, and stays frozen, while the
   /// purger's errors have not been collected, after a number was too large, and when writing fails again.
@@ -92,7 +93,8 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
 
   igsOutBufferFormatter m_formatter;
   std::unique_ptr<char[]> m_block;
-  char* m_line;      // in m_block, behind the records that wait
+  char* m_line;  // in m_block, behind the records that wait
+  int m_num_waiting = 0;
   int m_column = 0;  // below the data width; nothing stands from here on
   bool m_frozen = false;
 };

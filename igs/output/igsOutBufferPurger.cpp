@@ -48,7 +48,8 @@ int igsOutBufferPurger::attempt(Action action) {
 }
 
 int igsOutBufferPurger::purge(char* records, int count) {
-  const std::streamsize length = std::streamsize{count} * line_length;
+  const std::streamsize line_length = record_length + (m_crlf ? 2 : 1);
+  const std::streamsize length = count * line_length;
   std::streamsize written = 0;
   const auto write = [&](std::streambuf& buffer) {
     written = buffer.sputn(records, length);

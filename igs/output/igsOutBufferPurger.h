@@ -16,7 +16,9 @@ class IGS_API igsOutBufferPurger {
   igsOutBufferPurger& operator=(const igsOutBufferPurger&) = delete;
   virtual ~igsOutBufferPurger();
 
-  /// Writes `count` records, each of 80 characters and the line feed after them. Returns how many have been
+  /// Lines end in CR LF from now on; before, in LF.
+  void use_crlf() { m_crlf = true; }
+  /// Writes `count` records, each of 80 characters and the end of line after them. Returns how many have been
   /// written whole: on failure less than `count`, the others being cleared to NULs.
   int purge(char* records, int count);
   /// Flushes the present destination, unless it is known to be faulty, and goes on with `destination`. Returns 0 when
@@ -27,6 +29,9 @@ class IGS_API igsOutBufferPurger {
   void collect_errors(igsIOErrorcoDynArr& errors);
   bool has_errors() const { return !m_errors.empty(); }
 
+ protected:
+  bool crlf() const { return m_crlf; }
+
  private:
   template <class Action>
   int attempt(Action action);
@@ -34,4 +39,5 @@ class IGS_API igsOutBufferPurger {
 
   std::ostream* m_destination;
   igsIOErrorcoDynArr m_errors;
+  bool m_crlf = false;
 };

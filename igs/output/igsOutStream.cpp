@@ -60,6 +60,12 @@ void igsOutStream::set_exact(bool exact) { m_state->exact = exact; }
 
 bool igsOutStream::exact() const { return m_state->exact; }
 
+void igsOutStream::set_style(const igsWritingStyle& style) {
+  if (style.shortest_reals) m_state->real.use_shortest();
+  if (style.exponent_letter == igsExponentLetter::e) m_state->real.set_exponent_letter('E');
+  if (style.line_end == igsLineEnd::crlf) m_state->engine.use_crlf();
+}
+
 void igsOutStream::write_field(std::string_view field) {
   m_state->select(m_state->field).encode(field);
   m_state->engine.encode();

@@ -7,6 +7,7 @@
 #include "igs/input/igsFileSection.h"
 #include "igs/input/igsIOError.h"
 #include "igs/support/export.h"
+#include "igs/support/igsWritingStyle.h"
 #include "igs/support/utString.h"
 
 /// The writing side of a file: takes one field after the other and packs them into 80-column records (IGES 5.3,
@@ -55,7 +56,10 @@ class IGS_API igsOutStream {
   /// Fields of fixed width that have been put together already (FixedColumns), as they stand.
   void write_columns(std::string_view columns);
 
-  /// Formats reals with up to `precision` significant digits (0 counts as 1) until the matching pop. `width` is the
+  /// To be given before anything is written. `as_read` counts as the default.
+  void set_style(const igsWritingStyle& style);
+  /// Formats reals with up to `precision` significant digits (0 counts as 1; -1 for the fewest that read back as the
+  /// same double) until the matching pop. `width` is the
   /// column width of the conversion; its padding is dropped again, so it changes nothing. The format in force at first
   /// comes from the options kelOptDoubleFieldWidth and kelOptDoubleGeometricPrecision at construction.
   void push_double_format(int width, int precision);

@@ -8,7 +8,7 @@ coResourceTable::coResourceTable() : m_values{} {
 
 int coResourceTable::store(std::size_t index, double value) {
   const coResourceInfo& row = co_resource::rows[index];
-  if (!(value >= row.minimum && value <= row.maximum)) return 0;
+  if (!(value >= row.minimum && value <= row.maximum) && value != row.also_accepted) return 0;
   if (row.type != coResourceType::real && value != std::floor(value)) return 0;
   m_values[index] = value;
   return 1;

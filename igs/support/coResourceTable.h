@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <limits>
 #include <string_view>
 
 #include "igs/support/export.h"
@@ -11,19 +12,21 @@ enum class coResourceType { real, integer, boolean };
 
 /// One entry of the table: what `igs --set` and the documentation know about a key.
 struct coResourceInfo {
-  std::string_view name;     ///< of the key
-  coResourceType type;       ///< of its values
-  double default_value;      ///< 0 or 1 for an option that is off or on
-  double minimum;            ///< smallest value accepted
-  double maximum;            ///< largest value accepted
-  std::string_view meaning;  ///< for people, in a few words
+  std::string_view name;                                            ///< of the key
+  coResourceType type;                                              ///< of its values
+  double default_value;                                             ///< 0 or 1 for an option that is off or on
+  double minimum;                                                   ///< smallest value accepted
+  double maximum;                                                   ///< largest value accepted
+  std::string_view meaning;                                         ///< for people, in a few words
+  double also_accepted = std::numeric_limits<double>::quiet_NaN();  ///< one more value, out of the range; NaN for none
 };
 
 namespace co_resource {
 inline constexpr double any = 1.7976931348623157e308;
 
 /// Every key, once: code, documentation and the command line read this table. Lengths are in model units, angles in
-/// radians. A double needs at most 17 digits to read back; a field may not be wider than a Parameter Data record.
+/// radians. A double needs at most 17 digits to read back, and -1 stands for the fewest that do; a field may not be
+/// wider than a Parameter Data record.
 inline constexpr std::array<coResourceInfo, 14> rows{{
     {"kelTolZeroLength", coResourceType::real, 1e-6, 0, any, "end points of a line at most this far apart coincide"},
     {"kelTolRadiusDiff", coResourceType::real, 1e-4, 0, any, "largest difference of an arc's radii over their sum"},
@@ -40,9 +43,10 @@ inline constexpr std::array<coResourceInfo, 14> rows{{
     {"kelTolCoincPoint2d", coResourceType::real, 1e-4, 0, any, "points of a witness line closer than this coincide"},
     {"kelOptRigidTransforms", coResourceType::boolean, 0, 0, 1, "repair transformation matrices by making them rigid"},
     {"kelOptDoubleFieldWidth", coResourceType::integer, 24, 1, 60, "width given to the number format of written reals"},
-    {"kelOptDoubleGeometricPrecision", coResourceType::integer, 15, 1, 17, "significant digits of model-space reals"},
+    {"kelOptDoubleGeometricPrecision", coResourceType::integer, 15, 1, 17, "significant digits of model-space reals",
+     -1},
     {"kelOptDoubleParametricPrecision", coResourceType::integer, 15, 1, 17,
-     "significant digits of parameter-space reals"},
+     "significant digits of parameter-space reals", -1},
 }};
 
 consteval std::size_t index_of(std::string_view name, coResourceType type) {

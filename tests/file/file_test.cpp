@@ -187,5 +187,28 @@ TEST(ObjectSystem, NewThingsGoToTheCurrentFile) {
   EXPECT_EQ(std::pair(one.num_entities(), two.num_entities()), std::pair(1, 2));
 }
 
+TEST(File, StyleIsWrittenAsRead) {
+  for (const std::string sample : {"D\n", "E\n", "D\r\n", "e\r\n"}) {
+    const std::string letter = sample.substr(0, 1), capital = letter == "e" ? "E" : letter, end = sample.substr(1);
+    const std::string begin = "110,0.1,-1.7976931348623157", middle = "+308,0.30000000000000004,1.,1.", rest = "+30,";
+    IgesBuilder builder;
+    builder.global(19, letter == "e" ? "1.e-6" : "1.").global(21, "6H,1.E+5").line_end(end);
+    for (int i = 0; i < 900; ++i) builder.line(i);  // more than a block
+    builder.entity(110, 0, begin.substr(4) + letter + middle + letter + rest + "0.");
+    igsFile file;
+    igsFileOptions options;
+    options.style = {true, igsExponentLetter::as_read, igsLineEnd::as_read};
+    file.set_options(options);
+    ASSERT_EQ(read_text(file, builder.text()), 1);
+    std::string text = written(file);
+    for (std::size_t i = 80; end.size() == 2 && i < text.size(); i += 81) {
+      ASSERT_EQ(text.substr(i, 2), end);
+      text.erase(i, 1);
+    }
+    EXPECT_EQ(column_fault(text), "");
+    EXPECT_EQ(records_of(text, 'P').at(900).substr(0, 64), left(begin + capital + middle + capital + rest, 64));
+  }
+}
+
 }  // namespace
 }  // namespace igs_test

@@ -2,6 +2,7 @@
 // written of them: cases/file.case, global.case and directory.case.
 #include <gmock/gmock.h>
 
+#include <cstring>
 #include <cmath>
 #include <iterator>
 #include <random>
@@ -209,6 +210,58 @@ TEST_F(Sections, UnitsHaveNamesAndLengths) {
   EXPECT_EQ(igsUnits::type("IN"), 1);
   EXPECT_EQ(igsUnits::convert_between_units(5, 7), 1.609344) << "exactly";
   for (const char* name : {"", "in", " MM", "INCHES"}) EXPECT_EQ(igsUnits::type(name), 0) << name;
+  EXPECT_EQ(igsUnits::name(igs_unset_int), "UNKNOWN");
+  for (const char* name : {"", "in", "Inch", " MM", "MM ", "INCHES"}) EXPECT_EQ(igsUnits::type(name), 0) << name;
+}
+
+TEST_F(Sections, UnitsNamesAreUnderstoodWhenAskedFor) {
+  for (const char* line : {"1 in. Inches ins", "2 mm. Millimetres", "4 ft FEET", "5 miles", "6 metre.", "7 km",
+                           "8 mils", "9 Micron um", "10 centimeters", "11 uin MicroInches", "0 . mm.. mmm i.n"}) {
+    const Strings names = words(line);
+    for (std::size_t i = 1; i < names.size(); ++i)
+      EXPECT_EQ(std::to_string(igsUnits::recognised("  " + names[i] + ' ')), names[0]) << names[i];
+  }
+  const std::string said = "; igsGlobalSectionReadUnitsName ", section = "; igsGlobalSection";
+  const struct {
+    const char *flag, *name;
+    bool recover;
+    std::string expected;  // units and errors, and the units when all is repaired
+  } cases[] = {{"1", "Inches", true, "1 INCH" + said + "Inches,INCH => 1 INCH"},
+               {"3", "mm.", true, "2 MM" + said + "mm.,MM => 2 MM"},
+               {"", "feet", true, "4 FT" + section + "IllegalDefault 14,2" + said + "feet,FT => 4 FT"},
+               {"77", "metre", true, "77 M" + said + "metre,M" + section + "InvalidUnitsFlag 77 => 6 M"},
+               {"2", "feet", true, "2 feet" + section + "UnitNameTypeMismatch 2,feet => 2 MM"},
+               {"3", "KM", true, "3 KM => 3 KM"},
+               {"1", "Inches", false, "1 Inches" + section + "UnitNameTypeMismatch 1,Inches => 1 INCH"}};
+  for (const auto& c : cases) {
+    igsFile file;
+    igsFileOptions options;
+    options.recover = c.recover;
+    file.set_options(options);
+    read_text(file, IgesBuilder().global(14, c.flag).global(15, std::to_string(std::strlen(c.name)) + "H" + c.name).text());
+    const auto units = [&u = file.global_section().units()] { return std::to_string(u.type()) + ' ' + u.name(); };
+    file.check();
+    std::string told = units();
+    for (const std::string& error : active_errors(file)) told += "; " + error;
+    file.clean(0);
+    EXPECT_EQ(told + " => " + units(), c.expected);
+    EXPECT_THAT(active_errors(file), testing::IsEmpty());
+  }
+}
+
+TEST_F(Sections, DirectoryAttributeIsANumberOrAPointer) {
+  igsFile file;
+  auto* const definition = new igs116;
+  for (const int number : {0, 1, 37, 99999999}) {
+    const igsLevel level(number);
+    EXPECT_TRUE(level.predefined_colour() && level.level() == number && level.field() == number) << number;
+  }
+  const igsColour colour(-1);
+  EXPECT_EQ(colour.definition().object(), definition);
+  EXPECT_TRUE(!colour.predefined_colour() && colour.colour_value() == 0 && colour.field() == -1);
+  for (const int nowhere : {-2, -INT_MAX, INT_MIN}) EXPECT_EQ(igsLineFont(nowhere).field(), 0) << nowhere;
+  delete definition;
+  EXPECT_TRUE(colour.predefined_colour());
 }
 
 TEST_F(Sections, DirectoryEntryBecomesAnotherButForItsOwner) {

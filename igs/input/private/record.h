@@ -4,8 +4,8 @@
 
 /// The fixed columns of an IGES record (IGES 5.3, section 2.2). Widths in characters, offsets 0-based.
 inline constexpr int record_length = 80;
-/// A record and its end of line, as they are written.
-inline constexpr int line_length = record_length + 1;
+/// A record and the longest end of line that is written, CR LF.
+inline constexpr int max_line_length = record_length + 2;
 /// Data columns of every section but Parameter Data.
 inline constexpr int data_columns = 72;
 /// Data columns of a Parameter Data record; column 65 stays blank, the back-pointer fills columns 66 to 72.

@@ -4,8 +4,10 @@
 
 #include "igs/output/private/significantDigits.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
+#include <charconv>
 #include <cstddef>
 
 #include "igs/support/private/powersOfTen.h"
@@ -85,3 +87,20 @@ SignificantDigits significant_digits(double value, int count) {
 SignificantDigits significant_digits(double, int) { return {}; }
 
 #endif
+
+SignificantDigits shortest_digits(double value) {
+  std::array<char, max_significant_digits + 8> text;
+  const char* const end =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific).ptr;
+  const char* const exponent = std::find<const char*>(text.data(), end, 'e');
+  SignificantDigits number;
+  int missing = max_significant_digits;
+  for (const char* c = text.data(); c != exponent; ++c) {
+    if (*c == '.') continue;
+    number.digits = number.digits * 10 + static_cast<std::uint64_t>(*c - '0');
+    --missing;
+  }
+  for (; missing > 0; --missing) number.digits *= 10;
+  std::from_chars(exponent + (exponent[1] == '+' ? 2 : 1), end, number.exponent);
+  return number;
+}

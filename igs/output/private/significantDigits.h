@@ -15,3 +15,6 @@ inline constexpr int max_significant_digits = 17;
 /// digits, 0, where 128 bits of precision do not tell on which side of a tie the value lies, which hardly ever happens
 /// except with real ties, and where the compiler has no 128-bit integers: the general conversion has to decide then.
 SignificantDigits significant_digits(double value, int count);
+
+/// The fewest digits that read back as `value` (positive and finite), zeros behind them up to max_significant_digits.
+SignificantDigits shortest_digits(double value);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <limits>
 #include <new>
 #include <sstream>
 #include <utility>
@@ -71,8 +72,12 @@ class Summary {
 
  private:
   static int written_digits() {
-    const coResourceTable& table = kel_resource_table_inquire();
-    return std::min(table.value(kelOptDoubleGeometricPrecision), table.value(kelOptDoubleParametricPrecision));
+    // The shortest reals, -1, are exact.
+    const auto digits = [](intcoResourceKey key) {
+      const int precision = kel_resource_table_inquire().value(key);
+      return precision < 0 ? std::numeric_limits<double>::max_digits10 : precision;
+    };
+    return std::min(digits(kelOptDoubleGeometricPrecision), digits(kelOptDoubleParametricPrecision));
   }
 
   Model m_before;

@@ -63,6 +63,7 @@ Rows section_texts() {
        "The flag that the units name stands for is taken; millimetres when the name is unknown, too."},
       {"UnitNameTypeMismatch", "parameter 15, the units name, is {1}, which is not the unit of flag {0}",
        "The flag decides: the name is set to the flag's."},
+      {"ReadUnitsName", "parameter 15, the units name, is {0}, which was taken for {1}", "The standard name is kept."},
       {"UserDefinedUnits", "the units are defined by their name alone"},
       {"InvalidMaxNumLineWeightGrads", "parameter 16, the number of line weights, is outside 1 to 32768; {0} was taken",
        "The nearest limit is kept."},
