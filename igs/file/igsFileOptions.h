@@ -9,4 +9,8 @@ struct igsFileOptions {
   /// (field 3 of a directory entry) is a reference then. While texts that may hold DE numbers are among what was kept,
   /// writing leaves every entity of the input its DE number and writes a null entity in the place of one that went.
   bool keep = false;
+
+  /// Lines of form 1 (semi-bounded) and form 2 (unbounded) are read as such (igs110). Without it they become lines of
+  /// form 0, as igsFileDefaultedForm reports.
+  bool unbounded_lines = false;
 };
