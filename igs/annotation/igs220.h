@@ -9,7 +9,8 @@ class IGS_API igs220 : public igsEntity<igs220, "igs220", igsDimension> {
 
   const igsObjectPtr& leader() const { return m_leader; }
   void set_leader(const igsObjectPtr& leader) { m_leader = leader; }
-  /// What encloses the note: an igs100, igs102 or igsSimpleClosedPlanarCurve; null where nothing does.
+  /// What encloses the note: an igs100, igs102, igsSimpleClosedPlanarCurve or the igsPolyline that such a curve
+  /// has been made; null where nothing does.
   const igsObjectPtr& geometry() const { return m_geometry; }
   void set_geometry(const igsObjectPtr& geometry) { m_geometry = geometry; }
 

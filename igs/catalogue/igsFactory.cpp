@@ -82,6 +82,7 @@ struct Registration {
   int min_form;
   int max_form;
   igsObject* (*make_prototype)();
+  bool igsFileOptions::*option = nullptr;
 };
 
 template <class Entity>
@@ -89,8 +90,10 @@ igsObject* make() {
   return new Entity;
 }
 
+constexpr auto unbounded_lines = &igsFileOptions::unbounded_lines;
+
 // Every concrete entity class of the library: type, first and last form, class. A type or form that stands in no row is
-// read as igsUnknown.
+// read as igsUnknown; so is one whose row names an option that the file was not asked for.
 constexpr Registration registrations[] = {
     {-1, -INT_MAX, INT_MAX, make<igsUnknown>},        //
     {0, -INT_MAX, INT_MAX, make<igsNull>},            //
@@ -105,6 +108,7 @@ constexpr Registration registrations[] = {
     {106, 63, 63, make<igsSimpleClosedPlanarCurve>},  //
     {108, -1, 1, make<igs108>},                       //
     {110, 0, 0, make<igs110>},                        //
+    {110, 1, 2, make<igs110>, unbounded_lines},       //
     {112, 0, 0, make<igs112>},                        //
     {114, 0, 0, make<igs114>},                        //
     {116, 0, 0, make<igs116>},                        //
@@ -193,7 +197,7 @@ ShopRegistry& registry(bool& making_prototypes) {
     auto made = std::make_unique<ShopRegistry>();
     for (const Registration& row : registrations) {
       prototypes.emplace_back(row.make_prototype());
-      (*made)[row.type].emplace_back(row.min_form, row.max_form, prototypes.back().get());
+      (*made)[row.type].emplace_back(row.min_form, row.max_form, prototypes.back().get(), row.option);
     }
     for (auto& prototype : prototypes) static_cast<void>(prototype.release());  // the registry's from now on
     return made.release();
@@ -207,11 +211,11 @@ igsFactory::igsFactory(igsEntityType type, int min_form, int max_form, igsObject
   if (prototype->manager() != nullptr) prototype->file().release_prototype(prototype);
 }
 
-igsObject* igsFactory::make_one(igsEntityType type, int form) {
+igsObject* igsFactory::make_one(igsEntityType type, int form, const igsFileOptions& options) {
   const ShopRegistry& shops = registry(m_making_prototypes);
   if (const auto found = shops.find(type); found != shops.end()) {
     for (const igsFactoryShop& shop : found->second) {
-      if (shop.min_form_number() <= form && form <= shop.max_form_number()) return shop.object()->make_one();
+      if (shop.sells(form, options)) return shop.object()->make_one();
     }
   }
   return new igsUnknown;

@@ -441,6 +441,10 @@ constexpr FlagRow draft_rows[] = {
     {7, "JIS - Japanese Institute for Standardization"},
 };
 
+/// What a file may be asked for (igsFileOptions::unbounded_lines).
+constexpr int line_type = 110;
+constexpr FormRow line_forms[] = {{0, 0, "Bounded"}, {1, 1, "Semi-bounded"}, {2, 2, "Unbounded"}};
+
 /// The tables as records, with the names as strings. Built when the first question is asked and never destroyed, so
 /// that a question may come from the constructor or the destructor of any static object.
 class Records {
@@ -455,6 +459,9 @@ class Records {
     if (type < first_type || type > last_type) return nullptr;
     return m_by_type[static_cast<std::size_t>(type - first_type)];
   }
+
+  /// The line with all its forms.
+  const igsEntityInfo& unbounded_lines() const { return m_unbounded_lines; }
 
   const utString* units(int flag) const { return find(m_units, units_rows[0].flag, flag); }
   const utString* version(int flag) const { return find(m_versions, version_rows[0].flag, flag); }
@@ -476,6 +483,9 @@ class Records {
       }
       m_by_type[static_cast<std::size_t>(row.type - first_type)] = &info;
     }
+    for (const FormRow& form : line_forms) {
+      m_unbounded_lines.add_form(new igsFormInfo(form.min_form, form.max_form, form.name, 0, 0));
+    }
   }
 
   static std::vector<utString> names(std::span<const FlagRow> rows) {
@@ -490,11 +500,17 @@ class Records {
   }
 
   std::vector<igsEntityInfo> m_entities;
+  igsEntityInfo m_unbounded_lines{"Line", 0};
   std::array<const igsEntityInfo*, last_type - first_type + 1> m_by_type{};
   std::vector<utString> m_units, m_versions, m_drafts;  // by flag, without gaps
 };
 
 const igsEntityInfo* find_entity(int type) { return Records::instance().entity(type); }
+
+const igsEntityInfo* find_entity(int type, const igsFileOptions& options) {
+  const bool unbounded_lines = options.unbounded_lines && type == line_type;
+  return unbounded_lines ? &Records::instance().unbounded_lines() : find_entity(type);
+}
 
 const utString& name_or_empty(const utString* name) { return name != nullptr ? *name : Records::instance().no_name; }
 
@@ -538,13 +554,17 @@ const utString& igsInfoDB::entity_name(int type) {
   return name_or_empty(info != nullptr ? &info->entity_name() : nullptr);
 }
 
-bool igsInfoDB::form_exists(int type, int form) {
-  const igsEntityInfo* info = find_entity(type);
+bool igsInfoDB::form_exists(int type, int form) { return form_exists(type, form, {}); }
+
+bool igsInfoDB::form_exists(int type, int form, const igsFileOptions& options) {
+  const igsEntityInfo* info = find_entity(type, options);
   return info != nullptr && info->form_exists(form);
 }
 
-const utString& igsInfoDB::form_name(int type, int form) {
-  const igsEntityInfo* info = find_entity(type);
+const utString& igsInfoDB::form_name(int type, int form) { return form_name(type, form, {}); }
+
+const utString& igsInfoDB::form_name(int type, int form, const igsFileOptions& options) {
+  const igsEntityInfo* info = find_entity(type, options);
   return name_or_empty(info != nullptr ? &info->form_info(form).form_name() : nullptr);
 }
 

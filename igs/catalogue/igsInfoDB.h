@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "igs/file/igsFileOptions.h"
 #include "igs/support/export.h"
 #include "igs/support/utString.h"
 
@@ -65,6 +66,11 @@ class IGS_API igsInfoDB {
   /// and the null entity (0) have every form above INT_MIN. False for a type that does not exist.
   static bool form_exists(int type, int form);
   static const utString& form_name(int type, int form);
+  /// As above, for files that are asked for more: with igsFileOptions::unbounded_lines the line (110) has the forms 0,
+  /// 1 and 2.
+  static bool form_exists(int type, int form, const igsFileOptions& options);
+  /// The same for the name.
+  static const utString& form_name(int type, int form, const igsFileOptions& options);
   /// Entity name and form name as "Conic Arc(Ellipse)".
   static utString entity_form_name(int type, int form);
   /// Sets `form` to the type's default form and `found` to 1; both to 0 when the type does not exist or has no default.

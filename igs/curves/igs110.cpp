@@ -2,9 +2,12 @@
 
 #include "igs/curves/igs110_errors.h"
 #include "igs/fields/igsEntityFields.h"
+#include "igs/file/igsDirectoryEntry.h"
 #include "igs/support/coResourceTable.h"
 
 igs110::igs110() { set_directory_entry_type(igsEntity110, 0); }
+
+int igs110::form() const { return directory_entry().form_number(); }
 
 int igs110::set_start_point(const giPoint3& start) {
   if (!start.is_undefined()) m_start_point = start;

@@ -12,6 +12,7 @@ class IGS_API igs110CoincidentPoints
     : public igsErrorClass<igs110CoincidentPoints, "igs110CoincidentPoints", igsObjectError, double> {
  public:
   using igsErrorClass::igsErrorClass;
-  /// Replaces the line in its file by a polyline through the same two points, which may coincide.
+  /// Replaces the line in its file by a polyline through the same two points, which may coincide. 0 for a line without
+  /// ends: its direction is lost.
   int fix() override;
 };

@@ -3,6 +3,7 @@
 #include "igs/curves/igs110.h"
 #include "igs/curves/igsPointset.h"
 #include "igs/curves/igsPolyline.h"
+#include "igs/curves/igsSimpleClosedPlanarCurve.h"
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/objects/igsCast.h"
 
@@ -12,6 +13,12 @@ namespace {
 igsPolyline* new_polyline_like(const igsObject& object) {
   auto* const polyline = new igsPolyline;
   polyline->directory_entry().become(object.directory_entry());
+  return polyline;
+}
+
+igsPolyline* new_polyline_like(const igsObject& object, const igsCopiousData& data) {
+  igsPolyline* const polyline = new_polyline_like(object);
+  polyline->set_data(data);
   return polyline;
 }
 }  // namespace
@@ -27,7 +34,7 @@ igsObject* igsConvert::to_polyline(const igsObject* object) {
 
 igsObject* igsConvert::line_to_polyline(const igsObject* object) {
   const igs110* const line = igs_cast<igs110>(object);
-  if (line == nullptr) return nullptr;
+  if (line == nullptr || !line->is_bounded()) return nullptr;
   igsPolyline* const polyline = new_polyline_like(*line);
   polyline->set_size(igsCopiousData::spatial, 2);
   polyline->set_point(0, line->start_point());
@@ -38,7 +45,10 @@ igsObject* igsConvert::line_to_polyline(const igsObject* object) {
 igsObject* igsConvert::pointset_to_polyline(const igsObject* object) {
   const igsPointset* const pointset = igs_cast<igsPointset>(object);
   if (pointset == nullptr || pointset->layout() == igsCopiousData::with_vectors) return nullptr;
-  igsPolyline* const polyline = new_polyline_like(*pointset);
-  polyline->set_data(*pointset);
-  return polyline;
+  return new_polyline_like(*pointset, *pointset);
+}
+
+igsObject* igsConvert::closed_curve_to_polyline(const igsObject* object) {
+  const auto* const curve = igs_cast<igsSimpleClosedPlanarCurve>(object);
+  return curve != nullptr ? new_polyline_like(*curve, *curve) : nullptr;
 }

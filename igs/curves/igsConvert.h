@@ -16,4 +16,7 @@ class IGS_API igsConvert {
   static igsObject* line_to_polyline(const igsObject* object);
   /// Null for sextuples, which a polyline's points alone cannot hold.
   static igsObject* pointset_to_polyline(const igsObject* object);
+  /// An igsSimpleClosedPlanarCurve as a polyline through the same points: form 11, or 12 or 13 where they have no
+  /// common z.
+  static igsObject* closed_curve_to_polyline(const igsObject* object);
 };

@@ -4,6 +4,7 @@
 
 int igsPlanarPoints::set_size(int count) {
   if (count < 0) return 0;
+  m_dimensionality = planar;
   clear(planar);
   resize(static_cast<std::size_t>(count));
   return 1;
@@ -18,9 +19,17 @@ void igsPlanarPoints::remove_last_point() {
   if (size() > 0) resize(size() - 1);
 }
 
-void igsPlanarPoints::flatten() {
-  if (m_dimensionality == planar) return;
-  m_told_dimensionality = std::exchange(m_dimensionality, planar);
+bool igsPlanarPoints::has_common_z() const {
+  for (int i = 1; layout() != planar && i < number_of_points(); ++i) {
+    if (!is_point_undefined(i) && point(i).z() != point(0).z()) return false;
+  }
+  return true;
+}
+
+void igsPlanarPoints::flatten(bool keeps_space) {
+  m_told_dimensionality = m_dimensionality;
+  if (keeps_space && !has_common_z()) return;
+  m_dimensionality = planar;
   if (layout() == planar) return;
   const igsCopiousData spatial_data = std::move(static_cast<igsCopiousData&>(*this));
   set_size(spatial_data.number_of_points());

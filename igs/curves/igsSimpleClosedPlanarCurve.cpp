@@ -12,7 +12,13 @@ void igsSimpleClosedPlanarCurve::check_pd() const {
   if (number_of_points() < 3) {
     tag<igsSimpleClosedPlanarCurveTooFewPoints>(number_of_points());
   } else if (!is_point_undefined(0) && !is_point_undefined(number_of_points() - 1)) {
-    const double gap = planar_point(0).distance(planar_point(number_of_points() - 1));
-    if (gap > kel_resource_table_inquire().value(kelTolClosureCurve3d)) tag<igsSimpleClosedPlanarCurveNotClosed>(gap);
+    const double distance = gap();
+    const double tolerance = kel_resource_table_inquire().value(kelTolClosureCurve3d);
+    if (distance > tolerance) tag<igsSimpleClosedPlanarCurveNotClosed>(distance);
   }
+}
+
+double igsSimpleClosedPlanarCurve::gap() const {
+  const int last = number_of_points() - 1;
+  return layout() == planar ? planar_point(0).distance(planar_point(last)) : point(0).distance(point(last));
 }

@@ -3,7 +3,7 @@
 #include "igs/curves/igsSimpleClosedPlanarCurve.h"
 #include "igs/errors/igsErrorClass.h"
 
-// See igsPlanarPointsErrors.
+// See igsPlanarPointsErrors; the repair of the first is igs_settle_dimensionality.
 
 using igsSimpleClosedPlanarCurveInvalidDimensionality = igsSimpleClosedPlanarCurveErrors::InvalidDimensionality;
 using igsSimpleClosedPlanarCurveInvalidZLevel = igsSimpleClosedPlanarCurveErrors::InvalidZLevel;
@@ -19,6 +19,7 @@ class IGS_API igsSimpleClosedPlanarCurveNotClosed
                            double> {
  public:
   using igsErrorClass::igsErrorClass;
-  /// Puts a copy of the first point behind the last one. 0 when there is no such curve any more.
+  /// Replaces the curve in its file by a polyline through the same points: no piece is added. 0 when there is no such
+  /// curve any more.
   int fix() override;
 };

@@ -222,6 +222,10 @@ int igsFile::replace_entity(igsObject* old, igsObject* replacement) {
   while (++pointers) references.push_back(pointers());
   for (igsObjectPtr* const reference : references) *reference = igsObjectPtr(replacement);
 
+  if (auto kept = m_kept.extract(old->manager())) {
+    kept.key() = manager;
+    m_kept.insert(std::move(kept));
+  }
   const int slot = old->manager()->system_location();
   delete old;
   slot < m_num_fixed_slots ? --m_num_holes : (m_free_slots.pop_back(), 0);  // the slot that the deletion has just freed

@@ -93,8 +93,9 @@ class IGS_API igsFile {
   /// Checks, repairs what can be repaired and, when `delete_faulty` is not 0, deletes the entities that still have
   /// logged errors.
   void clean(int delete_faulty);
-  /// Makes `replacement` take over the DE number of `old` and every pointer to it, deletes `old` and returns 1. Refuses
-  /// with 0, nothing changed, unless these are two entities of this file.
+  /// Makes `replacement` take over the DE number of `old`, every pointer to it and, unless it has its own, what was
+  /// kept beside its fields, deletes `old` and returns 1. Refuses with 0, nothing changed, unless these are two
+  /// entities of this file.
   int replace_entity(igsObject* old, igsObject* replacement);
 
   const utString& pathname() const { return m_pathname; }

@@ -26,6 +26,9 @@ struct igsFileOptions {
   /// How the file is written. What is to be as in the input (`as_read`) is noted by reading, which puts what it has met
   /// in its place here; where it has met none, and in a file that was not read, it is as by default.
   igsWritingStyle style = {};
+  /// Lines of form 1 (semi-bounded) and form 2 (unbounded) are read as such (igs110). Without it they become lines of
+  /// form 0, as igsFileDefaultedForm reports.
+  bool unbounded_lines = false;
 
   /// Whether the records of entities have to be at hand as they stand.
   bool needs_records() const { return keep || strict; }

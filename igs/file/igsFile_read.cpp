@@ -3,6 +3,7 @@
 #include <new>
 #include <string_view>
 
+#include "igs/catalogue/igsFactory.h"
 #include "igs/catalogue/igsInfoDB.h"
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile.h"
@@ -158,7 +159,7 @@ using DirectoryFields = igsDirectoryFields<utString>;
 constexpr int unknown_type = -1;
 
 /// The type and form that the entity is made for: type -1 for what no class can stand for.
-void settle_type(DirectoryFields& fields, int location) {
+void settle_type(DirectoryFields& fields, int location, const igsFileOptions& options) {
   if (fields.type != fields.second_type) {
     igs_report<igsFileDEEntityTypeMismatch>(location, fields.type, fields.second_type);
     fields.type = unknown_type;
@@ -168,7 +169,7 @@ void settle_type(DirectoryFields& fields, int location) {
     fields.type = unknown_type;
     return;
   }
-  if (igsInfoDB::form_exists(fields.type, fields.form)) return;
+  if (igsInfoDB::form_exists(fields.type, fields.form, options)) return;
   int default_form = 0;
   int found = 0;
   igsInfoDB::default_form_number(fields.type, default_form, found);
@@ -196,10 +197,10 @@ int igsFile::read_directory_entry(igsInStream& in) {
   if (reader.lost_second_record()) return lose_entry(), in.fatal_error() == 0 ? 1 : 0;
   const std::pair<int, int> type_in_file(fields.type, fields.form);
   const bool one_type = fields.type == fields.second_type;
-  settle_type(fields, location);
+  settle_type(fields, location, m_options);
   if (reader.has_nul()) tag_error(new igsFileDENullCharacters(location));
 
-  igsObject* const object = igsObject::create(static_cast<igsEntityType>(fields.type), fields.form);
+  igsObject* const object = igsFactory::make_one(static_cast<igsEntityType>(fields.type), fields.form, m_options);
   object->directory_entry().take(fields);
   if (object->isa(igsUnknown::type())) {
     static_cast<igsUnknown*>(object)->set_type_in_file(type_in_file.first, type_in_file.second);

@@ -29,7 +29,7 @@ inline constexpr double any = 1.7976931348623157e308;
 /// wider than a Parameter Data record.
 inline constexpr std::array<coResourceInfo, 14> rows{{
     {"kelTolZeroLength", coResourceType::real, 1e-6, 0, any, "end points of a line at most this far apart coincide"},
-    {"kelTolRadiusDiff", coResourceType::real, 1e-4, 0, any, "largest difference of an arc's radii over their sum"},
+    {"kelTolRadiusDiff", coResourceType::real, 1e-3, 0, any, "largest difference of an arc's radii over their sum"},
     {"kelTolCoincBreakPoints", coResourceType::real, 1e-8, 0, any, "distinct knots closer than this are too close"},
     {"kelTolCoincWeights", coResourceType::real, 1e-8, 0, any, "weights at most this far apart count as equal"},
     {"kelTolMinValue", coResourceType::real, 1e-6, 0, any,

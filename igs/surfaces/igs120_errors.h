@@ -40,6 +40,10 @@ class IGS_API igs120AngleRangeTooLarge
     : public igsErrorClass<igs120AngleRangeTooLarge, "igs120AngleRangeTooLarge", igsObjectError, double, double> {
  public:
   using igsErrorClass::igsErrorClass;
-  /// Makes it a full turn; 0 for a start angle that is too large to tell one.
+  /// Makes it a full turn that begins where it did, or later, as much as it must to hold the curves that trim the
+  /// surface (their angle is the second parameter; curves that are not known to lie anywhere are passed over). 0 for a
+  /// start angle that is too large to tell a turn, and for curves that take more than one.
+  ///
+  /// In a run of the fixer the curves of the file are looked at once, otherwise for each repair.
   int fix() override;
 };

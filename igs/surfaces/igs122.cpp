@@ -15,7 +15,7 @@ using DirectrixTest = igsReferenceTest<igs122NullDirectrix, igs122WrongDirectrix
 // Undefined for what has none, for curves that would have to be evaluated, and for those moved by a matrix.
 giPoint3 start_point(const igsObject& curve) {
   if (curve.directory_entry().matrix().object() != nullptr) return {};
-  if (const igs110* const line = igs_cast<igs110>(&curve)) return line->start_point();
+  if (const igs110* const line = igs_cast<igs110>(&curve)) return line->has_start() ? line->start_point() : giPoint3();
   const igsPolyline* const polyline = igs_cast<igsPolyline>(&curve);
   if (polyline == nullptr || polyline->is_point_undefined(0)) return {};
   if (polyline->layout() != igsCopiousData::planar) return polyline->point(0);

@@ -7,11 +7,14 @@
 #include <memory>
 
 #include "iges_builder.h"
+#include "igs/catalogue/igsInfoDB.h"
 #include "igs/curves/igs110.h"
 #include "igs/curves/igs116.h"
+#include "igs/curves/igsConvert.h"
 #include "igs/file/igsFile_errors.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsCurve.h"
+#include "igs/objects/igsKeptParts.h"
 #include "objects/test_node.h"
 
 namespace igs_test {
@@ -78,6 +81,7 @@ TEST(File, ReplacementTakesOverNumberAndReferences) {
   const igsObjectPtr pointer(1), to_point(5), to_other(other);
   auto* replacement = new Node;
   const igsObjectPtr direct(replacement);
+  file.make_kept_parts(*old).comment = "kept";
   EXPECT_EQ(file.replace_entity(old, nullptr) + file.replace_entity(nullptr, old) + file.replace_entity(old, old), 0);
   {
     igsFile elsewhere;
@@ -90,6 +94,37 @@ TEST(File, ReplacementTakesOverNumberAndReferences) {
   for (const igsObjectPtr* p : {&pointer, &direct, &point->display_symbol()}) EXPECT_EQ(p->object(), replacement);
   EXPECT_EQ(std::pair(to_point.object(), to_other.object()), (std::pair<igsObject*, igsObject*>(point, other)));
   EXPECT_EQ(std::pair(replacement->num_references(), file.num_entities()), std::pair(3, 3));
+  ASSERT_NE(file.kept_parts(*replacement), nullptr);
+  EXPECT_EQ(file.kept_parts(*replacement)->comment, "kept");
+}
+
+TEST(File, LinesWithoutEndsByOption) {
+  IgesBuilder builder;
+  for (const int form : {0, 1, 2, 3}) builder.entity(110, form, "1.,2.,3.,4.,5.,6.");
+  for (const int form : {1, 2}) builder.entity(110, form, "1.,2.,3.,1.,2.,3.");
+  for (const int directrix : {3, 5}) builder.entity(122, 0, std::to_string(directrix) + ",1.,2.,3.");
+  igsFile file;
+  file.set_options({.unbounded_lines = true});
+  ASSERT_EQ(read_text(file, builder.text()), 1);
+  const auto line = [&file](int de) { return static_cast<const igs110*>(file.entity(de)); };
+  EXPECT_TRUE(line(1)->is_bounded() && line(3)->has_start() && line(7)->is_bounded());
+  EXPECT_FALSE(line(3)->is_bounded() || line(5)->is_bounded() || line(5)->has_start());
+  EXPECT_NE(igsConvert::to_curve(line(7)), nullptr);
+  for (const int de : {3, 5}) EXPECT_EQ(igsConvert::to_curve(line(de)), nullptr) << de;
+  file.clean(0);
+  EXPECT_THAT(active_errors(file), ElementsAre("igs110CoincidentPoints 9 1e-06", "igs110CoincidentPoints 11 1e-06",
+                                               "igs122CoincidentPoints 13 1e-06", "igsFileDefaultedForm 7 110,3"));
+  igsFile again, plain;
+  again.set_options(file.options());
+  const std::string text = written(file);
+  ASSERT_EQ(read_text(again, text) + read_text(plain, text), 2);
+  EXPECT_EQ(written(again), text);
+  for (const int de : {3, 5}) {
+    EXPECT_EQ(again.entity(de)->directory_entry().form_number(), de / 2);
+    EXPECT_EQ(plain.entity(de)->directory_entry().form_number(), 0);
+  }
+  EXPECT_EQ(igsInfoDB::form_name(110, 2, file.options()), "Unbounded");
+  EXPECT_FALSE(igsInfoDB::form_exists(110, 3, file.options()) || igsInfoDB::form_exists(110, 2, {}));
 }
 
 TEST(File, IteratorsPassOverWhatTheyShould) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <unordered_map>
+#include <utility>
 
 #include "igs/objects/igsObjectPtr.h"
 
@@ -28,6 +30,12 @@ class igsRepairRun {
   void converted(int de, igsObject* conversion, std::size_t bytes);
   /// The entity is gone.
   void forget(int de) { m_shared.erase(de); }
+
+  /// Least and largest value of a parameter, and where it lies on the surfaces by their DE numbers.
+  using Range = std::pair<double, double>;
+  using Ranges = std::unordered_map<int, Range>;
+  /// In which angles the curves lie that trim surfaces of revolution; unset until a repair has asked for one of them.
+  std::optional<Ranges> trimmed_angles;
 
  private:
   static igsRepairRun* m_current;

@@ -6,9 +6,9 @@ Rows annotation_texts() {
   constexpr std::string_view with_leader = "The leader is repaired; if that fails, nothing is changed.";
   constexpr std::string_view with_curve = "The curve is repaired; if that fails, nothing is changed.";
   constexpr std::string_view without_missing = "All missing ones are taken out of the list.";
-  const Rows flat{{"InvalidDimensionality", "@'s dimensionality is {0}; it has to be 1",
-                   "It is made 1; of points in space, x and y are kept."},
-                  {"InvalidZLevel", "@'s plane height is undefined"}};
+  constexpr std::string_view not_flat = "@'s dimensionality is {0}; it has to be 1";
+  const Rows level{"InvalidZLevel", "@'s plane height is undefined"};
+  const Rows flat{{"InvalidDimensionality", not_flat, "It is made 1; of points in space, x and y are kept."}, level};
   const Rows point{"InvalidPoint", "point {#0} is undefined"};
   const Rows pairs_of_points{{"BadNumPoints", "@ cannot have {0} points, or the record cannot hold them",
                               "Of an odd number of 3 or more, the last point is dropped; others are not repaired."},
@@ -33,11 +33,14 @@ Rows annotation_texts() {
        "It is accepted as suppressed; nothing is changed."},
       {"NotCollinear", "point {#0} is {1} away from the line through @'s first and last point",
        "It is accepted; nothing is changed."},
-      Rows{entity("igsSimpleClosedPlanarCurve", "the closed planar curve"), flat},
+      entity("igsSimpleClosedPlanarCurve", "the closed planar curve"),
+      {"InvalidDimensionality", not_flat,
+       "It is made 1; where the points have no common z, the curve is made a polyline through them."},
+      level,
       {"BadNumPoints", "the record cannot hold {0} points; the entity was left out"},
       point,
       {"TooFewPoints", "@ has fewer than 3 points: {0}"},
-      {"NotClosed", "@'s ends are {0} apart", "A copy of the first point is put behind the last one."},
+      {"NotClosed", "@'s ends are {0} apart", "The curve is made a polyline through the same points."},
       Rows{entity("igs202", "the angular dimension"), note, witness_lines, leader1, leader2},
       {"InvalidVertex", "@'s vertex is undefined"},
       {"InvalidRadius", "the radius of the dimension's leaders is {0}; it has to be above 0"},

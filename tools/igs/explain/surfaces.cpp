@@ -25,7 +25,7 @@ Rows surface_texts() {
       {"AnglesOutOfSequence", "the terminate angle {1} is below the start angle {0}",
        "Full turns are added to the terminate angle."},
       {"AngleRangeTooLarge", "from the start angle {0} to the terminate angle {1} it is more than a full turn",
-       "The terminate angle becomes the start angle plus a full turn."},
+       "The range becomes a full turn in which the curves that trim the surface lie."},
       entity("igs122"),
       reference("Directrix", "the directrix", "is not a curve", {"The directrix is repaired.", made_polyline}),
       {"InvalidTerminatePoint", "the terminate point is undefined"},
