@@ -17,7 +17,7 @@
 
 namespace {
 // operator new notes here where the next file will stand.
-void* newest_on_heap = nullptr;
+constinit thread_local void* newest_on_heap = nullptr;
 
 std::size_t index(int slot) { return static_cast<std::size_t>(slot); }
 }  // namespace
@@ -73,8 +73,6 @@ igsObject* igsFile::entity(int de_number) const {
   const std::size_t slot = index((de_number - 1) / 2);
   return slot < m_slots.size() && m_slots[slot] != nullptr ? m_slots[slot]->object() : nullptr;
 }
-
-igsErrorLog& igsFile::error_log() const { return igsObjectSystem::log_of(*this); }
 
 // Whatever takes memory comes first, the room that the object's deletion needs included: running out changes nothing.
 void igsFile::object_created(igsObject* object) {
