@@ -22,9 +22,9 @@ using igsFilecoDynArr = std::vector<igsFile*>;
 /// read while they work and has to be set before: tolerances (kel_resource_table_inquire), a host's own classes
 /// (igsFactory) and the clock (ut_set_clock).
 ///
-/// When a thread ends, its default file goes. Files that the host made and did not delete stay, and are lost, for no
-/// other thread may delete them. In the thread that loaded the library the default file stays as well, as objects of
-/// static storage may still refer to it.
+/// When a thread has ended and no file that its host made is left, its default file goes, too. Files that the host did
+/// not delete are lost, for no other thread may delete them. In the thread that loaded the library the default file
+/// stays, as objects of static storage may refer to it.
 class IGS_API igsObjectSystem {
  public:
   igsObjectSystem() { initialize_system(); }
