@@ -1,6 +1,10 @@
 // Works with two files at once: what belongs to which, and how to say it.
 #include <fstream>
 #include <iostream>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
 
 #include "igs/igs.h"
 #include "igs/objects/igsCast.h"
@@ -17,6 +21,19 @@ igs110* copy_line(const igs110& line) {
   return copy;
 }
 // [copy]
+
+// [work]
+/// The file and all that belongs to it is made, used and gone in the thread that calls this; -1 when it cannot be read.
+int number_of_errors(const std::string& name) {
+  std::ifstream in(name, std::ios::binary);
+  std::ostringstream said;
+  utOstream messages(said);
+  igsFile file;
+  if (file.read(in, messages) == 0) return -1;
+  file.check();
+  return file.error_log().object_log().num_errors();
+}
+// [work]
 
 }  // namespace
 
@@ -55,4 +72,15 @@ int main() {
   std::cout << "errors: " << bracket.error_log().object_log().num_errors() << " and "
             << lines.error_log().object_log().num_errors() << '\n';
   // [errors]
+
+  // [threads]
+  const std::vector<std::string> names = {"bracket-faulty.igs", "curves-faulty.igs", "flange-faulty.igs"};
+  std::vector<int> errors(names.size());
+  std::vector<std::thread> threads;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    threads.emplace_back([&names, &errors, i] { errors[i] = number_of_errors(names[i]); });
+  }
+  for (std::thread& thread : threads) thread.join();
+  for (std::size_t i = 0; i < names.size(); ++i) std::cout << names[i] << ": " << errors[i] << " errors\n";
+  // [threads]
 }

@@ -38,6 +38,7 @@
 #include "igs/file/igsFile.h"
 #include "igs/objects/igsObject.h"
 #include "igs/objects/igsPlaceholders.h"
+#include "igs/objects/private/igsPrototypeScope.h"
 #include "igs/solids/igs186.h"
 #include "igs/solids/igs502.h"
 #include "igs/solids/igs504.h"
@@ -172,26 +173,11 @@ constexpr Registration registrations[] = {
 };
 
 using ShopRegistry = std::unordered_map<int, std::vector<igsFactoryShop>>;
-}  // namespace
-
-bool igsFactory::m_making_prototypes = false;
-
-namespace {
-class MakingPrototypes {
- public:
-  explicit MakingPrototypes(bool& flag) : m_flag(flag) { m_flag = true; }
-  ~MakingPrototypes() { m_flag = false; }
-  MakingPrototypes(const MakingPrototypes&) = delete;
-  MakingPrototypes& operator=(const MakingPrototypes&) = delete;
-
- private:
-  bool& m_flag;
-};
 
 // Never destroyed: the prototypes live as long as the process.
-ShopRegistry& registry(bool& making_prototypes) {
-  static ShopRegistry& shops = *[&making_prototypes] {
-    const MakingPrototypes making(making_prototypes);
+ShopRegistry& registry() {
+  static ShopRegistry& shops = *[] {
+    const igsPrototypeScope prototypes_register_nowhere;
     std::vector<std::unique_ptr<igsObject>> prototypes;
     prototypes.reserve(std::size(registrations));
     auto made = std::make_unique<ShopRegistry>();
@@ -207,12 +193,12 @@ ShopRegistry& registry(bool& making_prototypes) {
 }  // namespace
 
 igsFactory::igsFactory(igsEntityType type, int min_form, int max_form, igsObject* prototype) {
-  registry(m_making_prototypes)[type].emplace_back(min_form, max_form, prototype);
+  registry()[type].emplace_back(min_form, max_form, prototype);
   if (prototype->manager() != nullptr) prototype->file().release_prototype(prototype);
 }
 
 igsObject* igsFactory::make_one(igsEntityType type, int form, const igsFileOptions& options) {
-  const ShopRegistry& shops = registry(m_making_prototypes);
+  const ShopRegistry& shops = registry();
   if (const auto found = shops.find(type); found != shops.end()) {
     for (const igsFactoryShop& shop : found->second) {
       if (shop.sells(form, options)) return shop.object()->make_one();

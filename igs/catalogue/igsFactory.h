@@ -30,8 +30,8 @@ class IGS_API igsFactoryShop {
 
 /// Makes an entity of the class that stands for an entity type and form. The library's own classes are registered in
 /// one table (igsFactory.cpp); a host registers a class of its own by constructing an igsFactory, a static member of
-/// the class for example, before it reads files. The library's classes have no such member: it could be asked nothing,
-/// and would have to be there before whatever else is static.
+/// the class for example, before it reads files and before it starts threads that do. The library's classes have no
+/// such member: it could be asked nothing, and would have to be there before whatever else is static.
 class IGS_API igsFactory {
  public:
   /// Registers `prototype` for forms `min_form` to `max_form` of `type`, after the ranges registered so far. The
@@ -42,9 +42,4 @@ class IGS_API igsFactory {
   static igsObject* make_one(igsEntityType type, int form) { return make_one(type, form, {}); }
   /// As above, with the forms that only a file with such options has.
   static igsObject* make_one(igsEntityType type, int form, const igsFileOptions& options);
-
- private:
-  friend class igsObject;
-  /// True while the library's own prototypes are made: they register with no file.
-  static bool m_making_prototypes;
 };

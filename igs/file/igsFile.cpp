@@ -17,7 +17,7 @@
 
 namespace {
 // operator new notes here where the next file will stand.
-void* newest_on_heap = nullptr;
+constinit thread_local void* newest_on_heap = nullptr;
 
 std::size_t index(int slot) { return static_cast<std::size_t>(slot); }
 }  // namespace
@@ -78,8 +78,6 @@ igsEntityLines igsFile::lines(int de_number) const {
   const std::size_t slot = de_number > 0 ? index(de_number / 2) : m_lines.size();
   return slot < m_lines.size() ? m_lines[slot] : igsEntityLines();
 }
-
-igsErrorLog& igsFile::error_log() const { return igsObjectSystem::log_of(*this); }
 
 // Whatever takes memory comes first, the room that the object's deletion needs included: running out changes nothing.
 void igsFile::object_created(igsObject* object) {

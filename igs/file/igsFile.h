@@ -50,9 +50,9 @@ struct igsEntityLines {
 /// An IGES file in memory: its Start, Global and Terminate sections and its entities. The entity in slot s (0-based)
 /// has DE number 2s + 1. The file owns its entities; deleting the file deletes them.
 ///
-/// Constructing a file makes it the current one. `read`, `check`, `clean`, `write` and `print` make their file current
-/// while they run. Operations that can fail return 1 for success and 0 for failure; faults of the content are errors in
-/// error_log(), never exceptions.
+/// Constructing a file makes it the current one of its thread, to which it belongs (igsObjectSystem). `read`, `check`,
+/// `clean`, `write` and `print` make their file current while they run. Operations that can fail return 1 for success
+/// and 0 for failure; faults of the content are errors in error_log(), never exceptions.
 ///
 /// When memory runs out, `read` and `write` return 0, and `check` and `clean` end early; out_of_memory() tells. The
 /// file holds what was read, found and repaired until then, without the entity whose data were being read, and may be
@@ -142,7 +142,7 @@ class IGS_API igsFile {
   /// counts.
   std::map<int, utString> level_names() const;
   /// The errors of this file.
-  igsErrorLog& error_log() const;
+  igsErrorLog& error_log() const { return *m_error_log; }
 
   void print(utOstream& os) const;
 
@@ -220,6 +220,7 @@ class IGS_API igsFile {
   std::vector<igsEntityLines> m_lines;  ///< by slot
   utString m_records;                   ///< data of the records being read, where they are kept
   int m_system_location = -1;
+  igsErrorLog* m_error_log = nullptr;  ///< the registry's
   utString m_write_dir;
   kelabsOutput* m_message_stream = nullptr;
   int m_parameter_data_read = 1;

@@ -6,12 +6,12 @@
 
 namespace {
 
-igsInBuffer::line_read_callback callback = nullptr;
+constinit thread_local igsInBuffer::line_read_callback callback = nullptr;
 
 }  // namespace
 
 igsInBuffer::igsInBuffer(std::istream& in, const igsInOptions& options)
-    : igsInBufferFiller(in, options), m_checker(options.recover) {
+    : igsInBufferFiller(in, options), m_checker(options.recover), m_callback(&callback) {
   m_line.reserve(std::size_t{4} * record_length);
   m_record = m_line.data();
   m_position = m_record;
@@ -40,7 +40,7 @@ void igsInBuffer::get_next_line() {
   } else if (m_text != nullptr) {
     append_to_text();
   }
-  if (callback != nullptr) callback();
+  if (*m_callback != nullptr) (*m_callback)();
 }
 
 void igsInBuffer::collect_text(std::string* text, std::vector<std::pair<std::size_t, int>>* lines) {

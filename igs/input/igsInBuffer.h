@@ -80,7 +80,8 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
   /// Appends the errors met since they were last collected; fatal ones stay.
   void collect_errors(igsIOErrorcoDynArr& errors);
 
-  /// Called after every record read, in every file of the process (to show progress); null for none.
+  /// Called after every record that this thread reads, in whatever file (to show progress); null for none. Each thread
+  /// sets its own.
   static void set_line_read_callback(line_read_callback callback);
 
  protected:
@@ -119,4 +120,5 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
   std::vector<std::pair<std::size_t, int>>* m_text_lines = nullptr;
   bool m_in_text = false;  ///< the current record stands at the end of the text
   char m_saved = '\0';
+  const line_read_callback* m_callback;  ///< where the thread has it
 };

@@ -22,11 +22,7 @@ igsFieldVisitor::~igsFieldVisitor() = default;
 
 igsObject* igsObject::create(igsEntityType type, int form) { return igsFactory::make_one(type, form); }
 
-igsObject::igsObject() {
-  if (igsFactory::m_making_prototypes) return;
-  igsObjectSystem::initialize_system();
-  igsObjectSystem::object_created(this);
-}
+igsObject::igsObject() { igsObjectSystem::object_created(this); }
 
 igsObject::~igsObject() {
   if (m_manager != nullptr) m_manager->file()->object_deleted(this);

@@ -7,15 +7,11 @@
 #include "igs/objects/igsObjectManager.h"
 
 igsObjectPtr::igsObjectPtr(igsObject* object) {
-  if (object == nullptr || object->manager() == nullptr) return;
-  igsObjectSystem::initialize_system();
-  object->manager()->add_pointer(this);
+  if (object != nullptr && object->manager() != nullptr) object->manager()->add_pointer(this);
 }
 
 igsObjectPtr::igsObjectPtr(int de_number) {
-  if (de_number < 1 || de_number % 2 == 0) return;
-  igsObjectSystem::initialize_system();
-  igsObjectSystem::ptr_created(this, (de_number - 1) / 2);
+  if (de_number >= 1 && de_number % 2 == 1) igsObjectSystem::ptr_created(this, (de_number - 1) / 2);
 }
 
 void igsObjectPtr::join(const igsObjectPtr& other) { other.m_manager->add_pointer(this); }
@@ -45,29 +41,30 @@ int igsObjectPtr::de_number() const {
 }
 
 namespace {
-// A cascade runs on the call stack as far as that is surely deep enough; below that, entities wait here for their turn.
+// A cascade of deletions runs on the call stack as far as that is surely deep enough; below that, entities wait here
+// for their turn. When memory runs out, those that wait stay.
 constexpr int max_cascade_depth = 200;
-int cascade_depth = 0;
 
-std::vector<igsObject*>& doomed_entities() {
-  static std::vector<igsObject*> waiting;
-  return waiting;
-}
-
-/// One level of a cascade. At the end of the outermost one nothing waits any more, unless memory ran out: then the
-/// entities that waited stay.
 struct Cascade {
-  Cascade() { ++cascade_depth; }
-  ~Cascade() {
-    if (--cascade_depth == 0) doomed_entities().clear();
-  }
+  Cascade();
+  ~Cascade();
   Cascade(const Cascade&) = delete;
   Cascade& operator=(const Cascade&) = delete;
+
+  int depth = 0;
+  std::vector<igsObject*> waiting;
 };
 
+constinit thread_local Cascade* cascade = nullptr;
+
+Cascade::Cascade() { cascade = this; }
+Cascade::~Cascade() { cascade = nullptr; }
+
 void remove(igsObject* object) {
+  ++cascade->depth;
   object->unreference_children();
   delete object;
+  --cascade->depth;
 }
 }  // namespace
 
@@ -78,17 +75,15 @@ void igsObjectPtr::unreference() {
   const bool is_last = target != nullptr && m_manager->num_references() == 1 && !m_manager->unreferencing();
   if (m_manager != nullptr) release();
   if (!is_last) return;
-  std::vector<igsObject*>& waiting = doomed_entities();
-  if (cascade_depth >= max_cascade_depth) {
-    waiting.push_back(target);
+  if (cascade != nullptr) {
+    cascade->depth < max_cascade_depth ? remove(target) : cascade->waiting.push_back(target);
     return;
   }
-  const bool outermost = cascade_depth == 0;
-  const Cascade cascade;
+  Cascade outermost;
   remove(target);
-  while (outermost && !waiting.empty()) {
-    igsObject* const next = waiting.back();
-    waiting.pop_back();
+  while (!outermost.waiting.empty()) {
+    igsObject* const next = outermost.waiting.back();
+    outermost.waiting.pop_back();
     remove(next);
   }
 }

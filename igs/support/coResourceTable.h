@@ -113,5 +113,5 @@ class IGS_API coResourceTable {
   std::array<double, co_resource::rows.size()> m_values;
 };
 
-/// The process's table.
+/// The process's table. Nothing in it is locked: set values while no other thread uses the library.
 IGS_API coResourceTable& kel_resource_table_inquire();

@@ -12,4 +12,5 @@ struct utDateTime {
 IGS_API utDateTime ut_today();
 
 /// Makes `clock` answer instead of the system clock; null restores it. For tests and for reproducible output.
+/// Set it before threads start that use the library.
 IGS_API void ut_set_clock(utDateTime (*clock)());

@@ -26,7 +26,7 @@ struct alignas(__STDCPP_DEFAULT_NEW_ALIGNMENT__) Block {
   std::size_t size;
 };
 
-/// The cells of one size. Never destroyed: errors are deleted at the end of the process, too.
+/// The cells of one size. Never destroyed: errors are deleted at the end of the process and of the thread, too.
 class Cells {
  public:
   /// Null when `allocate` returns null.
@@ -75,7 +75,7 @@ class Cells {
   std::size_t m_used = 0;   ///< number of cells
 };
 
-constinit std::array<Cells, largest_size / size_step> pool;
+constinit thread_local std::array<Cells, largest_size / size_step> pool;
 
 bool is_pooled_size(std::size_t size) { return !under_address_sanitizer && size <= largest_size; }
 

@@ -4,8 +4,8 @@
 #include <new>
 
 /// Memory for errors, of which a file may have millions: cells of one size stand side by side in blocks, without a
-/// header each. The blocks are given back with the last error of that size. One for the process and, as the registry of
-/// files, not locked. Private to igsError.
+/// header each. The blocks are given back with the last error of that size. One for each thread, as the registry of
+/// files. Private to igsError.
 class igsErrorPool {
  public:
   /// Throws std::bad_alloc, or returns null, when there is no memory.

@@ -1,7 +1,5 @@
 #include "igs/errors/private/igsRepairRun.h"
 
-igsRepairRun* igsRepairRun::m_current = nullptr;
-
 igsObject* igsRepairRun::shared_conversion(int de) const {
   const auto found = m_shared.find(de);
   return found != m_shared.end() ? found->second.object() : nullptr;

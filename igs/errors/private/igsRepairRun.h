@@ -19,7 +19,7 @@ class igsRepairRun {
   igsRepairRun(const igsRepairRun&) = delete;
   igsRepairRun& operator=(const igsRepairRun&) = delete;
 
-  /// The run that is going on; null for a repair that is made by itself.
+  /// The run that is going on in this thread; null for a repair that is made by itself.
   static igsRepairRun* current() { return m_current; }
 
   static constexpr std::size_t room_for_copies = std::size_t{8} * 1024 * 1024;
@@ -38,7 +38,7 @@ class igsRepairRun {
   std::optional<Ranges> trimmed_angles;
 
  private:
-  static igsRepairRun* m_current;
+  static inline constinit thread_local igsRepairRun* m_current = nullptr;
 
   igsRepairRun* m_outer;
   std::unordered_map<int, igsObjectPtr> m_shared;  ///< by the DE number of the entity converted
