@@ -47,6 +47,7 @@
 #include "igs/input/igsInStream.h"
 #include "igs/objects/igsFieldVisitor.h"
 #include "igs/objects/igsObjectManager.h"
+#include "igs/objects/igsKeptParts.h"
 #include "igs/objects/igsPlaceholders.h"
 #include "igs/output/igsOutStream.h"
 #include "igs/solids/igs186.h"

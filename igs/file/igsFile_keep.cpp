@@ -38,7 +38,7 @@ void igsFile::judge_or_keep(const igsInStream& in, igsObject& object, std::size_
   };
   if (!has_class) begin = m_records.size();
   std::size_t end = take(own, std::string_view(m_records).substr(0, begin), 0);
-  const bool ended = begin > 0 && m_records[begin - 1] == in.record_delimiter();
+  const bool ended = end < begin || (begin > 0 && m_records[begin - 1] == in.record_delimiter());
   if (has_class && !ended) end = take(rest, m_records, begin);
   igsKeptParts groups;
   const bool are_groups = take_groups(rest, groups);

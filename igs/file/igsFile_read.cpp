@@ -63,9 +63,11 @@ int igsFile::salvage(igsInStream& in, int result) {
   if (result == 0 && m_read_fault.code != igsIOEndOfInput) return 0;
   // Without entities there is nothing to salvage.
   if (result == 0 && (in.num_lines(igsGlobalSectionId) == 0 || m_slots.empty())) return 0;
+  const bool has_entities = in.num_lines(igsDirectorySectionId) + in.num_lines(igsParameterSectionId) != 0;
   for (int section = 0; section < num_file_sections; ++section) {
     const auto id = static_cast<igsFileSection>(section);
-    if (in.num_lines(id) == 0) tag_error(new igsFileMissingSection(id));
+    const bool needed = has_entities || (id != igsDirectorySectionId && id != igsParameterSectionId);
+    if (needed && in.num_lines(id) == 0) tag_error(new igsFileMissingSection(id));
   }
   if (result != 0) note_second_file(in);
   m_parameter_data_read = 1;
@@ -84,11 +86,13 @@ void igsFile::note_second_file(igsInStream& in) {
 /// What the sequence numbers say is missing before the current record. False when that is the second record of an entry
 /// whose first is missing: it has been passed over.
 bool igsFile::lose_entries(igsInStream& in) {
-  constexpr int most_at_once = 1000;
+  constexpr int most_at_once = 1000, surely_lost = 2;
   const int next_de = 2 * static_cast<int>(m_slots.size()) + 1;
   const int missing = in.number_as_read() - next_de;
   // No more than are there: the numbers are the file's word.
   if (missing <= 0 || missing > most_at_once || missing / 2 > in.num_lines(igsDirectorySectionId)) return true;
+  // A number that stands alone is wrong.
+  if (in.num_numbered_on(igsDirectorySectionId, in.number_as_read()) < (missing > surely_lost ? 2 : 0)) return true;
   for (int i = 0; i < (missing + 1) / 2; ++i) lose_entry();
   if (missing % 2 == 0) return true;
   in.skip_line();

@@ -15,6 +15,7 @@
 namespace {
 
 constexpr std::size_t record_size = record_length;
+constexpr std::size_t with_line_end = record_size + 2;
 /// A line is taken up to this many characters; a longer one is handed on in pieces.
 constexpr std::size_t longest_line = 2 * record_size;
 /// Holds the place of a line end inside a record that was put together of several lines.
@@ -81,6 +82,7 @@ igsInBufferFiller::igsInBufferFiller(std::istream& in, const igsInOptions& optio
       m_messages(options.messages),
       m_shortcuts(options.shortcuts),
       m_recover(options.recover),
+      m_wanted(options.recover ? 3 * with_line_end : with_line_end),
       m_lines(options.lines) {
   m_overflow.reserve(2 * longest_line);
   if (options.note_line_end) note_line_end();
@@ -136,6 +138,7 @@ int igsInBufferFiller::get(igsInBuffer& buffer) {
   settle_continuation();
   std::string& line = buffer.m_line;
   rebuild(line);
+  if (m_recover) m_source->require(m_wanted);
   m_continuation = check_for_continuation(line.data(), line.size());
   buffer.set_record(line.data(), line.size());
   if (line.empty() && m_source->eof()) set_error(igsIOEndOfInput);
@@ -146,12 +149,11 @@ int igsInBufferFiller::get(igsInBuffer& buffer) {
 
 // A line that the repair steps would leave as it is becomes the record where it stands in the block.
 bool igsInBufferFiller::get_plain(igsInBuffer& buffer) {
-  constexpr std::size_t with_line_end = record_size + 2;
   if (!m_overflow.empty()) return false;
   igsInSource& source = *m_source;
-  if (source.available() < with_line_end) {
+  if (source.available() < m_wanted) {
     settle_continuation();  // the last record may be overwritten
-    if (source.require(with_line_end) < with_line_end) return false;
+    if (source.require(m_wanted) < with_line_end) return false;
   }
   char* const text = source.data();
   const bool lf = text[record_size] == '\n';
@@ -164,6 +166,22 @@ bool igsInBufferFiller::get_plain(igsInBuffer& buffer) {
   m_unsettled = text;
   buffer.set_record(text, record_size);
   return true;
+}
+
+int igsInBufferFiller::num_numbered_on(igsFileSection section, int number) const {
+  constexpr int lines = 2;
+  if (!m_overflow.empty()) return -1;
+  std::string_view ahead(m_source->data(), m_source->available());
+  for (int i = 0; i < lines; ++i) {
+    if (ahead.size() < record_size || convert_char_to_section(ahead[data_columns]) != section) return i;
+    const std::string digits(ahead.substr(data_columns + 1, sequence_columns));
+    int found = 0;
+    igs_number::parse_int(digits.c_str(), found);
+    if (found != ++number) return -1;
+    ahead.remove_prefix(record_size);
+    ahead.remove_prefix(std::min(ahead.find_first_not_of("\r\n"), ahead.size()));
+  }
+  return lines;
 }
 
 // The checker has written its end marks into the record, over columns whose characters are known.

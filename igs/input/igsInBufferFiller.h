@@ -41,6 +41,9 @@ class IGS_API igsInBufferFiller {
   bool nul_in_record() const { return m_nul_in_record; }
   /// True when some lines ended with a carriage return alone, and others with a line feed (igsInOptions::recover).
   bool mixed_line_ends() const { return m_lone_cr && m_lf; }
+  /// Where `recover` was asked for: how many of the next two lines are records of the section that are numbered on from
+  /// `number`; -1 when one of that section has another number.
+  int num_numbered_on(igsFileSection section, int number) const;
   /// Every condition met so far, those forgotten meanwhile too.
   igsIOErrorSet ever_met() const { return m_ever_met; }
 
@@ -88,6 +91,7 @@ class IGS_API igsInBufferFiller {
   kelabsOutput* m_messages;
   bool m_shortcuts;
   bool m_recover;
+  std::size_t m_wanted;  ///< characters that have to be at hand for a record to be recognised, and for a look ahead
   bool m_lines;
   std::uint64_t m_record_begin = 0;  ///< of the last record in the input, where lines are counted
   bool m_lone_cr = false;            ///< noted with m_recover

@@ -10,6 +10,7 @@
 #include <regex>
 #include <set>
 
+#include "fuzz/written_file.h"
 #include "iges_builder.h"
 #include "igs/igs.h"
 #include "igs/objects/igsObjectManager.h"
@@ -86,6 +87,53 @@ TEST_P(RealFiles, SurviveWriting) {
     EXPECT_EQ(written(copy), text);
   });
   options = before;
+}
+
+/// The fields of the entities that have parameter data, by DE number.
+std::map<int, igsFieldTexts> fields_of(const igsFile& file, std::string text) {
+  std::erase(text, '\r');
+  std::map<int, std::string> data;
+  for (const std::string& record : records_of(text, 'P')) {
+    const int de = igs_fuzz::number_at(record, 66, 7);
+    if (file.entity(de) != nullptr) data[de] += record.substr(0, 64);
+  }
+  const igsGlobalSection& global = file.global_section();
+  std::map<int, igsFieldTexts> fields;
+  for (const auto& [de, records] : data) {
+    fields[de].take(records, 0, global.parameter_delimiter(), global.record_delimiter());
+  }
+  return fields;
+}
+
+/// Fields that are not given may get their default.
+bool same_field(std::string_view given, std::string_view written) {
+  const double number = igsFieldTexts::real(given);
+  if (given == written || given.empty()) return true;
+  if (!igs_is_undefined_real(number)) return number == igsFieldTexts::real(written);
+  return igsFieldTexts::kind(given) == igsFieldKind::string &&
+         igsFieldTexts::string(given) == igsFieldTexts::string(written);
+}
+
+TEST_P(RealFiles, KeepEveryField) {
+  for_each_file(UINTMAX_MAX, SIZE_MAX, [](const std::string& bytes) {
+    igsFile file, copy;
+    for (igsFile* const f : {&file, &copy}) {
+      f->set_options({.keep = true, .strict = true, .lines = true, .style = {.shortest_reals = true}});
+    }
+    if (read_text(file, bytes) == 0) return;
+    const std::string text = written(file);
+    EXPECT_EQ(column_fault(text), "");
+    const auto before = fields_of(file, bytes), after = fields_of(file, text);
+    for (const auto& [de, texts] : before) {
+      const auto given = texts.fields(), now = after.at(de).fields();
+      for (std::size_t i = 0; i < given.size(); ++i) {
+        const bool same = i < now.size() ? same_field(given[i], now[i]) : given[i].empty();
+        EXPECT_TRUE(same) << de << ' ' << i << ' ' << given[i];
+      }
+    }
+    EXPECT_EQ(read_text(copy, text), 1);
+    EXPECT_EQ(written(copy), text);
+  });
 }
 
 using Lines = std::vector<std::string>;

@@ -11,6 +11,7 @@
 #include "igs/curves/igs110.h"
 #include "igs/curves/igs116.h"
 #include "igs/curves/igsConvert.h"
+#include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile_errors.h"
 #include "igs/file/igsObjectSystem.h"
 #include "igs/objects/igsCurve.h"

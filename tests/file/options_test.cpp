@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <regex>
+
 #include "fuzz/invariants.h"
 #include "iges_builder.h"
 #include "igs/igs.h"
@@ -10,21 +12,19 @@
 namespace igs_test {
 namespace {
 
+/// A file read with options, and what reading has found.
 struct ReadFile {
-  ReadFile(const std::string& text, igsFileOptions options) {
+  ReadFile(const std::string& text, const igsFileOptions& options) {
     file.set_options(options);
     read = read_text(file, text);
-  }
-  /// Class, DE number and values of what reading has found.
-  std::string found() {
-    std::string all;
-    for (const std::string& error : active_errors(file)) all += (all.empty() ? "" : "; ") + error;
-    return all;
+    for (const std::string& error : active_errors(file)) found += (found.empty() ? "" : "; ") + error;
   }
   igsFile file;
   int read;
+  std::string found;
 };
 
+/// The parameter data of an entity of a written file.
 std::string data_of(const std::string& text, int de) {
   std::string data;
   for (const std::string& record : records_of(text, 'P')) {
@@ -33,15 +33,170 @@ std::string data_of(const std::string& text, int de) {
   return data.substr(0, data.find_last_not_of(' ') + 1);
 }
 
-/// A line (1) in a group (3), with a name (5), a faulty tail (7), a comment (9) and a structure (11), on a named level.
+std::string all_data(const std::string& text, int entities) {
+  std::string all;
+  for (int de = 1; de < 2 * entities; de += 2) all += data_of(text, de) + '\n';
+  return all;
+}
+
+constexpr igsFileOptions kept{.keep = true};
+
+/// A line in a group, with a name and a comment; a point with a faulty tail; entities without a class.
 IgesBuilder kept_sample() {
   IgesBuilder builder;
+  builder.global(25, "15H20260101.000000,4HLast;a remark");
   builder.entity(110, 0, "0.,0.,0.,1.,0.,0.,1,3,1,5");
   builder.entity(402, 7, "1,1");
   builder.entity(406, 15, "1,5HA;B  ");
-  builder.entity(116, 0, "1.,2.,3.,0,0,0,17");
-  builder.entity(116, 0, "1.,2.,3.,0").structure = 0;
+  builder.entity(116, 0, "1.,2.,3.,0,0,0,0", {.structure = -3, .label = "Face", .subscript = 7});
+  builder.entity(406, 3, "2,4,6HWelded");
+  builder.entity(322, 0, "  +1.50d-3 ,, 0H,x y,-7", {.line_font = -3, .level = 4});
+  builder.entity(116, 0, "1.,2.,3.,0,0");
+  builder.change_data(1, [](std::string& data) { data += " and more " + std::string(80, '.'); });
   return builder;
+}
+
+TEST(Keep, WritesWhatWasRead) {
+  const std::string given = kept_sample().text();
+  ReadFile first(given, kept);
+  const std::string text = written(first.file);
+  EXPECT_EQ(column_fault(text), "");
+  EXPECT_EQ(all_data(text, 7), "110,0.,0.,0.,1.,0.,0.,1,3,1,5; and more " + std::string(80, '.') +
+                                   "\n402,1,1;\n406,1,5HA;B  ;\n116,1.,2.,3.,0,0,0,0;\n406,2,4,6HWelded;\n"
+                                   "322,+1.50d-3,,0H,x y,-7;\n116,1.,2.,3.,0,0;\n");
+  EXPECT_EQ(igs_fuzz::number_at(records_of(text, 'D').at(6), 24, 1), 3) << "the structure";
+  EXPECT_THAT(records_of(text, 'G'), testing::Contains(testing::HasSubstr("4HLast;a remark")));
+  ReadFile second(text, kept);
+  EXPECT_EQ(written(second.file), text);
+  EXPECT_EQ(printed(*second.file.entity(1)), printed(*first.file.entity(1)));
+
+  igsFile plain;
+  read_text(plain, given);
+  EXPECT_EQ(std::tuple(plain.num_entities(), plain.num_unknowns(), first.file.num_unknowns()), std::tuple(4, 3, 0));
+}
+
+TEST(Keep, NamesEntitiesAndLevels) {
+  ReadFile sample(kept_sample().text(), kept);
+  igsFile& file = sample.file;
+  EXPECT_EQ(file.entity_name(*file.entity(1)) + '|' + file.entity_name(*file.entity(7)) + '|' +
+                file.entity_name(*file.entity(3)),
+            "A;B  |Face 7|");
+  EXPECT_THAT(file.entities_named("Face 7"), testing::ElementsAre(file.entity(7)));
+  EXPECT_THAT(file.level_names(), testing::ElementsAre(std::pair(4, "Welded")));
+}
+
+// While texts may hold DE numbers, all entities keep theirs, and new ones take none of those that went.
+TEST(Keep, NumbersStayWhileTextsMayHoldThem) {
+  ReadFile sample(kept_sample().text(), kept);
+  igsFile& file = sample.file;
+  igs_fuzz::check_memory(file);
+  delete file.entity(3);
+  EXPECT_EQ(file.entity(7)->directory_entry().structure(), 0);
+  const igsFileScope current(file);
+  EXPECT_EQ((new igs116)->de_number(), 15);
+  EXPECT_EQ(file.replace_entity(file.entity(13), new igs116), 1);
+  EXPECT_EQ(file.num_entities(), 7);
+  const std::string text = written(file);
+  EXPECT_EQ(column_fault(text), "");
+  EXPECT_EQ(data_of(text, 1).substr(0, 34), "110,0.,0.,0.,1.,0.,0.,0,1,5; and m");
+  EXPECT_EQ(data_of(text, 3) + data_of(text, 5), "0;406,1,5HA;B  ;");
+  EXPECT_EQ(ReadFile(text, kept).file.num_nulls(), 1);
+  igs_fuzz::check_memory(file);
+  // Without those texts the entities close ranks.
+  for (const int de : {5, 9, 11}) delete file.entity(de);
+  EXPECT_EQ(data_of(written(file), 3), "116,1.,2.,3.,0,0,0,0;");
+}
+
+TEST(Strict, ReportsFieldsThatCannotHaveBeenReadAsTheyStand) {
+  const std::string file = "igsFile";
+  const struct {
+    int type;
+    const char *data, *found;
+  } cases[] = {{110, "0.,0.,0.,1O.,0.,0.", "FieldNotNumber 1 4,1O."},
+               {110, "0.,0.,0.,1.2.3,0.", "FieldNotNumber 1 4,1.2.3; igsFilePrematureObjectEnd 1 6"},
+               {110, "0.,0.,0.,1,2,3.,0,0", ""},
+               {110, "0.,0.,0.,1,2,3.,0,0,0", "ObjectExtraData 1 7"},
+               {116, "1.,2.,3.,12X", "FieldNotNumber 1 4,12X"},
+               {116, "1.,2.,3.", ""},
+               {116, "1.,2.,", ""},
+               {116, "1.,2.", "PrematureObjectEnd 1 3"},
+               {314, "1.,2.,3.,4Hgrey", ""},
+               {314, "1.,2.,3.,3Hgrey", "WrongStringCount 1 4,3Hgrey"},
+               {314, "1.,2.,3.,99Hgrey", "WrongStringCount 1 4,4Hgrey"},
+               {402, "2,1", "PrematureObjectEnd 1 3"},
+               {406, "1,abc", "FieldNotNumber 1 2,abc"},
+               {126, "1,1,0,0,1,0,0.,0.,1.,1.,1.,1.,0.,0.,0.,1.,0.,0.,0.,1.", ""},
+               {126, "1,1,0,0,1,0,0.,0.,1.,1.,1.,1.,0.,0.,0.,1.,0.", "PrematureObjectEnd 1 18"}};
+  for (const auto& c : cases) {
+    IgesBuilder builder;
+    builder.entity(c.type, c.type == 406 ? 15 : c.type == 402 ? 1 : 0, c.data);
+    const std::string found = ReadFile(builder.text(), {.strict = true}).found;
+    EXPECT_EQ(found.substr(0, found.find("; igs402")), *c.found == '\0' ? "" : file + c.found) << c.data;
+    EXPECT_EQ(ReadFile(builder.text(), {}).found.find("igsFile"), std::string::npos) << c.data;
+  }
+  IgesBuilder open;
+  open.point();
+  open.change_data(1, [](std::string& data) { data.pop_back(); });
+  EXPECT_EQ(ReadFile(open.text(), {.strict = true}).found, "igsFileNoRecordDelimiter 1");
+}
+
+IgesBuilder four_points() {
+  IgesBuilder builder;
+  for (int i = 1; i <= 4; ++i) builder.point(i);
+  return builder;
+}
+
+TEST(Recover, UnderstandsMoreAndSaysSo) {
+  const auto found = [](const IgesBuilder& builder, std::string& points) {
+    ReadFile sample(builder.text(), {.recover = true});
+    EXPECT_EQ(sample.read, 1);
+    points.clear();
+    igsFileIT entities(&sample.file);
+    while (++entities != 0) points += std::to_string(entities()->de_number()) + ' ';
+    igs_fuzz::check_memory(sample.file);
+    EXPECT_EQ(column_fault(written(sample.file)), "");
+    return std::regex_replace(sample.found, std::regex("; igs(Terminate.*|FileInvalidLine.*)"), "");
+  };
+  std::string left;
+  const std::string wide = "116,1.,2.," + std::string(51, ' ') + "333,";
+  EXPECT_EQ(found(four_points().columns('P', 1, 1, wide), left), "igsFileColumn65 1");
+  for (const std::size_t record : {3U, 4U}) {
+    EXPECT_EQ(found(four_points().drop('D', record), left), "igsFileLostDirectoryEntry 3");
+    EXPECT_EQ(left, "1 5 7 ");
+  }
+  EXPECT_EQ(found(four_points().drop('D', 1).drop('D', 1).drop('D', 1), left),
+            "igsFileLostDirectoryEntry 1; igsFileLostDirectoryEntry 3");
+  EXPECT_EQ(left, "5 7 ");
+  EXPECT_EQ(found(four_points().drop_section('T'), left), "igsFileMissingSection 4");
+  EXPECT_EQ(found(four_points().drop_section('T').drop_section('P'), left).substr(0, 16), "igsFileNoPDData ");
+  EXPECT_EQ(found(four_points().append(four_points().text()), left), "igsFileSecondFile 17");
+  EXPECT_EQ(left, "1 3 5 7 ");
+  std::string mixed = four_points().text();
+  for (std::size_t i = 80; i < mixed.size(); i += 3 * 81) mixed[i] = '\r';
+  EXPECT_EQ(ReadFile(mixed, {.recover = true}).found, "igsFileMixedLineEnds");
+  ReadFile path(four_points().global(4, "20HC:\\part.igs").text(), {.recover = true});
+  EXPECT_EQ(path.found, "igsGlobalSectionWrongStringCount 4");
+  EXPECT_EQ(path.file.global_section().file_name() + path.file.global_section().units().name(), "C:\\part.igsMM");
+  EXPECT_EQ(ReadFile(four_points().text(), {.recover = true}).found, "");
+}
+
+TEST(Lines, AreThoseOfAnEditor) {
+  for (const std::string end : {"\n", "\r\n", "\r"}) {
+    IgesBuilder builder = four_points();
+    builder.line_end(end).insert('D', 3, "").insert('P', 2, "   ");
+    builder.edit('P', [&end](auto& records) { records.at(0).insert(30, end); });
+    ReadFile sample(builder.text(), {.lines = true});
+    const auto at = [&sample](int de) {
+      const igsEntityLines lines = sample.file.lines(de);
+      return std::pair(lines.directory_entry, lines.parameter_data);
+    };
+    const int first = 1 + static_cast<int>(records_of(four_points().text(), 'G').size()) + 1;
+    EXPECT_EQ(at(1), std::pair(first, first + 9)) << end.size();
+    EXPECT_EQ(at(3), std::pair(first + 3, first + 12)) << end.size();
+    EXPECT_EQ(at(7), std::pair(first + 7, first + 14)) << end.size();
+    EXPECT_EQ(sample.file.global_line(1), 2);
+    EXPECT_EQ(sample.file.global_line(25), first - 1);
+  }
 }
 
 }  // namespace

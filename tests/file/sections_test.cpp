@@ -2,8 +2,8 @@
 // written of them: cases/file.case, global.case and directory.case.
 #include <gmock/gmock.h>
 
-#include <cstring>
 #include <cmath>
+#include <cstring>
 #include <iterator>
 #include <random>
 
@@ -238,7 +238,8 @@ TEST_F(Sections, UnitsNamesAreUnderstoodWhenAskedFor) {
     igsFileOptions options;
     options.recover = c.recover;
     file.set_options(options);
-    read_text(file, IgesBuilder().global(14, c.flag).global(15, std::to_string(std::strlen(c.name)) + "H" + c.name).text());
+    read_text(file,
+              IgesBuilder().global(14, c.flag).global(15, std::to_string(std::strlen(c.name)) + "H" + c.name).text());
     const auto units = [&u = file.global_section().units()] { return std::to_string(u.type()) + ' ' + u.name(); };
     file.check();
     std::string told = units();
@@ -247,21 +248,6 @@ TEST_F(Sections, UnitsNamesAreUnderstoodWhenAskedFor) {
     EXPECT_EQ(told + " => " + units(), c.expected);
     EXPECT_THAT(active_errors(file), testing::IsEmpty());
   }
-}
-
-TEST_F(Sections, DirectoryAttributeIsANumberOrAPointer) {
-  igsFile file;
-  auto* const definition = new igs116;
-  for (const int number : {0, 1, 37, 99999999}) {
-    const igsLevel level(number);
-    EXPECT_TRUE(level.predefined_colour() && level.level() == number && level.field() == number) << number;
-  }
-  const igsColour colour(-1);
-  EXPECT_EQ(colour.definition().object(), definition);
-  EXPECT_TRUE(!colour.predefined_colour() && colour.colour_value() == 0 && colour.field() == -1);
-  for (const int nowhere : {-2, -INT_MAX, INT_MIN}) EXPECT_EQ(igsLineFont(nowhere).field(), 0) << nowhere;
-  delete definition;
-  EXPECT_TRUE(colour.predefined_colour());
 }
 
 TEST_F(Sections, DirectoryEntryBecomesAnotherButForItsOwner) {

@@ -42,7 +42,8 @@ class igsDirectoryReader {
     m_has_nul = m_has_nul || m_in.nul_in_record();
     if (!m_by_numbers) return;
     const int number = m_in.number_as_read();
-    m_lost_second = m_first_number % 2 != 0 && number == m_first_number + 2;
+    m_lost_second = m_first_number % 2 != 0 && number == m_first_number + 2 &&
+                    m_in.num_numbered_on(igsDirectorySectionId, number) >= 0;
     m_first_number = number;
   }
   void integers(auto&... fields) {
