@@ -135,6 +135,14 @@ void igsFile::object_deleted(igsObject* object) {
   m_pool->destroy(manager);
 }
 
+void igsFile::take_slot(int slot) {
+  if (slot < m_num_fixed_slots) {
+    --m_num_holes;
+  } else {
+    m_free_slots.pop_back();
+  }
+}
+
 void igsFile::free_slot(int slot) {
   if (slot < m_num_fixed_slots) {
     ++m_num_holes;
@@ -226,7 +234,7 @@ int igsFile::replace_entity(igsObject* old, igsObject* replacement) {
   }
   const int slot = old->manager()->system_location();
   delete old;
-  slot < m_num_fixed_slots ? --m_num_holes : (m_free_slots.pop_back(), 0);  // the slot that the deletion has just freed
+  take_slot(slot);  // which the deletion has just freed
   m_slots[index(slot)] = manager;
   m_slots[index(manager->system_location())] = nullptr;
   free_slot(manager->system_location());

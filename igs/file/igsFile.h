@@ -124,9 +124,10 @@ class IGS_API igsFile {
 
   /// The entity with this DE number, null when there is none.
   igsObject* entity(int de_number) const;
-  /// Where the entity with this DE number stands in the input, also when it was dropped or deleted since; and the line
-  /// of a Global parameter (1 to 25). Known with igsFileOptions::lines, until the file is written.
+  /// Where the entity with this DE number stands in the input, also when it was dropped or deleted since. Known with
+  /// igsFileOptions::lines, until the file is written.
   igsEntityLines lines(int de_number) const;
+  /// As igsGlobalSection::line.
   int global_line(int parameter) const { return m_global_section.line(parameter); }
   /// What was kept of an entity of this file beside its own fields; null where there is nothing.
   const igsKeptParts* kept_parts(const igsObject& object) const;
@@ -174,6 +175,7 @@ class IGS_API igsFile {
   void reset_visit_flags() const;
   void tidyup();
   void settle_numbers();
+  void take_slot(int slot);
   void free_slot(int slot);
   void compress();
   void set_system_location(int location) { m_system_location = location; }

@@ -30,6 +30,7 @@ struct IGS_API igsKeptParts {
 
   /// True when some text may hold the DE number of an entity.
   bool may_hold_numbers() const;
+  /// Writes the groups and the extra fields, and hands over the comment.
   void write(igsOutStream& out) const;
   /// Prints what there is, referred entities by their DE numbers.
   void print(utOstream& os) const;

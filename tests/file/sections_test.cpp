@@ -139,6 +139,7 @@ TEST_F(Sections, StartLinesAreTakenOrRefused) {
                           section.num_lines(), static_cast<int>(line.size())}),
               (std::array{taken, taken, lines, taken * size}))
         << i;
+    EXPECT_EQ(section.valid(), 1);
   }
   igsFile file;
   igsStartSection old;
