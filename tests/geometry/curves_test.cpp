@@ -263,7 +263,7 @@ TEST(Splines, ParametricCurvesAndSurfacesAreBuiltFromScratch) {
   igsBicubicPatch patch;
   patch.x = patch.y = patch.z = igsPolynomial<16>(std::array<double, 16>{});
   for (const int i : {0, 1, 2}) {
-    EXPECT_EQ(indices([&](int j) { return patch.y[9] = 10 * i + j, surface.set_patch(i, j, patch); }), "01");
+    EXPECT_EQ(indices([&](int j) { return patch.y[9] = 10.0 * i + j, surface.set_patch(i, j, patch); }), "01");
   }
   double u = 0;
   EXPECT_TRUE(surface.set_break_point_v(1, 9) && surface.break_point_u(1, u) && u == 1);
