@@ -32,14 +32,16 @@ void igsFile::keep_comment(const igsObject& object, std::size_t begin) {
 /// What becomes of the records of an entity, which `in` has collected: its own fields end before the character `begin`.
 void igsFile::judge_or_keep(const igsInStream& in, igsObject& object, std::size_t begin) {
   const bool has_class = object.manager()->visited() != 0;
+  const bool has_ended = begin > 0 && m_records[begin - 1] == in.record_delimiter();
+  // Almost all have nothing else.
+  if (has_class && has_ended && !m_options.strict && m_records.find_first_not_of(' ', begin) == utString::npos) return;
   igsFieldTexts own, rest;
   const auto take = [&in](igsFieldTexts& fields, std::string_view records, std::size_t at) {
     return fields.take(records, at, in.param_delimiter(), in.record_delimiter());
   };
   if (!has_class) begin = m_records.size();
   std::size_t end = take(own, std::string_view(m_records).substr(0, begin), 0);
-  const bool ended = end < begin || (begin > 0 && m_records[begin - 1] == in.record_delimiter());
-  if (has_class && !ended) end = take(rest, m_records, begin);
+  if (has_class && !has_ended && end == begin) end = take(rest, m_records, begin);
   igsKeptParts groups;
   const bool are_groups = take_groups(rest, groups);
   if (m_options.strict) {

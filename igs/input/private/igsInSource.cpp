@@ -64,12 +64,20 @@ bool igsInSource::read_more() {
 }
 
 void igsInSource::note_lines(const char* text, std::size_t length) {
-  for (std::size_t i = 0; i < length; ++i) {
-    const bool ends = text[i] == '\n';
-    if (m_after_cr && !ends) m_line_begins.push_back(m_num_read + i);
-    if (ends) m_line_begins.push_back(m_num_read + i + 1);
-    m_after_cr = text[i] == '\r';
+  if (length > 0 && m_after_cr && text[0] != '\n') m_line_begins.push_back(m_num_read);
+  const char* const end = text + length;
+  for (const char* line = text; line < end;) {
+    const auto find = [&line](char c, const char* limit) {
+      const void* const found = std::memchr(line, c, static_cast<std::size_t>(limit - line));
+      return found != nullptr ? static_cast<const char*>(found) : limit;
+    };
+    const char* const lf = find('\n', end);
+    const char* const cr = find('\r', lf);
+    const bool ends_at_cr = cr + 1 < lf;  // not CR LF, nor CR at the end of what is known
+    line = (ends_at_cr ? cr : lf) + 1;
+    if (ends_at_cr || lf < end) m_line_begins.push_back(m_num_read + static_cast<std::uint64_t>(line - text));
   }
+  m_after_cr = length > 0 && end[-1] == '\r';
 }
 
 int igsInSource::line_at(std::uint64_t position) {
