@@ -115,7 +115,7 @@ bool same_field(std::string_view given, std::string_view written) {
 }
 
 TEST_P(RealFiles, KeepEveryField) {
-  for_each_file(UINTMAX_MAX, SIZE_MAX, [](const std::string& bytes) {
+  for_each_file(is_sanitized ? 400000 : UINTMAX_MAX, SIZE_MAX, [](const std::string& bytes) {
     igsFile file, copy;
     for (igsFile* const f : {&file, &copy}) {
       f->set_options({.keep = true, .strict = true, .lines = true, .style = {.shortest_reals = true}});
