@@ -196,7 +196,7 @@ class IGS_API igsFile {
   void note_read_fault(igsInStream& in);
   void drop_entity(igsObject* object);
   int read_entity(igsInStream& in, igsObject& object);
-  void judge_or_keep(const igsInStream& in, igsObject& object, std::size_t begin);
+  void judge_or_keep(const igsInStream& in, igsObject& object);
   void keep_rest(const igsObject& object, igsFieldTexts rest, igsKeptParts* groups);
   static void keep_unknown(igsUnknown& unknown, const igsFieldTexts& all);
   void note_exponent_letter(const igsInStream& in, const utString& records);

@@ -29,7 +29,4 @@ struct igsFileOptions {
   /// Lines of form 1 (semi-bounded) and form 2 (unbounded) are read as such (igs110). Without it they become lines of
   /// form 0, as igsFileDefaultedForm reports.
   bool unbounded_lines = false;
-
-  /// Whether the records of entities have to be at hand as they stand.
-  bool needs_records() const { return keep || strict; }
 };

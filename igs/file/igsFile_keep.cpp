@@ -29,10 +29,11 @@ void igsFile::keep_comment(const igsObject& object, std::size_t begin) {
   if (begin < end) make_kept_parts(object).comment = m_records.substr(begin, end - begin);
 }
 
-/// What becomes of the records of an entity, which `in` has collected: its own fields end before the character `begin`.
-void igsFile::judge_or_keep(const igsInStream& in, igsObject& object, std::size_t begin) {
+/// What becomes of the records of an entity, which `in` has collected: all of them, or those behind its own fields.
+void igsFile::judge_or_keep(const igsInStream& in, igsObject& object) {
   const bool has_class = object.manager()->visited() != 0;
-  const bool has_ended = begin > 0 && m_records[begin - 1] == in.record_delimiter();
+  const bool has_ended = in.record_ended();
+  std::size_t begin = in.fields_end();
   // Almost all have nothing else.
   if (has_class && has_ended && !m_options.strict && m_records.find_first_not_of(' ', begin) == utString::npos) return;
   igsFieldTexts own, rest;

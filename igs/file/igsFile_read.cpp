@@ -244,11 +244,15 @@ int igsFile::read_entity(igsInStream& in, igsObject& object) {
   }
   m_records.clear();
   const bool note_letter = m_options.style.exponent_letter == igsExponentLetter::as_read;
-  if (m_options.needs_records() || note_letter) in.collect_text(&m_records);
+  if (m_options.strict || note_letter || (m_options.keep && object.isa(igsUnknown::type()))) {
+    in.collect_text(&m_records);
+  } else if (m_options.keep) {
+    in.collect_rest(&m_records);
+  }
   try {
     int sequence_out_of_order = 0;  // the stream remembers that, too
-    const std::size_t end_of_fields = object.read(in, sequence_out_of_order);
-    if (m_options.needs_records()) judge_or_keep(in, object, end_of_fields);
+    object.read(in, sequence_out_of_order);
+    if (m_options.strict || m_options.keep) judge_or_keep(in, object);
   } catch (const std::bad_alloc&) {  // half of an entity is none: its counts need not agree with its lists
     delete &object;
     throw;

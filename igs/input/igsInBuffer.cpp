@@ -34,8 +34,8 @@ void igsInBuffer::get_next_line() {
                              : m_checker.check(m_record, m_length, data_length);
   }
   m_end = m_record + data_length;
-  if (m_text != nullptr) m_in_text = false;
-  if (sound == 0) {
+  m_sound = sound != 0;
+  if (!m_sound) {
     freeze();
   } else if (m_text != nullptr) {
     append_to_text();
@@ -46,7 +46,9 @@ void igsInBuffer::get_next_line() {
 void igsInBuffer::collect_text(std::string* text, std::vector<std::pair<std::size_t, int>>* lines) {
   m_text = text;
   m_text_lines = lines;
-  if (text != nullptr && m_has_record && !m_frozen) append_to_text();
+  m_rest = nullptr;
+  m_sound = m_has_record && !m_frozen;  // whatever came before
+  if (text != nullptr && m_sound) append_to_text();
 }
 
 // The line feed behind a Global record is none of its characters.
@@ -55,12 +57,25 @@ void igsInBuffer::append_to_text() {
   if (data.ends_with('\n')) data.remove_suffix(1);
   if (m_text_lines != nullptr) m_text_lines->emplace_back(m_text->size(), input_line());
   m_text->append(data);
-  m_in_text = true;
 }
 
+void igsInBuffer::note_end_of_fields() {
+  m_record_ended = m_frozen && m_sound;
+  m_fields_end = 0;
+  if (m_text != nullptr) {
+    m_fields_end = text_position();
+    return;
+  }
+  m_text = m_rest;
+  if (!m_sound) return;
+  if (m_frozen) *m_position = m_saved;
+  append_to_text();
+  if (m_frozen) *m_position = '\0';
+}
+
+/// The place of the read position in the text collected.
 std::size_t igsInBuffer::text_position() const {
-  if (m_text == nullptr) return 0;
-  std::ptrdiff_t left = m_in_text ? m_end - m_position : 0;
+  std::ptrdiff_t left = m_sound ? m_end - m_position : 0;
   if (left > 0 && m_end[-1] == '\n') --left;
   return m_text->size() - static_cast<std::size_t>(left);
 }

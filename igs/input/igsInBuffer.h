@@ -65,9 +65,18 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
   /// Global section) to `text`, which is not owned; null (the default) for none. `lines`, not owned either, notes for
   /// each record where it begins in the text and in the input (input_line).
   void collect_text(std::string* text, std::vector<std::pair<std::size_t, int>>* lines = nullptr);
-  /// The place of the read position in the text collected: its end, once reading has left what belongs together; 0
-  /// where none is collected.
-  std::size_t text_position() const;
+  /// As above, from where end_fields() is called; for nothing, if text is collected already. collect_text ends both.
+  void collect_rest(std::string* text) {
+    m_rest = text;
+    m_sound = m_has_record && !m_frozen;
+  }
+  /// To be called when all fields that have a meaning have been read of an entity.
+  void end_fields() {
+    if (m_text != nullptr || m_rest != nullptr) note_end_of_fields();
+  }
+  /// Where they end in the text collected, and whether the record delimiter has ended them.
+  std::size_t fields_end() const { return m_fields_end; }
+  bool record_ended() const { return m_record_ended; }
   /// Length of the current record in characters.
   std::size_t capacity() const { return m_length; }
 
@@ -107,6 +116,8 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
   void get_next_line();
   void unfreeze();
   void append_to_text();
+  void note_end_of_fields();
+  std::size_t text_position() const;
 
   igsInBufferChecker m_checker;
   std::string m_line;  ///< holds the records that were rebuilt; the others stay where they were read
@@ -118,7 +129,10 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
   bool m_frozen = false;
   std::string* m_text = nullptr;
   std::vector<std::pair<std::size_t, int>>* m_text_lines = nullptr;
-  bool m_in_text = false;  ///< the current record stands at the end of the text
+  std::string* m_rest = nullptr;
+  bool m_sound = false;  ///< while text is collected: the current record belongs to it
+  std::size_t m_fields_end = 0;
+  bool m_record_ended = false;
   char m_saved = '\0';
   const line_read_callback* m_callback;  ///< where the thread has it
 };

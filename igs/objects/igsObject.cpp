@@ -111,7 +111,7 @@ int igsObject::read_pd_entity_type(igsInStream& in) {
   return 0;
 }
 
-std::size_t igsObject::read(igsInStream& in, int& sequence_out_of_order) {
+void igsObject::read(igsInStream& in, int& sequence_out_of_order) {
   const bool nul_in_first_record = in.nul_in_record();  // stepping to it has forgotten the code
   if (read_pd_entity_type(in) != 0 && read_pd_data(in) != 0) {
     if (in.error_type(igsIONotANumber) != 0) igs_report<igsFileCorruptObjectData>(de_number());
@@ -121,11 +121,10 @@ std::size_t igsObject::read(igsInStream& in, int& sequence_out_of_order) {
     if (in.error_type(igsIOSequenceOutOfOrder) != 0) sequence_out_of_order = 1;
     m_manager->set_visited(1);
   }
-  const std::size_t end_of_fields = in.text_position();
-  if (in.reset() == 0) return end_of_fields;
+  in.end_fields();
+  if (in.reset() == 0) return;
   in.clear_errors();
   skip_this_entity(in);
-  return end_of_fields;
 }
 
 void igsObject::read_additional_entity_pointers(igsInStream& in) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <new>
 #include <utility>
 
@@ -113,9 +112,8 @@ class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
   void skip_this_entity(igsInStream& in);
   void set_directory_entry_type(igsEntityType type, int form);
   /// Read and write the whole parameter data record, type number included; the parts of igsFile::read and
-  /// igsFile::write that concern one entity. Records out of sequence set `sequence_out_of_order` to 1. Reading returns
-  /// where the entity's own fields end in the text that `in` collects, if it does.
-  std::size_t read(igsInStream& in, int& sequence_out_of_order);
+  /// igsFile::write that concern one entity. Records out of sequence set `sequence_out_of_order` to 1.
+  void read(igsInStream& in, int& sequence_out_of_order);
   /// The other way round.
   void write(igsOutStream& out);
 
