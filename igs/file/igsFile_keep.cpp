@@ -1,6 +1,8 @@
 // What a file keeps beside what its classes know: entities without a class, the rest of records, names.
 
 #include <algorithm>
+#include <cstring>
+#include <string_view>
 
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile.h"
@@ -29,13 +31,21 @@ void igsFile::keep_comment(const igsObject& object, std::size_t begin) {
   if (begin < end) make_kept_parts(object).comment = m_records.substr(begin, end - begin);
 }
 
+namespace {
+bool is_blank(std::string_view text) {
+  return text.empty() || (text[0] == ' ' && std::memcmp(text.data(), text.data() + 1, text.size() - 1) == 0);
+}
+}  // namespace
+
 /// What becomes of the records of an entity, which `in` has collected: all of them, or those behind its own fields.
 void igsFile::judge_or_keep(const igsInStream& in, igsObject& object) {
   const bool has_class = object.manager()->visited() != 0;
   const bool has_ended = in.record_ended();
   std::size_t begin = in.fields_end();
   // Almost all have nothing else.
-  if (has_class && has_ended && !m_options.strict && m_records.find_first_not_of(' ', begin) == utString::npos) return;
+  if (has_class && has_ended && !m_options.strict && is_blank(std::string_view(m_records).substr(begin))) {
+    return;
+  }
   igsFieldTexts own, rest;
   const auto take = [&in](igsFieldTexts& fields, std::string_view records, std::size_t at) {
     return fields.take(records, at, in.param_delimiter(), in.record_delimiter());
