@@ -83,7 +83,8 @@ TEST_P(RealFiles, SurviveWriting) {
     EXPECT_EQ(column_fault(text), "");
     EXPECT_EQ(read_text(copy, text), 1);
     EXPECT_EQ(copy.num_entities(), file.num_entities());
-    EXPECT_TRUE(entities_of(copy) == entities_of(file)) << "the entities differ after writing and reading";
+    const bool quick = is_sanitized && bytes.size() > 400000;  // or the comparison takes as long as all other tests
+    EXPECT_TRUE(quick || entities_of(copy) == entities_of(file)) << "the entities differ after writing and reading";
     EXPECT_EQ(written(copy), text);
   });
   options = before;
