@@ -15,6 +15,18 @@ std::size_t count_digits(std::string_view text) {
   return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), igs_number::is_digit) - text.begin());
 }
 
+void remove_sign(std::string_view& text) {
+  if (text.starts_with('+') || text.starts_with('-')) text.remove_prefix(1);
+}
+
+std::size_t remove_digits(std::string_view& text) {
+  const std::size_t count = count_digits(text);
+  text.remove_prefix(count);
+  return count;
+}
+
+constexpr std::string_view exponent_letters = "DdEe";
+
 /// The position behind the count and the H that begin a string, and the count; 0 where no string begins.
 std::size_t string_begin(std::string_view text, std::size_t& count) {
   const std::size_t digits = count_digits(text);
@@ -34,7 +46,6 @@ std::string_view without_blanks(std::string_view text) {
 
 std::size_t igsFieldTexts::take(std::string_view records, std::size_t begin, char parameter_delimiter,
                                 char record_delimiter, std::vector<std::size_t>* begins) {
-  const char delimiters[] = {parameter_delimiter, record_delimiter};
   while (true) {
     begin = std::min(records.find_first_not_of(' ', begin), records.size());
     std::size_t count = 0;
@@ -42,7 +53,8 @@ std::size_t igsFieldTexts::take(std::string_view records, std::size_t begin, cha
     if (begins != nullptr) begins->push_back(begin);
     const bool beyond = string != 0 && count > records.size() - begin - string;
     const std::size_t least = string != 0 && !beyond ? begin + string + count : begin;
-    const std::size_t end = std::min(records.find_first_of(std::string_view(delimiters, 2), least), records.size());
+    std::size_t end = least;
+    while (end < records.size() && records[end] != parameter_delimiter && records[end] != record_delimiter) ++end;
     const std::string_view field = records.substr(begin, end - begin);
     if (beyond) {
       if (m_first_recounted < 0) m_first_recounted = static_cast<int>(std::count(m_text.begin(), m_text.end(), '\0'));
@@ -59,7 +71,9 @@ std::size_t igsFieldTexts::take(std::string_view records, std::size_t begin, cha
 }
 
 void igsFieldTexts::append(std::string_view field) {
-  std::transform(field.begin(), field.end(), std::back_inserter(m_text), record_character);
+  const auto size = static_cast<std::ptrdiff_t>(m_text.size());
+  m_text.append(field);
+  std::transform(m_text.begin() + size, m_text.end(), m_text.begin() + size, record_character);
   m_text.push_back('\0');
 }
 
@@ -77,12 +91,21 @@ igsFieldKind igsFieldTexts::kind(std::string_view field) {
   if (field.empty()) return igsFieldKind::empty;
   std::size_t count = 0;
   if (string_begin(field, count) != 0) return igsFieldKind::string;
-  const std::string_view digits = field.substr(field[0] == '+' || field[0] == '-' ? 1 : 0);
-  if (!digits.empty() && count_digits(digits) == digits.size()) return igsFieldKind::integer;
-  if (field.find_first_not_of("0123456789+-.DdEe") != std::string_view::npos) return igsFieldKind::other;
-  double value = 0;
-  const utString text(field);
-  return igs_number::parse_real_with_d(text.c_str(), value) == text.size() ? igsFieldKind::real : igsFieldKind::other;
+  remove_sign(field);
+  const std::size_t whole = remove_digits(field);
+  if (whole != 0 && field.empty()) return igsFieldKind::integer;
+  std::size_t fraction = 0;
+  if (field.starts_with('.')) {
+    field.remove_prefix(1);
+    fraction = remove_digits(field);
+  }
+  if (whole + fraction == 0) return igsFieldKind::other;
+  if (!field.empty() && exponent_letters.find(field[0]) != std::string_view::npos) {
+    field.remove_prefix(1);
+    remove_sign(field);
+    if (remove_digits(field) == 0) return igsFieldKind::other;
+  }
+  return field.empty() ? igsFieldKind::real : igsFieldKind::other;
 }
 
 int igsFieldTexts::integer(std::string_view field, int otherwise) {
