@@ -25,7 +25,7 @@ int igsDEAttribute::field() const { return predefined_colour() ? m_value : -m_de
 int igsDirectoryEntry::structure() const {
   if (m_structure >= 0 || !keeps_structure()) return m_structure;
   const igsKeptParts* const parts = m_manager->file()->kept_parts(*m_manager->object());
-  return parts != nullptr ? -parts->structure.de_number() : 0;
+  return parts != nullptr ? -parts->structure.de_number() : m_structure;  // the file was not read so
 }
 
 void igsDirectoryEntry::set_structure(int structure) {

@@ -73,6 +73,8 @@ TEST(Keep, WritesWhatWasRead) {
   igsFile plain;
   read_text(plain, given);
   EXPECT_EQ(std::tuple(plain.num_entities(), plain.num_unknowns(), first.file.num_unknowns()), std::tuple(4, 3, 0));
+  plain.set_options(kept);  // too late: nothing is made up
+  EXPECT_EQ(plain.entity(7)->directory_entry().structure(), -3);
 }
 
 TEST(Keep, NamesEntitiesAndLevels) {
