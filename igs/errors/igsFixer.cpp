@@ -6,12 +6,17 @@
 #include "igs/errors/private/igsRepairRun.h"
 #include "igs/file/igsObjectSystem.h"
 
-namespace {
-void fix_in_log_order(igsErrorLog& log, igsLogID log_id, int keep_going) {
+igsFixer::igsFixer() = default;
+igsFixer::~igsFixer() = default;
+
+bool igsFixer::accepts(const igsError& /*error*/) const { return true; }
+
+void igsFixer::fix_in_log_order(igsErrorLog& log, igsLogID log_id, int keep_going) {
   igsSimpleSectionLog* const section = log.get_section_log(log_id);
   igsSimpleSectionLogIT errors(section);
   while (++errors) {
     igsError* const error = errors();
+    if (!accepts(*error)) continue;
     if (error->fix() != 0) {
       section->mark_as_fixed(error);
     } else if (keep_going == 0) {
@@ -21,10 +26,10 @@ void fix_in_log_order(igsErrorLog& log, igsLogID log_id, int keep_going) {
 }
 
 // False when the entity's other errors are to be left.
-bool fix_in_run(igsErrorLog& log, const igsFixGraph::Run& run, int keep_going) {
-  for (int slot = run.first; slot <= run.last; ++slot) {
+bool igsFixer::fix_in_run(igsErrorLog& log, int first, int last, int keep_going) {
+  for (int slot = first; slot <= last; ++slot) {
     igsError* const error = log.object_log().error_in_slot(slot);
-    if (error == nullptr) continue;  // a repair made before this one has removed it
+    if (error == nullptr || !accepts(*error)) continue;  // a repair made before this one may have removed it
     if (error->fix() != 0) {
       log.mark_as_fixed(error);
     } else if (keep_going == 0) {
@@ -33,10 +38,6 @@ bool fix_in_run(igsErrorLog& log, const igsFixGraph::Run& run, int keep_going) {
   }
   return true;
 }
-}  // namespace
-
-igsFixer::igsFixer() = default;
-igsFixer::~igsFixer() = default;
 
 void igsFixer::fix(igsErrorLog& log, int keep_going) {
   std::optional<igsFileScope> current;
@@ -56,7 +57,7 @@ void igsFixer::fix_object_errors(igsErrorLog& log, int keep_going) {
   schedule_dependencies();
   for (const igsFixGraph::Entity* const entity : m_graph->order()) {
     for (const igsFixGraph::Run& run : entity->errors) {
-      if (!fix_in_run(log, run, keep_going)) break;
+      if (!fix_in_run(log, run.first, run.last, keep_going)) break;
     }
   }
 }

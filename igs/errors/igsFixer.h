@@ -10,11 +10,11 @@ class igsFixGraph;
 
 /// Applies the repairs that the errors of one file know how to make. Errors of the file structure, Global, Start and
 /// Terminate sections are repaired in log order; errors of entities from the deepest dependency up, so that an entity
-/// is repaired after the entities it depends on.
+/// is repaired after the entities it depends on. A subclass may leave errors as they are (`accepts`).
 class IGS_API igsFixer {
  public:
   igsFixer();
-  ~igsFixer();
+  virtual ~igsFixer();
   igsFixer(const igsFixer&) = delete;
   igsFixer& operator=(const igsFixer&) = delete;
 
@@ -23,6 +23,9 @@ class IGS_API igsFixer {
   void fix(igsErrorLog& log, int keep_going);
 
  protected:
+  /// Whether the error is to be repaired; all are. One that is not stays active.
+  virtual bool accepts(const igsError& error) const;
+
   /// The parts of `fix`: the errors of one section log each.
   void fix_file_errors(igsErrorLog& log, int keep_going);
   void fix_object_errors(igsErrorLog& log, int keep_going);
@@ -39,5 +42,7 @@ class IGS_API igsFixer {
   const igsFixNode* node(int de) const;
 
  private:
+  void fix_in_log_order(igsErrorLog& log, igsLogID log_id, int keep_going);
+  bool fix_in_run(igsErrorLog& log, int first, int last, int keep_going);
   std::unique_ptr<igsFixGraph> m_graph;
 };

@@ -74,8 +74,13 @@ igsObject* igsFile::entity(int de_number) const {
   return slot < m_slots.size() && m_slots[slot] != nullptr ? m_slots[slot]->object() : nullptr;
 }
 
+int igsFile::dropped_type(int de_number) const {
+  const auto found = m_dropped_types.find(de_number);
+  return found != m_dropped_types.end() ? found->second : 0;
+}
+
 igsEntityLines igsFile::lines(int de_number) const {
-  const std::size_t slot = de_number > 0 ? index(de_number / 2) : m_lines.size();
+  const std::size_t slot = de_number > 0 && de_number % 2 != 0 ? index(de_number / 2) : m_lines.size();
   return slot < m_lines.size() ? m_lines[slot] : igsEntityLines();
 }
 
@@ -151,14 +156,18 @@ void igsFile::free_slot(int slot) {
   }
 }
 
-// The prototype's slot was the last to be made: taking it back leaves no trace.
+// Where the slot freed last was the last to be made: taking it back leaves no trace.
+void igsFile::give_back_slot(int slot) {
+  if (index(slot) + 1 != m_slots.size()) return;
+  m_slots.pop_back();
+  m_free_slots.pop_back();
+}
+
 void igsFile::release_prototype(igsObject* object) {
   const int slot = object->manager()->system_location();
   object_deleted(object);
   object->set_manager(nullptr);
-  if (index(slot) + 1 != m_slots.size()) return;
-  m_slots.pop_back();
-  m_free_slots.pop_back();
+  give_back_slot(slot);
 }
 
 void igsFile::reset_visit_flags() const {
@@ -169,6 +178,7 @@ void igsFile::reset_visit_flags() const {
 
 void igsFile::compress() {
   m_lines.clear();
+  m_section_lines = {};
   if (m_num_fixed_slots != 0 && !holds_kept_numbers()) m_num_fixed_slots = m_num_holes = 0;
   std::size_t used = index(m_num_fixed_slots);
   for (std::size_t i = used; i < m_slots.size(); ++i) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <iosfwd>
 #include <map>
@@ -13,6 +14,7 @@
 #include "igs/file/igsGlobalSection.h"
 #include "igs/file/igsStartSection.h"
 #include "igs/file/igsTerminateSection.h"
+#include "igs/input/igsFileSection.h"
 #include "igs/input/igsIOError.h"
 #include "igs/support/export.h"
 #include "igs/support/kluTypeInfo.h"
@@ -106,6 +108,9 @@ class IGS_API igsFile {
   int num_unknowns() const { return m_num_deleted_unknowns; }
   /// What reading dropped, for whatever reason: counts by entity type and form as the file has them.
   const std::map<std::pair<int, int>, int>& dropped_entities() const { return m_dropped; }
+  /// The entity type, as the file has it, of an entity that reading dropped, by its DE number then; 0 for any other and
+  /// for null entities.
+  int dropped_type(int de_number) const;
   /// 1 unless a read failed before the end of the Parameter Data section.
   int parameter_data_read() const { return m_parameter_data_read; }
 
@@ -127,6 +132,8 @@ class IGS_API igsFile {
   /// Where the entity with this DE number stands in the input, also when it was dropped or deleted since. Known with
   /// igsFileOptions::lines, until the file is written.
   igsEntityLines lines(int de_number) const;
+  /// The line on which a section begins; 0 for a section that the input does not have, else known as lines(de_number).
+  int section_line(igsFileSection section) const { return m_section_lines.at(section); }
   /// As igsGlobalSection::line.
   int global_line(int parameter) const { return m_global_section.line(parameter); }
   /// What was kept of an entity of this file beside its own fields; null where there is nothing.
@@ -177,6 +184,7 @@ class IGS_API igsFile {
   void settle_numbers();
   void take_slot(int slot);
   void free_slot(int slot);
+  void give_back_slot(int slot);
   void compress();
   void set_system_location(int location) { m_system_location = location; }
   int system_location() const { return m_system_location; }
@@ -188,6 +196,7 @@ class IGS_API igsFile {
   void repair(int delete_faulty);
   int read_stream(std::istream& in, utOstream& messages);
   int salvage(igsInStream& in, int result);
+  void note_missing_sections(const igsInStream& in);
   void note_second_file(igsInStream& in);
   bool lose_entries(igsInStream& in);
   void lose_entry();
@@ -196,9 +205,10 @@ class IGS_API igsFile {
   void note_read_fault(igsInStream& in);
   void drop_entity(igsObject* object);
   int read_entity(igsInStream& in, igsObject& object);
-  void judge_or_keep(const igsInStream& in, igsObject& object);
+  igsObject& judge_or_keep(igsInStream& in, igsObject& object);
+  igsObject& put_empty(igsObject& object, const igsFieldTexts& all);
   void keep_rest(const igsObject& object, igsFieldTexts rest, igsKeptParts* groups);
-  static void keep_unknown(igsUnknown& unknown, const igsFieldTexts& all);
+  void keep_unknown(igsUnknown& unknown, const igsFieldTexts& all);
   void note_exponent_letter(const igsInStream& in, const utString& records);
   void keep_comment(const igsObject& object, std::size_t begin);
   bool take_groups(const igsFieldTexts& fields, igsKeptParts& parts) const;
@@ -220,6 +230,7 @@ class IGS_API igsFile {
   std::unordered_map<const igsObjectManager*, std::unique_ptr<igsKeptParts>> m_kept;
   igsFileOptions m_options;
   std::vector<igsEntityLines> m_lines;  ///< by slot
+  std::array<int, igsNoSectionId> m_section_lines{};
   utString m_records;                   ///< data of the records being read, where they are kept
   int m_system_location = -1;
   igsErrorLog* m_error_log = nullptr;  ///< the registry's
@@ -229,6 +240,7 @@ class IGS_API igsFile {
   int m_num_deleted_nulls = 0;
   int m_num_deleted_unknowns = 0;
   std::map<std::pair<int, int>, int> m_dropped;
+  std::unordered_map<int, int> m_dropped_types;  ///< by DE number
   igsReadFault m_read_fault;
   mutable bool m_out_of_memory = false;
   bool m_on_heap;

@@ -78,8 +78,14 @@ using igsFilePrematureObjectEnd = igsPlacedError<"igsFilePrematureObjectEnd">;
 /// Parameter data hold more fields than the entity defines, which are no trailing groups of pointers: the first of
 /// them.
 using igsFileObjectExtraData = igsPlacedError<"igsFileObjectExtraData">;
-/// A field that has to be a number is none, or has further characters. Values: its position, its text.
+/// A field that has to be a number is none, has further characters, or is too large for a double. Values: its position,
+/// its text.
 using igsFileFieldNotNumber = igsNamedError<"igsFileFieldNotNumber", igsStructureError, int, utString>;
+/// The parameter data cannot be read as the entity's class has them; they were kept as they stand, in an empty entity.
+using igsFileUnreadData = igsNamedError<"igsFileUnreadData", igsStructureError>;
+/// Reading ended before the end of the file, at a record that cannot be one; what was read until then counts. Values:
+/// the number of records before it.
+using igsFileReadEnded = igsNamedError<"igsFileReadEnded", igsTerminateError, int>;
 /// Parameter data end without a record delimiter.
 using igsFileNoRecordDelimiter = igsNamedError<"igsFileNoRecordDelimiter", igsStructureError>;
 /// A string has more or less characters than its count says. Values: its position, the field.

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
+#include "igs/catalogue/igsFactory.h"
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile.h"
 #include "igs/file/igsFile_errors.h"
@@ -35,17 +37,23 @@ namespace {
 bool is_blank(std::string_view text) {
   return text.empty() || (text[0] == ' ' && std::memcmp(text.data(), text.data() + 1, text.size() - 1) == 0);
 }
+
+// Zeros behind the groups, which some systems write, are as good as no fields.
+bool says_nothing(const igsFieldTexts& fields) {
+  const std::vector<std::string_view> texts = fields.fields();
+  return std::all_of(texts.begin(), texts.end(), [](std::string_view text) { return text.empty() || text == "0"; });
+}
 }  // namespace
 
 /// What becomes of the records of an entity, which `in` has collected: all of them, or those behind its own fields.
-void igsFile::judge_or_keep(const igsInStream& in, igsObject& object) {
+/// Returns the entity that the file has then.
+igsObject& igsFile::judge_or_keep(igsInStream& in, igsObject& object) {
   const bool has_class = object.manager()->visited() != 0;
   const bool has_ended = in.record_ended();
   std::size_t begin = in.fields_end();
   // Almost all have nothing else.
-  if (has_class && has_ended && !m_options.strict && is_blank(std::string_view(m_records).substr(begin))) {
-    return;
-  }
+  const bool is_plain = !in.take_met_odd_field() || !m_options.strict;
+  if (has_class && has_ended && is_plain && is_blank(std::string_view(m_records).substr(begin))) return object;
   igsFieldTexts own, rest;
   const auto take = [&in](igsFieldTexts& fields, std::string_view records, std::size_t at) {
     return fields.take(records, at, in.param_delimiter(), in.record_delimiter());
@@ -55,19 +63,50 @@ void igsFile::judge_or_keep(const igsInStream& in, igsObject& object) {
   if (has_class && !has_ended && end == begin) end = take(rest, m_records, begin);
   igsKeptParts groups;
   const bool are_groups = take_groups(rest, groups);
+  bool is_unread = false;
   if (m_options.strict) {
     igsFieldJudge judge(object, own);
     judge.judge_texts();
     if (has_class) object.visit_fields(judge);
-    if (!are_groups) igs_report<igsFileObjectExtraData>(object.de_number(), static_cast<int>(own.fields().size()));
+    is_unread = judge.found_unread() && has_class;
+    if (!are_groups && !says_nothing(rest))
+      igs_report<igsFileObjectExtraData>(object.de_number(), static_cast<int>(own.fields().size()));
     if (end == 0 || m_records[end - 1] != in.record_delimiter()) {
       igs_report<igsFileNoRecordDelimiter>(object.de_number());
     }
   }
-  if (!m_options.keep) return;
-  if (has_class) keep_rest(object, std::move(rest), are_groups ? &groups : nullptr);
-  if (object.isa(igsUnknown::type())) keep_unknown(static_cast<igsUnknown&>(object), own);
-  if (object.manager()->visited() != 0) keep_comment(object, end);
+  if (!m_options.keep) return object;
+  const bool has_no_class = object.isa(igsUnknown::type());
+  igsObject& kept = has_class || has_no_class || !m_options.strict ? object : put_empty(object, own);
+  if (has_no_class) keep_unknown(static_cast<igsUnknown&>(object), own);
+  if (is_unread) {
+    make_kept_parts(kept).unread_fields = std::move(own);
+    for (const std::string_view field : rest.fields()) make_kept_parts(kept).unread_fields.append(field);
+  } else if (has_class) {
+    keep_rest(kept, std::move(rest), are_groups ? &groups : nullptr);
+  }
+  if (kept.manager()->visited() != 0) keep_comment(kept, end);
+  return kept;
+}
+
+/// Puts an empty entity of the same class, which is written as `all` says, in the place of one that cannot be read.
+igsObject& igsFile::put_empty(igsObject& object, const igsFieldTexts& all) {
+  if (all.empty() || object.isa(igsNull::type())) return object;
+  const igsDirectoryEntry& entry = object.directory_entry();
+  const int de = object.de_number();
+  // A pointer to a number that no entity has must not find the empty one there.
+  auto waiting = m_pending.extract(m_free_slots.empty() ? static_cast<int>(m_slots.size()) : m_free_slots.back());
+  igsObject* const empty = igsFactory::make_one(entry.entity_type(), entry.form_number(), m_options);
+  m_pending.insert(std::move(waiting));
+  empty->directory_entry().become(entry);
+  make_kept_parts(*empty).unread_fields = all;
+  make_kept_parts(*empty).structure = make_kept_parts(object).structure;
+  const int borrowed = empty->manager()->system_location();
+  replace_entity(&object, empty);
+  give_back_slot(borrowed);
+  empty->manager()->set_visited(1);
+  igs_report<igsFileUnreadData>(de);
+  return *empty;
 }
 
 void igsFile::keep_rest(const igsObject& object, igsFieldTexts rest, igsKeptParts* groups) {
@@ -92,6 +131,8 @@ void igsFile::keep_unknown(igsUnknown& unknown, const igsFieldTexts& all) {
   if (entry.entity_type() < 0) {
     const int type = texts.empty() ? 0 : igsFieldTexts::integer(texts[0], 0);
     entry.set_type(static_cast<igsEntityType>(type > 0 ? type : unknown.type_in_file()), unknown.form_in_file());
+  } else if (!texts.empty() && igsFieldTexts::integer(texts[0], -1) != entry.entity_type()) {
+    make_kept_parts(unknown).unread_fields = all;
   }
   unknown.manager()->set_visited(1);
 }

@@ -60,18 +60,27 @@ int igsFile::salvage(igsInStream& in, int result) {
     if (entity(de) != nullptr) igs_report<igsFileColumn65>(de);
   }
   if (in.mixed_line_ends()) tag_error(new igsFileMixedLineEnds);
-  if (result == 0 && m_read_fault.code != igsIOEndOfInput) return 0;
+  const igsIOErrorCode fault = m_read_fault.code;
+  if (result == 0 && (fault == igsIOStreamBad || fault == igsIOStreamFailed)) return 0;
+  if (result == 0 && fault != igsIOEndOfInput) {
+    tag_error(new igsFileReadEnded(m_read_fault.records_before));
+  } else {
+    note_missing_sections(in);
+  }
   // Without entities there is nothing to salvage.
   if (result == 0 && (in.num_lines(igsGlobalSectionId) == 0 || m_slots.empty())) return 0;
+  if (result != 0) note_second_file(in);
+  m_parameter_data_read = 1;
+  return 1;
+}
+
+void igsFile::note_missing_sections(const igsInStream& in) {
   const bool has_entities = in.num_lines(igsDirectorySectionId) + in.num_lines(igsParameterSectionId) != 0;
   for (int section = 0; section < num_file_sections; ++section) {
     const auto id = static_cast<igsFileSection>(section);
     const bool needed = has_entities || (id != igsDirectorySectionId && id != igsParameterSectionId);
     if (needed && in.num_lines(id) == 0) tag_error(new igsFileMissingSection(id));
   }
-  if (result != 0) note_second_file(in);
-  m_parameter_data_read = 1;
-  return 1;
 }
 
 void igsFile::note_second_file(igsInStream& in) {
@@ -116,14 +125,22 @@ void igsFile::note_line(int de_number, int igsEntityLines::*line, const igsInStr
 }
 
 int igsFile::read_sections(igsInStream& in, utOstream& messages) {
+  const auto note_section = [&](igsFileSection section) {
+    if (m_options.lines && in.in_section(section) != 0) m_section_lines[section] = in.input_line();
+  };
+  note_section(igsStartSectionId);
   int result = m_start_section.read(in);
+  note_section(igsGlobalSectionId);
   if (result != 0) result = m_global_section.read(in, messages);
+  note_section(igsDirectorySectionId);
   if (result != 0) result = read_directory_section(in);
+  note_section(igsParameterSectionId);
   if (result != 0) {
     reset_visit_flags();
     result = read_parameter_data_section(in);
   }
   m_parameter_data_read = result;
+  note_section(igsTerminateSectionId);
   return result != 0 ? m_terminate_section.read(in) : 0;
 }
 
@@ -230,31 +247,33 @@ int igsFile::read_parameter_data_section(igsInStream& in) {
 }
 
 // Returns 0 when the section cannot be read on.
-int igsFile::read_entity(igsInStream& in, igsObject& object) {
+int igsFile::read_entity(igsInStream& in, igsObject& met) {
   igsFileSection section;
   int first_line = 0;
   int column = 0;
   in.position(section, first_line, column);
   const int lines_before = in.num_lines(igsParameterSectionId);
-  const igsDirectoryEntry& entry = object.directory_entry();
-  const int de = object.de_number();
+  igsObject* object = &met;
+  const int line_count = met.directory_entry().parameter_line_count();
+  const int de = met.de_number();
   note_line(de, &igsEntityLines::parameter_data, in);
-  if (entry.start_of_parameter_data() != first_line) {
-    igs_report<igsFileIncorrectStartOfPD>(de, first_line, entry.start_of_parameter_data());
+  if (const int start = met.directory_entry().start_of_parameter_data(); start != first_line) {
+    igs_report<igsFileIncorrectStartOfPD>(de, first_line, start);
   }
   m_records.clear();
   const bool note_letter = m_options.style.exponent_letter == igsExponentLetter::as_read;
-  if (m_options.strict || note_letter || (m_options.keep && object.isa(igsUnknown::type()))) {
+  if (m_options.strict || note_letter || (m_options.keep && object->isa(igsUnknown::type()))) {
     in.collect_text(&m_records);
   } else if (m_options.keep) {
     in.collect_rest(&m_records);
   }
   try {
     int sequence_out_of_order = 0;  // the stream remembers that, too
-    object.read(in, sequence_out_of_order);
-    if (m_options.strict || m_options.keep) judge_or_keep(in, object);
+    in.take_met_odd_field();
+    object->read(in, sequence_out_of_order);
+    if (m_options.strict || m_options.keep) object = &judge_or_keep(in, *object);
   } catch (const std::bad_alloc&) {  // half of an entity is none: its counts need not agree with its lists
-    delete &object;
+    delete object;
     throw;
   }
   in.collect_text(nullptr);
@@ -263,16 +282,14 @@ int igsFile::read_entity(igsInStream& in, igsObject& object) {
   if (in.reset() == 0) {
     const bool bad_record = in.error_type(igsIOBadBackPointer) != 0 || in.error_type(igsIOBadSequenceNumber) != 0 ||
                             in.error_type(igsIONoSectionLetter) != 0;
-    if (bad_record) drop_entity(&object);
+    if (bad_record) drop_entity(object);
     return 0;
   }
   in.clear_errors();
   // The count includes the record that the stream has come to, when that is the next entity's first.
   const int next_record = in.in_section(igsParameterSectionId) != 0 ? 0 : 1;
   const int lines = in.num_lines(igsParameterSectionId) - lines_before + next_record;
-  if (lines != entry.parameter_line_count()) {
-    igs_report<igsFileIncorrectPDLineCount>(de, lines, entry.parameter_line_count());
-  }
+  if (lines != line_count) igs_report<igsFileIncorrectPDLineCount>(de, lines, line_count);
   return 1;
 }
 
@@ -298,6 +315,7 @@ void igsFile::drop_entity(igsObject* object) {
     type_and_form = {unknown->type_in_file(), unknown->form_in_file()};
   }
   ++m_dropped[type_and_form];
+  if (type_and_form.first != 0) m_dropped_types.emplace(object->de_number(), type_and_form.first);
   delete object;
 }
 
@@ -305,10 +323,10 @@ void igsFile::tidyup() {
   igsFileIT entities(this);
   while (++entities) {
     igsObject* const object = entities();
-    if (object->isa(igsNull::type())) {
+    if (object->isa(igsNull::type()) || object->directory_entry().entity_type() == 0) {
       ++m_num_deleted_nulls;
       drop_entity(object);
-    } else if (object->isa(igsUnknown::type()) && !(m_options.keep && object->manager()->visited() != 0)) {
+    } else if (object->isa(igsUnknown::type()) && !m_options.keep) {
       ++m_num_deleted_unknowns;
       drop_entity(object);
     } else if (object->manager()->visited() == 0) {

@@ -35,7 +35,8 @@ constexpr double min_resolution = 1e-15;
 constexpr double default_resolution = 0.0001;
 constexpr int default_version = 3;
 constexpr int num_drafting_standards = 8;
-constexpr int units_flag = 14, line_weights = 16, modification_date = 25;  // parameters that are told from others
+constexpr int units_flag = 14, units_name = 15, line_weights = 16, modification_date = 25,
+              last_of_standard = 26;  // parameters that are told from others
 /// The first version flag (IGES 5.0) whose Global section has a modification date.
 constexpr int version_with_modification_date = 8;
 
@@ -129,10 +130,6 @@ void write_field(igsOutStream& out, char c) { out.write_holerith(utString(1, c))
 void write_field(igsOutStream& out, const igsDate& date) { out.write_holerith(date.date_string()); }
 void write_field(igsOutStream& out, int value) { out.write_integer(value); }
 void write_field(igsOutStream& out, double value) { out.write_double(value); }
-void write_field(igsOutStream& out, const igsUnits& units) {
-  out.write_integer(units.type());
-  out.write_holerith(units.name());
-}
 
 void print_field(utOstream& os, const utString& label, const utString& text) {
   os << label << " = \"" << text << '"' << utEndl;
@@ -146,6 +143,14 @@ void print_field(utOstream& os, const utString& label, double value) { os << lab
 void print_field(utOstream& os, const utString& label, const igsUnits& units) {
   print_field(os, label + "Flag", units.type());
   print_field(os, label + "Name", units.name());
+}
+
+/// The values that stand for none.
+bool is_unset(int value) { return value == igs_unset_int; }
+bool is_unset(double value) { return igs_is_undefined_real(value); }
+template <class Value>
+bool is_unset(const Value&) {
+  return false;
 }
 
 igsGlobalValue value_of(char c) { return utString(1, c); }
@@ -247,8 +252,13 @@ struct igsGlobalSection::Table {
   template <int number, class Value>
   static int set(S& section, const Value& value) {
     if (!row<number>().valid(value)) return 0;
-    section.*row<number>().member = value;
+    store<number>(section, value);
     return 1;
+  }
+  template <int number, class Value>
+  static void store(S& section, const Value& value) {
+    section.*row<number>().member = value;
+    section.mark(number, !is_unset(value));
   }
 
   static void read(S& section, igsInStream& in) {
@@ -257,12 +267,16 @@ struct igsGlobalSection::Table {
   static void read(S&, igsInStream&, const GlobalRow<char>&) {}  // the delimiters have been read
   static void read(S& section, igsInStream& in, const GlobalRow<igsUnits>& row) {
     igsUnitType flag = igs_unset_int;
-    if (!read_field(in, flag)) {
+    const bool has_flag = read_field(in, flag);
+    if (!has_flag) {
       flag = igs_unset_int;
       section.tag_error(new igsGlobalSectionIllegalDefault(row.number, igsGlobalInteger));
     }
     utString name;
-    section.*row.member = read_field(in, name) ? igsUnits(name, flag) : igsUnits(flag);
+    const bool has_name = read_field(in, name);
+    section.*row.member = has_name ? igsUnits(name, flag) : igsUnits(flag);
+    section.mark(units_flag, has_flag && !is_unset(flag));
+    section.mark(units_name, has_name);
     if (section.m_owner != nullptr && section.m_owner->options().recover) section.recover_units();
   }
   template <class Value>
@@ -275,6 +289,20 @@ struct igsGlobalSection::Table {
     }
     settle(section, row.number, given, value);
     section.*row.member = value;
+    section.mark(row.number, given && !is_unset(value) && row.number <= section.last_known());
+  }
+
+  /// Writes the fields of a parameter; where that counts, an empty one, or what stood in its place behind the last
+  /// parameter that reading knew, for what was not given.
+  static void write(const S& section, igsOutStream& out, const GlobalRow<igsUnits>& row) {
+    const igsUnits& units = section.*row.member;
+    section.is_left_out(units_flag) ? out.write_field({}) : out.write_integer(units.type());
+    section.is_left_out(units_name) ? out.write_field({}) : out.write_holerith(units.name());
+  }
+  template <class Value>
+  static void write(const S& section, igsOutStream& out, const GlobalRow<Value>& row) {
+    section.is_left_out(row.number) ? out.write_field(section.extra_field(row.number))
+                                    : write_field(out, section.*row.member);
   }
 
   /// What two of them need besides.
@@ -296,12 +324,14 @@ struct igsGlobalSection::Table {
 int igsGlobalSection::set_parameter_delimiter(char delimiter) {
   if (valid_delimiter(delimiter) == 0 || delimiter == m_record_delimiter) return 0;
   m_parameter_delimiter = delimiter;
+  mark(1);
   return 1;
 }
 
 int igsGlobalSection::set_record_delimiter(char delimiter) {
   if (valid_delimiter(delimiter) == 0 || delimiter == m_parameter_delimiter) return 0;
   m_record_delimiter = delimiter;
+  mark(2);
   return 1;
 }
 
@@ -322,6 +352,40 @@ int igsGlobalSection::set_minimum_resolution(double value) { return Table::set<1
 int igsGlobalSection::set_name_of_author(const utString& text) { return Table::set<21>(*this, text); }
 int igsGlobalSection::set_authors_organization(const utString& text) { return Table::set<22>(*this, text); }
 
+void igsGlobalSection::set_units(const igsUnits& units) {
+  m_units = units;
+  mark(units_flag, !is_unset(units.type()));
+  mark(units_name);
+}
+void igsGlobalSection::set_file_creation_date(const igsDate& date) { Table::store<18>(*this, date); }
+void igsGlobalSection::set_max_coord_value(double value) { Table::store<20>(*this, value); }
+void igsGlobalSection::set_iges_version(int version) { Table::store<23>(*this, version); }
+void igsGlobalSection::set_drafting_standard(int standard) { Table::store<24>(*this, standard); }
+void igsGlobalSection::set_file_modification_date(const igsDate& date) { Table::store<modification_date>(*this, date); }
+
+void igsGlobalSection::mark(int parameter, bool is_given) {
+  const std::uint32_t bit = std::uint32_t{1} << parameter;
+  m_given = is_given ? m_given | bit : m_given & ~bit;
+}
+
+bool igsGlobalSection::given(int parameter) const {
+  if (parameter == last_of_standard) return !extra_field(parameter).empty();
+  return parameter >= 1 && parameter <= modification_date && (m_given >> parameter & 1U) != 0;
+}
+
+std::string_view igsGlobalSection::extra_field(int parameter) const {
+  if (m_last_read == 0 || parameter <= m_last_read) return {};
+  const std::vector<std::string_view> fields = m_extra_fields.fields();
+  const auto i = static_cast<std::size_t>(parameter - m_last_read - 1);
+  return i < fields.size() ? fields[i] : std::string_view();
+}
+
+utString igsGlobalSection::application_protocol() const {
+  return utString(igsFieldTexts::string(extra_field(last_of_standard)));
+}
+
+bool igsGlobalSection::is_left_out(int parameter) const { return m_last_read > 0 && !given(parameter); }
+
 std::vector<igsGlobalParameter> igsGlobalSection::parameters() const {
   std::vector<igsGlobalParameter> list;
   Table::each([&](const auto& row) {
@@ -335,6 +399,7 @@ int igsGlobalSection::repair(int parameter) {
   Table::each([&](const auto& row) {
     if (row.number != parameter || row.repaired == nullptr) return;
     this->*row.member = row.repaired();
+    mark(parameter);
     repaired = 1;
   });
   return repaired;
@@ -441,6 +506,7 @@ int igsGlobalSection::read(igsInStream& in, utOstream& messages) {
   const igsFileOptions options = m_owner != nullptr ? m_owner->options() : igsFileOptions();
   utString records;
   std::vector<std::pair<std::size_t, int>> lines;
+  if (options.keep) m_last_read = modification_date;  // also where nothing can be read
   const bool note_letter = options.style.exponent_letter == igsExponentLetter::as_read;
   if (options.keep || options.recover || options.lines || note_letter) in.collect_text(&records, &lines);
   const int can_be_read = options.recover ? read_corrected(in, records, messages) : read_parameters(in, messages);
@@ -466,6 +532,7 @@ int igsGlobalSection::read_parameter_delimiter(igsInStream& in, utOstream& /*mes
   char delimiter = default_parameter_delimiter;
   utString text;
   in.read_string(1, text);
+  mark(1, text == "1");
   if (text == "1") {
     in.read_string(3, text);
     if (text.size() < 3 || text[0] != 'H' || text[1] != text[2]) return 0;
@@ -488,7 +555,8 @@ int igsGlobalSection::read_record_delimiter(igsInStream& in, utOstream& /*messag
   // Where ";" separates parameters, it does not yet end the record.
   if (m_parameter_delimiter == default_record_delimiter) in.set_record_delimiter('\0');
   utString text;
-  if (!read_field(in, text)) text = default_record_delimiter;
+  mark(2, read_field(in, text));
+  if (!given(2)) text = default_record_delimiter;
   // One character cannot do both: every field would end the record, and the file could not be read back.
   if (text.size() != 1 || valid_delimiter(text[0]) == 0 || text[0] == m_parameter_delimiter) {
     tag_error(new igsGlobalSectionInvalidRecordDelim(text));
@@ -507,7 +575,7 @@ void igsGlobalSection::recover_units() {
   if (named == 0 || igsUnits::type(name) != 0) return;
   const igsUnits standard(named);
   if (flag == igs_unset_int || igsUnits::check_units(flag, standard.name()) != 0) {
-    m_units = standard;
+    set_units(standard);
   } else if (igsUnits::name(flag) == igsUnits::name(0)) {
     m_units.set_name(standard.name());
   } else {
@@ -567,13 +635,13 @@ void igsGlobalSection::set_what_was_never_set() {
 }
 
 int igsGlobalSection::write(igsOutStream& out, utOstream& /*messages*/) {
-  set_what_was_never_set();
+  if (m_last_read == 0) set_what_was_never_set();
   out.set_section(igsGlobalSectionId);
   out.set_delimiters(utString(1, m_parameter_delimiter), utString(1, m_record_delimiter));
   const std::vector<std::string_view> extra = m_extra_fields.fields();
   const int last = extra.empty() ? last_known() : std::max(last_known(), m_last_read);
   Table::each([&](const auto& row) {
-    if (row.number <= last) write_field(out, this->*row.member);
+    if (row.number <= last) Table::write(*this, out, row);
   });
   for (auto i = static_cast<std::size_t>(last - m_last_read); i < extra.size(); ++i) out.write_field(extra[i]);
   out.set_comment(m_comment);

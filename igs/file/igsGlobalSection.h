@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <string_view>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -86,7 +88,7 @@ class IGS_API igsGlobalSection {
   int set_model_space_scale(double value);
   /// 14 and 15.
   const igsUnits& units() const { return m_units; }
-  void set_units(const igsUnits& units) { m_units = units; }
+  void set_units(const igsUnits& units);
   /// 16: number of line weight gradations, 1 to 32768; 17: width of the thickest line, at least 0.
   int max_number_of_line_weights() const { return m_max_number_of_line_weights; }
   int set_max_number_of_line_weights(int number);
@@ -95,13 +97,13 @@ class IGS_API igsGlobalSection {
 
   /// 18.
   const igsDate& file_creation_date() const { return m_file_creation_date; }
-  void set_file_creation_date(const igsDate& date) { m_file_creation_date = date; }
+  void set_file_creation_date(const igsDate& date);
   /// 19: smallest distance between coordinates that counts as a difference, at least 1e-15.
   double minimum_resolution() const { return m_minimum_resolution; }
   int set_minimum_resolution(double value);
   /// 20: no coordinate is larger. -DBL_MAX was never set, DBL_MAX is no limit.
   double max_coord_value() const { return m_max_coord_value; }
-  void set_max_coord_value(double value) { m_max_coord_value = value; }
+  void set_max_coord_value(double value);
 
   /// 21.
   const utString& name_of_author() const { return m_name_of_author; }
@@ -112,13 +114,22 @@ class IGS_API igsGlobalSection {
 
   /// 23: version flag, 1 to max_version(); 3 is IGES 2.0, 11 is IGES 5.3.
   int iges_version() const { return m_iges_version; }
-  void set_iges_version(int version) { m_iges_version = version; }
+  void set_iges_version(int version);
   /// 24: drafting standard flag, 0 to 7.
   int drafting_standard() const { return m_drafting_standard; }
-  void set_drafting_standard(int standard) { m_drafting_standard = standard; }
+  void set_drafting_standard(int standard);
   /// 25: read and written from version flag 8 on.
   const igsDate& file_modification_date() const { return m_file_modification_date; }
-  void set_file_modification_date(const igsDate& date) { m_file_modification_date = date; }
+  void set_file_modification_date(const igsDate& date);
+
+  /// 26, in a file that keeps it (igsFileOptions::keep); empty where it is not given.
+  utString application_protocol() const;
+
+  /// Whether parameter 1 to 26 has a value that the file gave, or that a host or a repair has set since; false for any
+  /// other number. One whose field was empty or could not be read is not given, nor is 25 where the version has none;
+  /// 26, the application protocol, is known in a file that keeps it. In such a file (igsFileOptions::keep) what was not
+  /// given is written as an empty field, so that reading it again gives the same answers.
+  bool given(int parameter) const;
 
   /// The parameters behind the last one that the file's version has, and the text behind the record delimiter, in a
   /// file that keeps them (igsFileOptions::keep). Written again.
@@ -160,8 +171,9 @@ class IGS_API igsGlobalSection {
   /// character, blank, digit, "+", "-", ".", "D", "E" or "H".
   int valid_delimiter(char c) const;
   /// Writes every parameter as it is held, after those that never got a value (7 to 11, 19 and 20) have been given one:
-  /// the number formats of this machine, a resolution of 0.0001, no largest coordinate. 0 only when the stream cannot
-  /// go on.
+  /// the number formats of this machine, a resolution of 0.0001, no largest coordinate. A section that was read in a
+  /// file that keeps what it reads holds what was given instead, and the other fields are empty. 0 only when the stream
+  /// cannot go on.
   int write(igsOutStream& out, utOstream& messages);
   /// Gives the error this section and the message stream of the owner.
   void tag_error(igsGlobalError* error) const;
@@ -180,6 +192,9 @@ class IGS_API igsGlobalSection {
   void note_lines(const igsInStream& in, const utString& records,
                   const std::vector<std::pair<std::size_t, int>>& lines);
   void recover_units();
+  void mark(int parameter, bool is_given = true);
+  bool is_left_out(int parameter) const;
+  std::string_view extra_field(int parameter) const;
   void set_what_was_never_set();
   void forget_last_check() const;
   void tag_fault(igsGlobalError* error) const;
@@ -209,8 +224,9 @@ class IGS_API igsGlobalSection {
   int m_drafting_standard = 0;
   igsDate m_file_modification_date;
 
+  std::uint32_t m_given = 0;  ///< bit n: parameter n
   igsFieldTexts m_extra_fields;
-  int m_last_read = 0;  ///< the parameter before the extra fields
+  int m_last_read = 0;  ///< the parameter before the extra fields; 0 where reading did not keep what it read
   utString m_comment;
   std::vector<int> m_lines;  ///< of the input, by parameter
   igsFile* m_owner = nullptr;

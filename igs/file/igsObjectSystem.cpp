@@ -42,7 +42,8 @@ void clear_up() {
   if (left.num_files() == 0) {
     delete_registry();
   } else if (left.num_files() == 1 && left.default_file != nullptr) {
-    delete left.default_file;  // which leads here again
+    igsFile* const last = left.default_file;  // `left` goes with it
+    delete last;                              // which leads here again
   }
 }
 

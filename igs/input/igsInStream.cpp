@@ -45,6 +45,7 @@ void igsInStream::read_integer(int& value) {
   if (read_plain_integer(value)) return;
   if (**this == ' ' || **this == '\n') pre_decode();
   if (end_fast_field(igs_number::parse_int(cursor(), value))) return;
+  m_met_odd_field = true;
   value = decoded(m_integer, [this] { slow_decode(); });
 }
 
@@ -108,13 +109,18 @@ void igsInStream::read_double(double& value) {
   if (read_plain_double(value)) return;
   if (**this == ' ' || **this == '\n') pre_decode();
   const std::size_t length = igs_number::parse_real_with_d(cursor(), value, record_end());
-  if (std::isnan(value)) m_field_errors.set(igsIONotANumber);
+  if (!std::isfinite(value)) {
+    if (std::isnan(value)) m_field_errors.set(igsIONotANumber);
+    m_met_odd_field = true;
+  }
   if (end_fast_field(length)) return;
+  m_met_odd_field = true;
   value = decoded(m_real, [this] { slow_decode(); });
 }
 
 void igsInStream::read_holerith(utString& value) {
   begin_field(0);
+  m_met_odd_field = true;
   value = decoded(m_hollerith, [this] { decode(); });
 }
 
@@ -164,6 +170,7 @@ int igsInStream::grant_missing(std::int64_t count) {
   const std::int64_t most = always_granted + static_cast<std::int64_t>(bytes_read()) / bytes_per_granted;
   if (count > most - m_granted) return 0;
   m_granted += count;
+  m_met_odd_field = true;
   return 1;
 }
 

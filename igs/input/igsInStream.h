@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <istream>
+#include <utility>
 
 #include "igs/input/igsDoubleDecoder.h"
 #include "igs/input/igsHolerithDecoder.h"
@@ -70,6 +71,10 @@ class IGS_API igsInStream : public igsInEngine {
   static constexpr std::int64_t always_granted = 65536;
   static constexpr std::int64_t bytes_per_granted = 64;
 
+  /// Whether a free-format field since the last question was anything but a number, or nothing, from one delimiter to
+  /// the next: a string, a number with other characters, a field that its record does not have.
+  bool take_met_odd_field() { return std::exchange(m_met_odd_field, false); }
+
   /// Forgets the conditions collected so far.
   void clear_errors() { m_collected_errors.clear(); }
   /// Leaves the frozen state at a boundary (igsInBuffer::reset) and forgets the conditions collected. Returns 1;
@@ -110,5 +115,6 @@ class IGS_API igsInStream : public igsInEngine {
   int m_collected_column = 0;
   bool m_collected = false;
   int m_value_present = 0;
+  bool m_met_odd_field = false;
   std::int64_t m_granted = 0;  ///< list elements that no record supplied
 };

@@ -39,6 +39,13 @@ void visit_group(igsFieldVisitor& visitor, const char* label, const std::vector<
   visitor.end_group();
 }
 
+void visit_texts_group(igsFieldVisitor& visitor, const char* label, const igsFieldTexts& texts) {
+  if (texts.empty()) return;
+  visitor.begin_group(label);
+  igs_visit_texts(texts, visitor);
+  visitor.end_group();
+}
+
 }  // namespace
 
 void igs_visit_texts(const igsFieldTexts& texts, igsFieldVisitor& visitor) {
@@ -61,12 +68,15 @@ bool igs_may_hold_numbers(const igsFieldTexts& texts) {
                      [](std::string_view field) { return igsFieldTexts::integer(field, 0) % 2 != 0; });
 }
 
-bool igsKeptParts::may_hold_numbers() const { return igs_may_hold_numbers(extra_fields); }
+bool igsKeptParts::may_hold_numbers() const {
+  return igs_may_hold_numbers(extra_fields) || igs_may_hold_numbers(unread_fields);
+}
 
 void igsKeptParts::write(igsOutStream& out) const {
   const bool second = groups > 1 || any_left(properties);
   if (second || groups > 0 || any_left(associativities)) write_group(out, associativities);
   if (second) write_group(out, properties);
+  for (const std::string_view field : unread_fields.fields()) out.write_field(field);
   for (const std::string_view field : extra_fields.fields()) out.write_field(field);
   out.set_comment(comment);
 }
@@ -74,6 +84,7 @@ void igsKeptParts::write(igsOutStream& out) const {
 void igsKeptParts::print(utOstream& os) const {
   print_group(os, "Associativities", associativities);
   print_group(os, "Properties", properties);
+  for (const std::string_view field : unread_fields.fields()) os << "UnreadField = " << field << utEndl;
   for (const std::string_view field : extra_fields.fields()) os << "ExtraField = " << field << utEndl;
   if (!comment.empty()) os << "Comment = \"" << comment << '"' << utEndl;
 }
@@ -87,10 +98,7 @@ void igsKeptParts::visit_pointers(igsPointerVisitor& visitor) {
 void igsKeptParts::visit_fields(igsFieldVisitor& visitor) const {
   visit_group(visitor, "Associativities", associativities);
   visit_group(visitor, "Properties", properties);
-  if (!extra_fields.empty()) {
-    visitor.begin_group("ExtraFields");
-    igs_visit_texts(extra_fields, visitor);
-    visitor.end_group();
-  }
+  visit_texts_group(visitor, "UnreadFields", unread_fields);
+  visit_texts_group(visitor, "ExtraFields", extra_fields);
   if (!comment.empty()) visitor.text("Comment", comment);
 }

@@ -25,6 +25,10 @@ struct IGS_API igsKeptParts {
   igsFieldTexts extra_fields;
   /// The text behind the record delimiter, without blanks at its end.
   utString comment;
+  /// Where the entity's own fields cannot be read as its class has them: all fields of its records as they stand, the
+  /// type number first. They are written in place of what the class would write. The others but `structure` and
+  /// `comment` are empty then.
+  igsFieldTexts unread_fields;
   /// What a negative structure field of the directory entry refers to.
   igsObjectPtr structure;
 

@@ -146,9 +146,12 @@ void igsObject::skip_this_entity(igsInStream& in) {
 }
 
 void igsObject::write(igsOutStream& out) {
-  out.write_integer(directory_entry().entity_type());
-  write_pd_data(out);
-  if (const igsKeptParts* const parts = file().kept_parts(*this)) parts->write(out);
+  const igsKeptParts* const parts = file().kept_parts(*this);
+  if (parts == nullptr || parts->unread_fields.empty()) {
+    out.write_integer(directory_entry().entity_type());
+    write_pd_data(out);
+  }
+  if (parts != nullptr) parts->write(out);
 }
 
 int igsObject::check() const {

@@ -160,7 +160,8 @@ void igsDoubleEncoder::encode(double value) {
 
 char* igsDoubleEncoder::print(char* text, double value) const {
   const auto copy = [text](std::string_view constant) { return text + constant.copy(text, constant.size()); };
-  if (value == 0) return copy("0.");
+  // The shortest format reads back as the same double, whose sign may count.
+  if (value == 0) return copy(std::signbit(value) && m_precisions.back() == shortest ? "-0." : "0.");
   if (std::isnan(value)) return copy(std::signbit(value) ? "-NAN." : "NAN.");
   if (std::isinf(value)) return copy(value < 0 ? "-INF." : "INF.");
   *text = '-';

@@ -10,7 +10,7 @@ enum class igsExponentLetter { d, e, as_read };
 /// How numbers and lines are written.
 struct igsWritingStyle {
   /// Reals take the fewest digits that read back as the same double, whatever kelOptDoubleGeometricPrecision and
-  /// kelOptDoubleParametricPrecision say. (Each of them asks for the same by the value -1.)
+  /// kelOptDoubleParametricPrecision say; -0 is "-0." then. (Each of them asks for the same by the value -1.)
   bool shortest_reals = false;
   igsExponentLetter exponent_letter = igsExponentLetter::d;
   igsLineEnd line_end = igsLineEnd::lf;

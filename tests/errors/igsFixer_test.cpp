@@ -67,6 +67,17 @@ TEST(Fixer, FailureEndsAnEntityOrAGroupOnlyWithoutKeepGoing) {
   }
 }
 
+TEST(Fixer, LeavesWhatItDoesNotAccept) {
+  struct ObjectsAlone : public igsFixer {
+    bool accepts(const igsError& error) const override { return error.typeof(igsObjectError::type()); }
+  };
+  const igsFile file;
+  new TerminateFault(5, 1);
+  ObjectFault::create(1, 2, 0, 1);
+  ObjectsAlone().fix(file.error_log(), 0);
+  EXPECT_EQ(std::pair(fixed_errors(file).size(), active_errors(file).size()), std::pair(std::size_t{1}, std::size_t{1}));
+}
+
 /// Logs other errors while it is repaired.
 struct Breeder : public igsTyped<Breeder, "Breeder", igsObjectError> {
   int fix() override { return ObjectFault::create(key(), 7), new StructureFault(8), 1; }

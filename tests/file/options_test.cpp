@@ -87,6 +87,59 @@ TEST(Keep, NamesEntitiesAndLevels) {
   EXPECT_THAT(file.level_names(), testing::ElementsAre(std::pair(4, "Welded")));
 }
 
+std::string global_text(const std::string& text) {
+  std::string all;
+  for (const std::string& record : records_of(text, 'G')) all += record.substr(0, 72);
+  return all.substr(0, all.find_last_not_of(' ') + 1);
+}
+
+std::string parameters_given(const igsFile& file) {
+  std::string all;
+  for (int i = 0; i <= 27; ++i) all += file.global_section().given(i) ? '1' : '0';
+  return all;
+}
+
+TEST(Keep, WritesTheGlobalParametersThatWereGiven) {
+  IgesBuilder builder;
+  builder.point();
+  for (const int missing : {1, 2, 7, 15, 18, 20, 21}) builder.global(static_cast<std::size_t>(missing), "");
+  builder.global(3, "0H").global(13, "0.1").global(19, "1.23456789012345678D-6").global(25, "15H20260101.000000,3Happ");
+  ReadFile first(builder.text(), {.keep = true, .style = {.shortest_reals = true}});
+  EXPECT_EQ(parameters_given(first.file), "0001111011111110110100111110");
+  const std::string text = written(first.file);
+  EXPECT_THAT(global_text(text),
+              testing::AllOf(testing::StartsWith(",,0H,8Htest.igs,"),
+                             testing::EndsWith("1.2345678901234567D-06,,,3Horg,11,0,15H20260101.000000,3Happ;"),
+                             testing::HasSubstr(",0.1,2,,1,0.,,")));
+  ReadFile second(text, {.keep = true, .style = {.shortest_reals = true}});
+  EXPECT_EQ(second.found, first.found);
+  EXPECT_EQ(parameters_given(second.file), parameters_given(first.file));
+  EXPECT_EQ(written(second.file), text);
+
+  igsGlobalSection global = second.file.global_section();
+  EXPECT_EQ(global.repair(7) + global.set_name_of_author("Ann"), 2);
+  second.file.set_global_section(global);
+  EXPECT_THAT(global_text(written(second.file)),
+              testing::AllOf(testing::HasSubstr(",4,38,"), testing::HasSubstr(",3HAnn,")));
+  igsFile plain;
+  read_text(plain, builder.text());
+  EXPECT_EQ(parameters_given(plain).substr(0, 26), parameters_given(first.file).substr(0, 26));
+  EXPECT_THAT(global_text(written(plain)), testing::StartsWith("1H,,1H;,0H,"));
+}
+
+// The date of an older version stands behind its parameters, and finds its place in a newer one.
+TEST(Keep, ChangesOfTheVersionLoseNoDate) {
+  IgesBuilder builder;
+  builder.global(23, "6").point();
+  ReadFile sample(builder.text(), kept);
+  EXPECT_FALSE(sample.file.global_section().given(25));
+  EXPECT_THAT(global_text(written(sample.file)), testing::EndsWith(",6,0,15H20200102.030405;"));
+  igsGlobalSection global = sample.file.global_section();
+  global.set_iges_version(11);
+  sample.file.set_global_section(global);
+  EXPECT_THAT(global_text(written(sample.file)), testing::EndsWith(",11,0,15H20200102.030405;"));
+}
+
 // While texts may hold DE numbers, all entities keep theirs, and new ones take none of those that went.
 TEST(Keep, NumbersStayWhileTextsMayHoldThem) {
   ReadFile sample(kept_sample().text(), kept);
@@ -109,15 +162,41 @@ TEST(Keep, NumbersStayWhileTextsMayHoldThem) {
   EXPECT_EQ(data_of(written(file), 3), "116,1.,2.,3.,0,0,0,0;");
 }
 
+// What cannot be read, in part or at all, is written as it stood, in an entity of its class.
+TEST(Keep, WritesWhatCannotBeRead) {
+  IgesBuilder builder;
+  builder.entity(126, 0, "99999999,3,0.,,1.,2,1,0,3Habc");
+  builder.entity(110, 0, "0.,0.,0.,1O.,0.,0.,1,5");
+  builder.entity(402, 7, "1,1");
+  builder.entity(124, 0, "1.,0.,0.,0.");
+  builder.entity(116, 0, "1.,2.,3.");
+  builder.change_data(9, [](std::string& data) { data.replace(0, 3, "110"); });
+  constexpr igsFileOptions options{.keep = true, .strict = true};
+  ReadFile first(builder.text(), options);
+  EXPECT_THAT(first.found, testing::HasSubstr("igsFileUnreadData 1"));
+  EXPECT_THAT(first.found, testing::HasSubstr("igsFileUnreadData 9"));
+  first.file.check();
+  igs_fuzz::check_memory(first.file);
+  const std::string text = written(first.file);
+  EXPECT_EQ(all_data(text, 5),
+            "126,99999999,3,0.,,1.,2,1,0,3Habc;\n110,0.,0.,0.,1O.,0.,0.,1,5;\n402,1,1;\n124,1.,0.,0.,0.;\n110,1.,2.,3.;\n");
+  EXPECT_EQ(igs_fuzz::number_at(records_of(text, 'D').at(8), 1, 8), 116);
+  ReadFile second(text, options);
+  EXPECT_EQ(second.found, first.found);
+  EXPECT_EQ(written(second.file), text);
+}
+
 TEST(Strict, ReportsFieldsThatCannotHaveBeenReadAsTheyStand) {
   const std::string file = "igsFile";
   const struct {
     int type;
     const char *data, *found;
   } cases[] = {{110, "0.,0.,0.,1O.,0.,0.", "FieldNotNumber 1 4,1O."},
+               {110, "0.,0.,0.,1.E400,0.,0.", "FieldNotNumber 1 4,1.E400"},
                {110, "0.,0.,0.,1.2.3,0.", "FieldNotNumber 1 4,1.2.3; igsFilePrematureObjectEnd 1 6"},
                {110, "0.,0.,0.,1,2,3.,0,0", ""},
-               {110, "0.,0.,0.,1,2,3.,0,0,0", "ObjectExtraData 1 7"},
+               {110, "0.,0.,0.,1,2,3.,0,0,0", ""},
+               {110, "0.,0.,0.,1,2,3.,0,0,2", "ObjectExtraData 1 7"},
                {116, "1.,2.,3.,12X", "FieldNotNumber 1 4,12X"},
                {116, "1.,2.,3.", ""},
                {116, "1.,2.,", ""},
@@ -197,6 +276,7 @@ TEST(Lines, AreThoseOfAnEditor) {
     EXPECT_EQ(at(3), std::pair(first + 3, first + 12)) << end.size();
     EXPECT_EQ(at(7), std::pair(first + 7, first + 14)) << end.size();
     EXPECT_EQ(sample.file.global_line(1), 2);
+    EXPECT_EQ(sample.file.section_line(igsParameterSectionId), first + 9);
     EXPECT_EQ(sample.file.global_line(25), first - 1);
   }
 }

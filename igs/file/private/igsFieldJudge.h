@@ -25,9 +25,12 @@ class igsFieldJudge : public igsFieldVisitor {
 
   /// Reports what can be told without the class: strings of a wrong count, and of an entity that has no class fields
   /// that are neither numbers nor strings.
-  void judge_texts() const;
+  void judge_texts();
+  /// Whether a field was reported that is no number or missing, so that its text or its absence would be lost in writing.
+  bool found_unread() const { return m_found_unread; }
 
  private:
+  void report_no_number(int position);
   void judge_number(const char* label, bool is_real, bool needed);
 
   int m_de;
@@ -40,4 +43,5 @@ class igsFieldJudge : public igsFieldVisitor {
   int m_optional_depth = 0;  ///< of the group whose fields may all be left out; 0 outside
   bool m_optional = false;   ///< the next field or group may be left out
   bool m_ended = false;      ///< a missing field was reported
+  bool m_found_unread = false;
 };
