@@ -33,6 +33,7 @@ install(FILES ${PROJECT_BINARY_DIR}/igs.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/p
 
 if(IGS_BUILD_TOOL)
   install(FILES ${PROJECT_SOURCE_DIR}/docs/man/igs.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT igs_tool)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/schema DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT igs_tool)
   set(igs_completion ${PROJECT_SOURCE_DIR}/tools/completion)
   install(FILES ${igs_completion}/igs.bash RENAME igs
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT igs_tool)

@@ -3,3 +3,4 @@ set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR i386)
 set(CMAKE_C_FLAGS_INIT -m32)
 set(CMAKE_CXX_FLAGS_INIT -m32)
+set(ZLIB_LIBRARY /usr/lib32/libz.so)  # of lib32z1-dev

@@ -204,7 +204,7 @@ class IGS_API igsFile {
   int read_sections(igsInStream& in, utOstream& messages);
   void note_read_fault(igsInStream& in);
   void drop_entity(igsObject* object);
-  int read_entity(igsInStream& in, igsObject& object);
+  int read_entity(igsInStream& in, igsObject& met);
   igsObject& judge_or_keep(igsInStream& in, igsObject& object);
   igsObject& put_empty(igsObject& object, const igsFieldTexts& all);
   void keep_rest(const igsObject& object, igsFieldTexts rest, igsKeptParts* groups);
@@ -231,7 +231,7 @@ class IGS_API igsFile {
   igsFileOptions m_options;
   std::vector<igsEntityLines> m_lines;  ///< by slot
   std::array<int, igsNoSectionId> m_section_lines{};
-  utString m_records;                   ///< data of the records being read, where they are kept
+  utString m_records;  ///< data of the records being read, where they are kept
   int m_system_location = -1;
   igsErrorLog* m_error_log = nullptr;  ///< the registry's
   utString m_write_dir;

@@ -35,6 +35,7 @@ class IgsRecipe(ConanFile):
         if self.options.tool:
             self.requires("cli11/[>=2.3 <3]")
             self.requires("nlohmann_json/[>=3.11 <4]")
+            self.requires("zlib/[>=1.2.11 <2]")
 
     def validate(self):
         check_min_cppstd(self, 20)

@@ -75,7 +75,8 @@ TEST(Fixer, LeavesWhatItDoesNotAccept) {
   new TerminateFault(5, 1);
   ObjectFault::create(1, 2, 0, 1);
   ObjectsAlone().fix(file.error_log(), 0);
-  EXPECT_EQ(std::pair(fixed_errors(file).size(), active_errors(file).size()), std::pair(std::size_t{1}, std::size_t{1}));
+  EXPECT_EQ(std::pair(fixed_errors(file).size(), active_errors(file).size()),
+            std::pair(std::size_t{1}, std::size_t{1}));
 }
 
 /// Logs other errors while it is repaired.

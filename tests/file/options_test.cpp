@@ -178,8 +178,9 @@ TEST(Keep, WritesWhatCannotBeRead) {
   first.file.check();
   igs_fuzz::check_memory(first.file);
   const std::string text = written(first.file);
-  EXPECT_EQ(all_data(text, 5),
-            "126,99999999,3,0.,,1.,2,1,0,3Habc;\n110,0.,0.,0.,1O.,0.,0.,1,5;\n402,1,1;\n124,1.,0.,0.,0.;\n110,1.,2.,3.;\n");
+  EXPECT_EQ(
+      all_data(text, 5),
+      "126,99999999,3,0.,,1.,2,1,0,3Habc;\n110,0.,0.,0.,1O.,0.,0.,1,5;\n402,1,1;\n124,1.,0.,0.,0.;\n110,1.,2.,3.;\n");
   EXPECT_EQ(igs_fuzz::number_at(records_of(text, 'D').at(8), 1, 8), 116);
   ReadFile second(text, options);
   EXPECT_EQ(second.found, first.found);

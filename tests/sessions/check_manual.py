@@ -1,5 +1,5 @@
-# Compares the manual page and docs/tolerances.md with what the program says of itself.
-import pathlib, re, subprocess, sys
+# Compares the manual page, docs/tolerances.md and the matchers of docs/integration.md with what the program prints.
+import json, pathlib, re, subprocess, sys
 
 ROOT = pathlib.Path(sys.argv[1])
 PAGE = re.sub(r"\n(?!\.)", " ", (ROOT / "docs/man/igs.1").read_text())
@@ -19,9 +19,9 @@ for command in commands:
     once(rf"^\.It Cm {command} ")
     synopsis = PAGE.split(f".Nm\n.Cm {command}\n")[1].split(".Nm")[0]
     for option in re.findall(r"^  (?:-[a-z], )?-(-[a-z-]+)", igs(command, "--help"), re.M):
-        once(rf"^\.It .*Fl {option}\b")
+        once(rf"^\.It .*Fl {option}(?![-\w])")
         if option not in ("-help", "-output"):
-            once(rf"Fl {option}\b", synopsis)
+            once(rf"Fl {option}(?![-\w])", synopsis)
 rows = re.findall(r"^\| `(kel\w+)` \| (\S+) \| (.*?) \|", (ROOT / "docs/tolerances.md").read_text(), re.M)
 keys = sorted(set(re.findall("kel(?:Tol|Opt)[A-Za-z0-9]+", igs("check", "--help"))))
 if len(commands) < 6 or keys != sorted(name for name, _, _ in rows):
@@ -31,3 +31,11 @@ for name, value, meaning in rows:
     if float(told[2]) != float(value) or told[1] != meaning:
         print(f"docs/tolerances.md of {name}: {value}, {meaning}")
     once(re.escape(f".It Cm {name} No {told[2]} {told[1]}"))
+report = subprocess.run(["igs", "check", *(ROOT / "examples").glob("*-faulty.igs")], capture_output=True, text=True).stdout
+places = re.findall(r"^(.*):([0-9]+): (error|warning): (.*) \[(igs.*)\]$", report, re.M)
+matchers = re.findall(r'"regexp": (".*"),', (ROOT / "docs/integration.md").read_text())
+for matcher in map(json.loads, matchers):
+    if not places or [place for place in re.findall(matcher, report, re.M) if place[2] != "note"] != places:
+        print(f"{matcher} does not match")
+if len(matchers) != 2:
+    print(matchers)

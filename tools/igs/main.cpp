@@ -11,11 +11,12 @@
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
+  std::cin.tie(nullptr);  // reading it on one thread would flush what another writes
 #if defined(_WIN32)
   for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO}) _setmode(descriptor, _O_BINARY);
 #else
-  // A reader that goes away is a write error like any other, so that temporary files are removed.
-  std::signal(SIGPIPE, SIG_IGN);  // NOLINT(cert-err33-c): without it the default holds
+  // Where the reader of a report goes away, no one is left to complain to, whatever the caller does with the signal.
+  std::signal(SIGPIPE, SIG_DFL);  // NOLINT(cert-err33-c): without it there is a complaint
 #endif
   try {
     return run_command_line(argc, argv);

@@ -26,7 +26,8 @@ class igsFieldJudge : public igsFieldVisitor {
   /// Reports what can be told without the class: strings of a wrong count, and of an entity that has no class fields
   /// that are neither numbers nor strings.
   void judge_texts();
-  /// Whether a field was reported that is no number or missing, so that its text or its absence would be lost in writing.
+  /// Whether a field was reported that is no number or missing, so that its text or its absence would be lost in
+  /// writing.
   bool found_unread() const { return m_found_unread; }
 
  private:

@@ -1,9 +1,11 @@
 #include "command_line/arguments.h"
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
 #include <utility>
 
+#include "command_line/config.h"
 #include "command_line/nearest.h"
 #include "text/text.h"
 
@@ -12,6 +14,8 @@ namespace {
 struct Words {
   std::vector<std::string> options;  ///< each followed by its value
   std::vector<std::string> names;
+  std::vector<const CLI::Option*> given;
+  std::optional<std::string> config;  ///< value of --config
 };
 
 [[noreturn]] void refuse(const std::string& reason) { throw CLI::ParseError(reason, CLI::ExitCodes::ArgumentMismatch); }
@@ -43,8 +47,19 @@ std::vector<std::string> split_option(const std::string& word) {
   return {word.substr(0, end), word.substr(is_long ? end + 1 : end)};
 }
 
+/// Makes "-qr" at `at` two words, "-q" and "-r", where -q needs no value.
+void unbundle(const CLI::App& app, std::vector<std::string>& all, std::size_t at) {
+  const std::string word = all[at];
+  if (word.size() < 3 || word[1] == '-' || word[2] == '=') return;
+  const CLI::Option* const option = app.get_option_no_throw(word.substr(0, 2));
+  if (option == nullptr || option->get_items_expected_min() > 0) return;
+  all[at].resize(2);
+  all.insert(all.begin() + static_cast<std::ptrdiff_t>(at) + 1, '-' + word.substr(2));
+}
+
 /// Takes an option and its value, which may be the word after it, at `at`; leaves `at` at the last word taken.
-void take_option(const CLI::App& app, const std::vector<std::string>& all, std::size_t& at, Words& words) {
+void take_option(const CLI::App& app, std::vector<std::string>& all, std::size_t& at, Words& words) {
+  unbundle(app, all, at);
   std::vector<std::string> parts = split_option(all[at]);
   const CLI::Option* option = app.get_option_no_throw(parts[0]);
   if (option == nullptr || option->get_positional()) refuse_option(app, parts[0]);
@@ -54,10 +69,12 @@ void take_option(const CLI::App& app, const std::vector<std::string>& all, std::
     if (++at == all.size()) refuse(parts[0] + " needs a value, " + option->get_option_text());
     parts.push_back(all[at]);
   }
+  words.given.push_back(option);
+  if (option->check_lname("config")) words.config = parts[1];
   words.options.insert(words.options.end(), parts.begin(), parts.end());
 }
 
-Words separated(const CLI::App& app, const std::vector<std::string>& all, std::size_t begin) {
+Words separated(const CLI::App& app, std::vector<std::string> all, std::size_t begin) {
   Words words;
   bool has_names_alone = false;
   for (std::size_t at = begin; at < all.size(); ++at) {
@@ -72,19 +89,14 @@ Words separated(const CLI::App& app, const std::vector<std::string>& all, std::s
   return words;
 }
 
-void refuse_repetition(std::vector<std::string> names) {
-  std::sort(names.begin(), names.end());
-  const auto repeated = std::adjacent_find(names.begin(), names.end());
-  if (repeated == names.end()) return;
-  refuse((*repeated == "-" ? "standard input" : printable(*repeated)) + " is given twice");
+bool is_given(const Words& words, const CLI::Option* option) {
+  return std::find(words.given.begin(), words.given.end(), option) != words.given.end();
 }
 
 /// Makes the command take so many names, none of which is split.
 void expect_names(CLI::App& command, const std::vector<std::string>& names) {
   for (CLI::Option* option : command.get_options([](const CLI::Option* each) { return each->get_positional(); })) {
-    const bool is_list = option->get_items_expected_max() >= CLI::detail::expected_max_vector_size;
-    if (is_list && option->get_required()) refuse_repetition(names);
-    if (is_list && !names.empty()) option->expected(static_cast<int>(names.size()));
+    if (is_list(*option) && !names.empty()) option->expected(static_cast<int>(names.size()));
     option->allow_extra_args(false);
     const auto most = static_cast<std::size_t>(option->get_items_expected_max());
     if (names.size() > most) refuse("unexpected " + printable(names[most]));
@@ -95,19 +107,33 @@ void expect_names(CLI::App& command, const std::vector<std::string>& names) {
 
 }  // namespace
 
+bool is_list(const CLI::Option& option) {
+  return option.get_items_expected_max() >= CLI::detail::expected_max_vector_size;
+}
+
 CLI::App* find_command(CLI::App& app, const std::string& name) {
   const auto found = app.get_subcommands([&name](CLI::App* command) { return command->get_name() == name; });
   return found.empty() ? nullptr : found.front();
 }
 
+CLI::App& command_of(CLI::App& app, const std::string& name) {
+  CLI::App* command = find_command(app, name);
+  if (command == nullptr) refuse_command(app, name);
+  return *command;
+}
+
 std::vector<std::string> arranged(CLI::App& app, const std::vector<std::string>& words) {
   if (words.empty()) refuse("a command is missing");
   if (is_option(words[0])) return separated(app, {words[0]}, 0).options;
-  CLI::App* command = find_command(app, words[0]);
-  if (command == nullptr) refuse_command(app, words[0]);
-  Words parts = separated(*command, words, 1);
-  expect_names(*command, parts.names);
+  CLI::App& command = command_of(app, words[0]);
+  Words parts = separated(command, words, 1);
+  expect_names(command, parts.names);
+  const std::string config = parts.config ? *parts.config : found_config();
   std::vector<std::string> result{words[0]};
+  if (!config.empty() && !is_given(parts, command.get_help_ptr())) {
+    const std::vector<std::string> configured = configured_words(app, command, config, parts.given);
+    result.insert(result.end(), configured.begin(), configured.end());
+  }
   result.insert(result.end(), parts.options.begin(), parts.options.end());
   if (!parts.names.empty()) result.emplace_back("--");
   result.insert(result.end(), parts.names.begin(), parts.names.end());

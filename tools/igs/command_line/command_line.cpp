@@ -10,20 +10,24 @@
 #include <utility>
 
 #include "command_line/arguments.h"
+#include "command_line/choice.h"
 #include "command_line/help.h"
 #include "command_line/nearest.h"
+#include "command_line/report_options.h"
 #include "command_line/settings.h"
 #include "commands/commands.h"
 #include "files/complaints.h"
 #include "files/exit_status.h"
 #include "files/jobs.h"
+#include "files/names.h"
 #include "text/text.h"
 
 namespace {
 
 constexpr const char* exit_status_help =
-    "Exit status: 0 no error is left, 1 errors are left, 2 a file could not be\n"
-    "opened, read to its end or written, or the call is wrong. The highest wins.";
+    "Exit status: 0 no error or warning is left, 1 some are left or an entity was\n"
+    "lost, 2 a file could not be opened, read to its end or written, or the call is\n"
+    "wrong. The highest of several files wins.";
 
 constexpr const char* diff_exit_status_help =
     "Exit status: 0 the files hold the same, 1 they differ, 2 a file could not be\n"
@@ -65,28 +69,6 @@ std::string is_tolerance(const std::string& text) {
   return is_distance ? "" : '"' + printable(text) + "\" is no tolerance";
 }
 
-/// An option whose value is one of these words, each of which stands for a value.
-template <class Value>
-void add_choice(CLI::App& command, const std::string& name, const std::string& description,
-                const std::vector<std::pair<std::string, Value>>& choices, Value& chosen) {
-  std::vector<std::string> words;
-  words.reserve(choices.size());
-  for (const auto& [word, value] : choices) words.push_back(word);
-  const auto place_of = [words](const std::string& text) {
-    return static_cast<std::size_t>(std::find(words.begin(), words.end(), text) - words.begin());
-  };
-  const auto choose = [choices, place_of, &chosen](const std::string& text) {
-    chosen = choices.at(place_of(text)).second;
-  };
-  const auto is_known = [words, place_of](const std::string& text) {
-    if (place_of(text) < words.size()) return std::string();
-    return '"' + printable(text) + "\" is none of " + joined({words.begin(), words.end()});
-  };
-  command.add_option_function<std::string>(name, choose, description)
-      ->check(CLI::Validator(is_known, ""))
-      ->option_text(CLI::detail::join(words, "|"));
-}
-
 class CommandLine {
  public:
   CommandLine();
@@ -102,13 +84,16 @@ class CommandLine {
   void add_diff();
   void add_print();
   void add_explain();
+  void add_help();
 
   // Options that several commands have.
   void add_format(CLI::App& command, Options& options, bool has_sarif = false);
   void add_limit(CLI::App& command, Options& options, const char* name, const char* description);
   void add_settings(CLI::App& command, Options& options);
   void add_color(CLI::App& command, Options& options);
-  void add_jobs(CLI::App& command);
+  void add_jobs(CLI::App& command, Options& options);
+  void add_many_names(CLI::App& command, Options& options);
+  std::vector<std::string> names_to_work_on(const std::vector<std::string>& names);
   CLI::Option* add_names(CLI::App& command, Options& options, const char* description, const char* text);
 
   CLI::App m_app{"Reads, checks, repairs and writes IGES files", "igs"};
@@ -116,6 +101,7 @@ class CommandLine {
   RepairOptions m_repair;
   DiffOptions m_diff;
   std::vector<std::string> m_settings;
+  NameSources m_sources;  ///< of commands with many files; the names given are the command's
   int m_status = exit_clean;
 };
 
@@ -131,10 +117,12 @@ CommandLine::CommandLine() {
   add_diff();
   add_print();
   add_explain();
+  add_help();
 }
 
 int CommandLine::run(int argc, char** argv) {
   const std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+  use_source_date();
   try {
     std::vector<std::string> arguments = arranged(m_app, words);
     std::reverse(arguments.begin(), arguments.end());  // as CLI11 takes them
@@ -165,9 +153,13 @@ CLI::App& CommandLine::add_command(const char* name, const char* description, co
   CLI::App& command = *m_app.add_subcommand(name, description);
   command.set_help_flag("-h,--help", "show this help");
   command.footer(exit_status_help);
+  command
+      .add_option("--config", "take options from FILE; else from the nearest igs.toml, here or above; \"\" for none")
+      ->configurable(false)
+      ->option_text("FILE");
   command.callback([this, run] {
     for (const std::string& setting : m_settings) set_resource(setting);
-    m_status = run();
+    m_status = std::max(m_status, run());
   });
   return command;
 }
@@ -187,6 +179,7 @@ void CommandLine::add_limit(CLI::App& command, Options& options, const char* nam
 void CommandLine::add_settings(CLI::App& command, Options& options) {
   command.add_option("--set", m_settings, "change a tolerance or option")
       ->allow_extra_args(false)
+      ->check(CLI::Validator(setting_fault, ""))
       ->option_text("KEY=VALUE");
   add_limit(command, options, "--max-errors",
             "list at most N errors a file (and N repaired ones); 1000 in text, all otherwise");
@@ -198,8 +191,8 @@ void CommandLine::add_color(CLI::App& command, Options& options) {
   add_choice(command, "--color", "colour the text form; auto, the default, heeds NO_COLOR", modes, options.color);
 }
 
-void CommandLine::add_jobs(CLI::App& command) {
-  command.add_option("--jobs", m_options.jobs, "work on N files at a time, each in a process of its own; 1 without it")
+void CommandLine::add_jobs(CLI::App& command, Options& options) {
+  command.add_option("--jobs", options.jobs, "work on N files at a time; 1 without it")
       ->check(is_count)
       ->check(is_number_of_jobs)
       ->option_text("N");
@@ -209,43 +202,67 @@ CLI::Option* CommandLine::add_names(CLI::App& command, Options& options, const c
   return command.add_option("FILE", options.names, description)->required()->option_text(text);
 }
 
+void CommandLine::add_many_names(CLI::App& command, Options& options) {
+  command.add_flag("-r,--recursive", m_sources.searches_folders, "search folders for *.igs and *.iges, also with .gz");
+  command
+      .add_option("--files-from", m_sources.list,
+                  "take more names from LIST: NUL or newline separated; - is standard input")
+      ->configurable(false)
+      ->option_text("LIST");
+  add_names(command, options, "IGES files, folders with -r; - is standard input", "...")->required(false);
+}
+
+/// What the call names; throws where that is nothing.
+std::vector<std::string> CommandLine::names_to_work_on(const std::vector<std::string>& names) {
+  if (names.empty() && m_sources.list.empty()) throw CLI::RequiredError("FILE");
+  m_sources.names = names;
+  try {
+    return expanded_names(m_sources, m_status);
+  } catch (const std::runtime_error& error) {
+    throw CLI::ValidationError("--files-from", error.what());
+  }
+}
+
 void CommandLine::add_info() {
-  CLI::App& command = add_command("info", "Show the sections of files and count their entities",
-                                  [this] { return run_info(m_options); });
+  CLI::App& command = add_command("info", "Show what files say: units, sender, dates, levels, entities", [this] {
+    m_options.names = names_to_work_on(m_options.names);
+    return run_info(m_options);
+  });
   add_format(command, m_options);
   add_color(command, m_options);
-  add_jobs(command);
-  add_names(command, m_options, "IGES files; - is standard input", "...");
+  add_jobs(command, m_options);
+  add_many_names(command, m_options);
 }
 
 void CommandLine::add_check() {
-  CLI::App& command = add_command("check", "List the errors of files", [this] { return run_check(m_options); });
+  CLI::App& command = add_command("check", "List the errors of files", [this] {
+    m_options.names = names_to_work_on(m_options.names);
+    return run_check(m_options);
+  });
+  add_report_options(command, m_options);
   add_format(command, m_options, true);
   add_settings(command, m_options);
   command.footer(keys_help() + exit_status_help);
   add_color(command, m_options);
-  add_jobs(command);
-  add_names(command, m_options, "IGES files; - is standard input", "...");
+  add_jobs(command, m_options);
+  add_many_names(command, m_options);
 }
 
 void CommandLine::add_repair() {
-  CLI::App& command = add_command("repair", "Repair what can be repaired in a file and write the result",
-                                  [this] { return run_repair(m_repair); });
+  CLI::App& command = add_command("repair", "Repair what can be repaired without loss, and write the result", [this] {
+    m_repair.folders = m_repair.names;
+    m_repair.names = names_to_work_on(m_repair.names);
+    expect_targets(m_repair);
+    return run_repair(m_repair);
+  });
+  add_repair_options(command, m_repair);
+  add_report_options(command, m_repair);
   add_format(command, m_repair);
   add_settings(command, m_repair);
   command.footer(std::string("Keys of --set: see igs check --help.\n") + exit_status_help);
   add_color(command, m_repair);
-  command.add_flag("--delete-faulty", m_repair.delete_faulty,
-                   "delete the entities that still have errors after the repairs. Sound entities whose only fault "
-                   "cannot be repaired (a wrong line count, say) go, too");
-  command.add_flag("--summary", m_repair.summary,
-                   "after the report, list what differs between what was read and what was written");
-  command
-      .add_option("-o,--output", m_repair.target,
-                  "the file to write, whole or not at all; - is standard output; may be FILE")
-      ->required()
-      ->option_text("OUT");
-  add_names(command, m_repair, "IGES file; - is standard input", " ")->expected(1);
+  add_jobs(command, m_repair);
+  add_many_names(command, m_repair);
 }
 
 void CommandLine::add_diff() {
@@ -260,6 +277,7 @@ void CommandLine::add_diff() {
   command.add_option("--tolerance", m_diff.tolerance, "reals at most T apart count as the same; equal ones without it")
       ->check(is_tolerance)
       ->option_text("T");
+  command.add_flag("--stat", m_diff.stat, "count what changed, by entity type, instead of listing it");
   add_limit(command, m_diff, "--max-changes", "list at most N changes; 1000 in text, all in json");
   add_names(command, m_diff, "the old file and the new one; one of them may be -, standard input", "OLD NEW")
       ->expected(2);
@@ -275,8 +293,22 @@ void CommandLine::add_explain() {
   CLI::App& command = add_command("explain", "Say what error classes mean and whether they are repaired",
                                   [this] { return run_explain(m_options); });
   add_color(command, m_options);
-  command.add_option("CLASS", m_options.names, "names as reports show them, or keys of --set; all without a name")
-      ->option_text("...");
+  command
+      .add_option("CLASS", m_options.names,
+                  "names as reports show them, patterns of them, in which * is any text, or keys of "
+                  "--set; all classes, a line each, without a name")
+      ->option_text("CLASS-OR-PATTERN-OR-KEY...");
+}
+
+void CommandLine::add_help() {
+  CLI::App& command = add_command("help", "Show what a command does and its options", [this] {
+    const CLI::App& app = m_options.names.empty() ? m_app : command_of(m_app, m_options.names.front());
+    std::cout << help_text(&app, app.get_name(), CLI::AppFormatMode::Normal);
+    return flush_output() ? exit_clean : exit_failed;
+  });
+  command.add_option("COMMAND", m_options.names, "one of those that igs --help lists; igs itself without it")
+      ->expected(1)
+      ->option_text(" ");
 }
 
 }  // namespace

@@ -4,35 +4,33 @@
 
 #include <iostream>
 
-#include "files/jobs.h"
-#include "report/report.h"
+#include "files/complaints.h"
 
 namespace {
 
-Tally check_file(Model& model, Report& report) {
-  model.read();
-  report.warnings(model);
+Tally check_file(Model& model, const Options& options, Report& report, const Streams& streams) {
+  model.set_options(options_of_program());
+  model.read(streams.err);
+  report.warnings(model, streams.err);
   if (model.has_entities()) {
     model.progress().stage("checking");
-    model.file().check();
-    model.expect_memory();
+    check_faults(model.file());
   }
   model.progress().end();
-  const Findings findings(model);
-  report.outcome(findings);
-  return tally_of(model, findings.num_entities, num_errors_left(findings));
+  Outcome outcome{.model = model, .found = {model, model.name()}, .failure = model.read_error()};
+  outcome.found.findings = Findings::of_check(model.file(), options.rules);
+  outcome.lost = lost_entities(model.file());
+  if (!outcome.failure.empty()) complain(streams.err, model.name(), outcome.failure);
+  report.outcome(outcome);
+  return tally_of(outcome, options.fail_on, options.most_listed());
 }
 
 }  // namespace
 
 int run_check(const Options& options) {
-  const std::unique_ptr<Report> report =
-      make_report(options.format, options.most_listed(), std::cout, Paint(options.color, STDOUT_FILENO));
-  report->begin();
-  const FilesWork work{{[&](Model& model) { return check_file(model, *report); },
-                        [&](const std::string& name, const std::string& reason) { report->failure(name, reason); }},
-                       [&](std::FILE* printed) { report->adopt(printed); }};
-  const std::vector<Tally> tallies = work_on_files(options.names, options.jobs, work);
-  report->end(options.names, tallies);
-  return final_status(tallies);
+  const ReportOptions report_options = options.report_options(STDOUT_FILENO);
+  return work_with_reports(options.names, options.jobs, report_options, std::cout,
+                           [&](Model& model, Report& report, const Streams& streams) {
+                             return check_file(model, options, report, streams);
+                           });
 }

@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "report/format.h"
+#include "findings/rules.h"
+#include "report/report.h"
 #include "text/paint.h"
 
 // The commands, each in the source file of its name. Every one returns an ExitStatus.
@@ -17,22 +18,42 @@ struct Options {
   ColorMode color = ColorMode::automatic;
   std::size_t jobs = 1;              ///< files at a time
   std::optional<std::size_t> limit;  ///< of the errors, or changes, listed a file
-  std::vector<std::string> names;    ///< of files, or what is to be explained
+  FindingRules rules;
+  Severity fail_on = Severity::warning;  ///< findings from here up make the exit status 1
+  bool all = false;                      ///< consequences and equal findings are listed, too
+  bool quiet = false;                    ///< only files with findings are reported
+  std::vector<std::string> names;        ///< of files, or what is to be explained
 
   std::size_t most_listed() const {
     constexpr std::size_t in_text = 1000;
     return limit.value_or(format == Format::text ? in_text : std::numeric_limits<std::size_t>::max());
+  }
+  /// For a report that goes to `descriptor`.
+  ReportOptions report_options(int descriptor) const {
+    return {format, most_listed(), all, quiet, Paint(color, descriptor)};
   }
 };
 
 struct RepairOptions : Options {
   bool delete_faulty = false;
   bool summary = false;  ///< say what differs between what was read and what was written
-  std::string target;
+  bool dry_run = false;  ///< say so, and write nothing
+  bool salvage = false;  ///< write what was read of a file that is not whole
+  bool keep_geometry = false;
+  bool drop_unsupported = false;  ///< leave out what has no class
+  bool in_place = false;
+  std::string target;                ///< of the one file
+  std::string output_dir;            ///< of all files
+  std::vector<std::string> folders;  ///< names of the call as it gives them, those of folders among them
+  std::optional<igsUnitType> units;
+  std::optional<int> digits;  ///< of reals; nothing: as many as they need
+  igsExponentLetter exponent = igsExponentLetter::as_read;
+  igsLineEnd line_end = igsLineEnd::as_read;
 };
 
 struct DiffOptions : Options {      // the names are those of the old file and the new one
   std::optional<double> tolerance;  ///< nothing: reals must be equal
+  bool stat = false;                ///< counts instead of a list
 };
 
 int run_info(const Options& options);

@@ -8,20 +8,27 @@
 #include "explain/texts.h"
 #include "files/complaints.h"
 #include "files/exit_status.h"
+#include "text/pattern.h"
 #include "text/text.h"
 
 namespace {
 
 void list(const ErrorText& text, const Paint& paint) {
-  const bool is_repaired = !text.repair.empty();
-  std::cout << paint(Ink::heading, text.name) << "  " << general_sentence(text) << " ["
-            << paint(is_repaired ? Ink::good : Ink::bad, is_repaired ? "repaired" : "not repaired") << "]\n";
+  const bool is_repaired = text.repair_kind != RepairKind::none;
+  std::cout << paint(Ink::heading, text.name) << "  " << severity_name(text.severity) << ": " << general_sentence(text)
+            << " [" << paint(is_repaired ? Ink::good : Ink::bad, is_repaired ? "repaired" : "not repaired") << "]\n";
 }
 
 void describe(const ErrorText& text, const Paint& paint) {
   const std::string_view no_repair = "It is not repaired; --delete-faulty deletes the entity, if it is about one.";
+  const char* const moves_geometry = " This changes geometry: --keep-geometry leaves the fault as it is.";
+  const char* const loses = " To igs repair that is no repair but a loss, which it avoids or reports.";
   std::cout << paint(Ink::heading, text.name) << "\n  Meaning: " << general_sentence(text)
-            << ".\n  Repair: " << (text.repair.empty() ? no_repair : text.repair) << '\n';
+            << ".\n  Severity: " << severity_name(text.severity)
+            << (text.is_consequence ? ", a consequence of what is wrong with that entity" : "")
+            << "\n  Repair: " << (text.repair.empty() ? no_repair : text.repair)
+            << (text.repair_kind == RepairKind::geometry ? moves_geometry : "")
+            << (text.repair_kind == RepairKind::removal ? loses : "") << '\n';
 }
 
 void describe(const coResourceInfo& key, const Paint& paint) {
@@ -30,32 +37,29 @@ void describe(const coResourceInfo& key, const Paint& paint) {
             << "=VALUE changes it for one call\n";
 }
 
-const coResourceInfo* find_key(const std::string& name) {
-  for (const coResourceInfo& key : coResourceTable::keys()) {
-    if (key.name == name) return &key;
-  }
-  return nullptr;
-}
-
 void complain_of_name(const std::string& name) {
+  if (name.find('*') != std::string::npos)
+    return complain(std::cerr, name, "no error class and no key is as this pattern says");
   std::vector<std::string_view> known;
   for (const ErrorText& text : all_error_texts()) known.push_back(text.name);
   for (const coResourceInfo& key : coResourceTable::keys()) known.push_back(key.name);
   const std::vector<std::string_view> near = nearest(name, known);
-  complain(name, "no error class of this name" + (near.empty() ? "" : "; near names: " + joined(near)));
+  complain(std::cerr, name, "no error class of this name" + (near.empty() ? "" : "; near names: " + joined(near)));
 }
 
-/// False when there is nothing of this name.
-bool describe(const std::string& name, const Paint& paint) {
-  if (const ErrorText* text = find_error_text(name)) {
-    describe(*text, paint);
-  } else if (const coResourceInfo* key = find_key(name)) {
-    describe(*key, paint);
-  } else {
-    complain_of_name(name);
-    return false;
-  }
-  return true;
+/// All that the pattern fits. False when there is nothing.
+bool describe(const std::string& pattern, const Paint& paint) {
+  bool is_any = false;
+  const auto describe_all = [&](const auto& things) {
+    for (const auto& thing : things) {
+      if (!matches(pattern, thing.name)) continue;
+      describe(thing, paint);
+      is_any = true;
+    }
+  };
+  describe_all(all_error_texts());
+  describe_all(coResourceTable::keys());
+  return is_any;
 }
 
 }  // namespace
@@ -67,7 +71,9 @@ int run_explain(const Options& options) {
     for (const ErrorText& text : all_error_texts()) list(text, paint);
   }
   for (const std::string& name : options.names) {
-    if (!describe(name, paint)) status = exit_failed;
+    if (describe(name, paint)) continue;
+    complain_of_name(name);
+    status = exit_failed;
   }
   return flush_output() ? status : exit_failed;
 }

@@ -3,144 +3,123 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
-#include <limits>
-#include <new>
-#include <sstream>
+#include <mutex>
+#include <string>
+#include <system_error>
 #include <utility>
 
-#include "diff/compare.h"
+#include "explain/texts.h"
 #include "files/complaints.h"
-#include "files/jobs.h"
+#include "files/contents.h"
 #include "files/output_file.h"
+#include "repair/repaired_file.h"
+#include "repair/targets.h"
 #include "report/report.h"
 
 namespace {
 
 constexpr const char* standard_output = "-";
 
-/// `copy` receives what is written; null when nobody wants it.
-bool write_model(Model& model, std::ostream& out, std::string* copy) {
-  utOstream complaints(std::cerr);
-  if (copy == nullptr) return model.file().write(out, complaints) != 0;
-  std::ostringstream bytes;
-  const bool is_written = model.file().write(bytes, complaints) != 0;
-  *copy = std::move(bytes).str();
-  return is_written && out.write(copy->data(), std::ssize(*copy));
+/// Whether the file is there and holds just that; its time of change stays then.
+bool is_content(const std::string& name, const std::string& bytes) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(name, error) || std::filesystem::file_size(name, error) != bytes.size()) {
+    return false;
+  }
+  std::ifstream file(name, std::ios::binary);
+  std::string content(bytes.size(), '\0');
+  return file.read(content.data(), std::ssize(content)) && content == bytes;
 }
 
 /// Returns why it could not be written; empty when it was.
-std::string write_file(Model& model, const std::string& target, std::string* copy) {
+std::string write_bytes(const std::string& bytes, const std::string& target, const Streams& streams) {
   constexpr const char* write_error = "cannot be written";
-  if (target == standard_output) {
-    return write_model(model, std::cout, copy) && std::cout.flush() ? "" : write_error;
-  }
+  if (target == standard_output) return streams.out.write(bytes.data(), std::ssize(bytes)).flush() ? "" : write_error;
+  if (is_content(target, bytes)) return "";
+  static std::mutex one_at_a_time;  // a signal knows of one temporary file
+  const std::lock_guard lock(one_at_a_time);
   OutputFile output(target);
   if (!output.error().empty()) return output.error();
-  const bool is_written = write_model(model, output.stream(), copy);
-  if (is_written || !output.stream()) return output.commit() ? "" : output.error();
-  return write_error;
+  output.stream().write(bytes.data(), std::ssize(bytes));
+  return output.commit() ? "" : output.error();
 }
 
-Findings repair(Model& model, const RepairOptions& options) {
-  const EntityTypes before(model.file());
-  if (model.was_read()) {
-    model.progress().stage("repairing");
-    model.file().clean(options.delete_faulty ? 1 : 0);
-    model.expect_memory();
-  }
-  Findings findings(model);
-  findings.is_repair = true;
-  findings.has_summary = options.summary;
-  findings.delete_faulty = options.delete_faulty;
-  if (options.delete_faulty) findings.deleted = before.missing_in(findings.types);
-  return findings;
+igsFileOptions options_of_repair(const RepairOptions& options) {
+  igsFileOptions asked = options_of_program();
+  asked.keep = !options.drop_unsupported;
+  const auto is_default = [](intcoResourceKey key) {
+    return kel_resource_table_inquire().value(key) == coResourceTable().value(key);
+  };
+  asked.style.shortest_reals =
+      !options.digits && is_default(kelOptDoubleGeometricPrecision) && is_default(kelOptDoubleParametricPrecision);
+  asked.style.exponent_letter = options.exponent;
+  asked.style.line_end = options.line_end;
+  return asked;
 }
 
-/// The input as it was read and the output as it was written, read again to be compared.
-class Summary {
- public:
-  /// Takes the input of the model.
-  Summary(Model& model, const std::string& target, std::string output)
-      : m_before(model.name(), {model.take_input()}), m_after(target, {std::move(output)}) {
-    m_before.read_silently();
-    m_after.read_silently();
-    if (m_after.was_read()) m_comparison.emplace(m_before.file(), m_after.file(), RealRule::rounded(written_digits()));
-  }
-  /// Null when the output cannot be read.
-  const Comparison* comparison() const { return m_comparison ? &*m_comparison : nullptr; }
-
- private:
-  static int written_digits() {
-    // The shortest reals, -1, are exact.
-    const auto digits = [](intcoResourceKey key) {
-      const int precision = kel_resource_table_inquire().value(key);
-      return precision < 0 ? std::numeric_limits<double>::max_digits10 : precision;
-    };
-    return std::min(digits(kelOptDoubleGeometricPrecision), digits(kelOptDoubleParametricPrecision));
-  }
-
-  Model m_before;
-  Model m_after;
-  std::optional<Comparison> m_comparison;
-};
-
-/// Null, with a complaint, when the summary cannot be made.
-std::unique_ptr<Summary> make_summary(Model& model, const std::string& target, std::string output) {
-  model.progress().stage("comparing");
-  std::string reason = "cannot be read again";
-  try {
-    auto summary = std::make_unique<Summary>(model, target, std::move(output));
-    if (summary->comparison() != nullptr) return summary;
-  } catch (const std::bad_alloc&) {
-    reason = "out of memory";
-  }
-  complain(target, "no summary: " + reason);
-  return nullptr;
+/// Why a file that was read but is not whole must not be written; empty when it may be.
+std::string refusal(const RepairedFile& repaired, const RepairOptions& options) {
+  const std::string& loss = repaired.what_is_missing();
+  if (loss.empty() || (options.salvage && repaired.can_be_written())) return "";
+  return loss + "; nothing is written, as data would be lost" +
+         (repaired.can_be_written() ? "; --salvage writes what was read" : "");
 }
 
-/// Writes the repaired model, with a complaint when that is not possible. `copy` receives what is written; null when
-/// nobody wants it.
-bool write_repaired(Model& model, const std::string& target, std::string* copy) {
-  if (!model.read_error().empty()) {
-    model.progress().end();
-    complain(model.name(), model.read_error() + "; nothing is written, as data would be lost");
-    return false;
-  }
-  model.progress().stage("writing");
-  const std::string error = write_file(model, target, copy);
-  model.expect_memory();
-  if (error.empty()) return true;
+void complain_of_units(const Model& model, igsUnitType wanted, const Streams& streams) {
+  const std::optional<igsUnitType> given = sound_units(model.file().global_section());
+  if (!given || *given == wanted) return;
+  complain(streams.err, model.name(),
+           "its units are " + igsUnits::name(*given) + ", beyond doubt; --units changes nothing");
+}
+
+Tally repair_file(Model& model, const RepairOptions& options, Report& report, const Streams& streams) {
+  const std::string target = target_of(model.name(), options);
+  const bool has_summary = options.summary || options.dry_run;
+  const RepairRules rules{options.rules, options.keep_geometry, options.units, options.delete_faulty};
+  RepairedFile repaired(model, rules, options_of_repair(options), has_summary, streams.err);
+  report.warnings(model, streams.err);  // what the repairs say is in the report
+  if (options.units) complain_of_units(model, *options.units, streams);
+  repaired.repair();
+  const std::string refused = refusal(repaired, options);
+  std::string failure = refused;
+  if (failure.empty() && options.in_place && model.is_packed())
+    failure = "is packed, and cannot be written in its place";
+  if (failure.empty()) failure = repaired.write(target);
+  if (failure.empty() && !options.dry_run) failure = write_bytes(repaired.bytes(), target, streams);
   model.progress().end();
-  complain(target, error);
-  return false;
-}
 
-int repair_file(Model& model, const RepairOptions& options, Report& report) {
-  if (options.summary) model.keep_input();
-  model.read();
-  report.warnings(model);
-  Findings findings = repair(model, options);
-
-  std::string output;
-  std::unique_ptr<Summary> summary;
-  if (write_repaired(model, options.target, options.summary ? &output : nullptr)) findings.written = options.target;
-  if (findings.written && options.summary) summary = make_summary(model, options.target, std::move(output));
-  if (summary != nullptr) findings.summary = summary->comparison();
-  model.progress().end();
-  report.outcome(findings);
-  if (!findings.written || (options.summary && summary == nullptr)) return exit_failed;
-  return num_errors_left(findings) > 0 ? exit_errors : exit_clean;
+  Outcome outcome = repaired.outcome();
+  outcome.is_trial = options.dry_run;
+  outcome.failure = failure;
+  if (failure.empty() && !options.dry_run) outcome.written = target;
+  if (!failure.empty())
+    complain(streams.err, repaired.can_be_written() && refused.empty() ? target : model.name(), failure);
+  report.outcome(outcome);
+  Tally tally = tally_of(outcome, options.fail_on, options.most_listed());
+  if (!repaired.what_is_missing().empty()) tally.status = std::max<int>(tally.status, exit_errors);
+  return tally;
 }
 
 }  // namespace
 
 int run_repair(const RepairOptions& options) {
+  if (const std::string fault = targets_fault(options); !fault.empty()) {
+    complain(std::cerr, options.output_dir, fault);
+    return exit_failed;
+  }
+  coResourceTable& settings = kel_resource_table_inquire();
+  if (options.keep_geometry) settings.set_value(kelOptRigidTransforms, false);
+  if (options.digits) {
+    settings.set_value(kelOptDoubleGeometricPrecision, *options.digits);
+    settings.set_value(kelOptDoubleParametricPrecision, *options.digits);
+  }
   const bool is_output_taken = options.target == standard_output;
-  const Paint paint(options.color, is_output_taken ? STDERR_FILENO : STDOUT_FILENO);
-  const std::unique_ptr<Report> report =
-      make_report(options.format, options.most_listed(), is_output_taken ? std::cerr : std::cout, paint);
-  const FileWork work{[&](Model& model) { return Tally{.status = repair_file(model, options, *report)}; },
-                      [&](const std::string& name, const std::string& reason) { report->failure(name, reason); }};
-  return final_status({with_file(options.names.front(), work)});
+  const ReportOptions report_options = options.report_options(is_output_taken ? STDERR_FILENO : STDOUT_FILENO);
+  return work_with_reports(options.names, options.jobs, report_options, is_output_taken ? std::cerr : std::cout,
+                           [&](Model& model, Report& report, const Streams& streams) {
+                             return repair_file(model, options, report, streams);
+                           });
 }

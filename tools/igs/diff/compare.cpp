@@ -1,6 +1,8 @@
 #include "diff/compare.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -18,27 +20,46 @@ std::vector<Field> start_fields(const igsFile& file) {
   return fields;
 }
 
+/// Lists Global parameters. What the file leaves out has its default where the standard names one.
 class GlobalFields {
  public:
-  explicit GlobalFields(std::vector<Field>& fields) : m_fields(fields) {}
-  template <class Value>
-  void operator()(const std::string& name, const Value& value) {
-    m_fields.push_back({name, value});
+  explicit GlobalFields(const igsGlobalSection& global) : m_global(global) {
+    for (const igsGlobalParameter& parameter : global.parameters()) {
+      std::visit([&](const auto& value) { add(parameter, value); }, parameter.value);
+    }
+    if (!global.comment().empty()) m_fields.push_back({"comment", global.comment()});
+    const std::vector<std::string_view> extra = global.extra_fields().fields();
+    for (std::size_t i = 0; i < extra.size(); ++i) {
+      m_fields.push_back({"extra_fields(" + std::to_string(i) + ')', std::string(extra[i])});
+    }
   }
-  void operator()(const std::string& name, const igsUnits& units) {
-    (*this)(name + ".type", units.type());
-    (*this)(name + ".name", units.name());
-  }
+  std::vector<Field> take() { return std::move(m_fields); }
 
  private:
-  std::vector<Field>& m_fields;
-};
+  bool has_value(int parameter) const {
+    constexpr std::array with_default{1, 2, 12, 13, 16, 23, 24};
+    return m_global.given(parameter) ||
+           std::find(with_default.begin(), with_default.end(), parameter) != with_default.end();
+  }
+  void add(const igsGlobalParameter& parameter, int value) {
+    m_fields.push_back({parameter.name, has_value(parameter.number) ? value : igs_unset_int});
+  }
+  void add(const igsGlobalParameter& parameter, double value) {
+    m_fields.push_back({parameter.name, has_value(parameter.number) ? value : igs_undefined_real});
+  }
+  void add(const igsGlobalParameter& parameter, const utString& value) {
+    if (has_value(parameter.number)) m_fields.push_back({parameter.name, value});
+  }
+  /// A flag without a name stands for its standard name, too.
+  void add(const igsGlobalParameter& parameter, const igsUnits& units) {
+    const bool has_flag = m_global.given(parameter.number), has_name = m_global.given(parameter.number + 1);
+    m_fields.push_back({parameter.name + ".type", has_flag ? units.type() : igs_unset_int});
+    if (has_flag || has_name) m_fields.push_back({parameter.name + ".name", units.name()});
+  }
 
-std::vector<Field> global_fields(const igsFile& file) {
-  std::vector<Field> fields;
-  for_each_parameter(file.global_section(), GlobalFields(fields));
-  return fields;
-}
+  const igsGlobalSection& m_global;
+  std::vector<Field> m_fields;
+};
 
 /// Null entities, which hold nothing, do not count.
 std::vector<Field> left_out_fields(const igsFile& file) {
@@ -91,7 +112,8 @@ long long Comparison::num_not_compared() const {
 void Comparison::compare_sections(const Visitor& visitor, DifferenceCounts& counts) const {
   using Kind = Difference::Kind;
   compare_lists(Kind::start, start_fields(m_old_file), start_fields(m_new_file), visitor, counts, counts.start);
-  compare_lists(Kind::global, global_fields(m_old_file), global_fields(m_new_file), visitor, counts, counts.global);
+  compare_lists(Kind::global, GlobalFields(m_old_file.global_section()).take(),
+                GlobalFields(m_new_file.global_section()).take(), visitor, counts, counts.global);
   compare_lists(Kind::left_out, left_out_fields(m_old_file), left_out_fields(m_new_file), visitor, counts,
                 counts.left_out);
 }

@@ -45,9 +45,17 @@ void visit_attributes(const igsObject& entity, igsFieldVisitor& visitor) {
   visitor.integer("entity_subscript", entry.entity_subscript());
 }
 
+void visit_parameters(const igsObject& entity, igsFieldVisitor& visitor) {
+  const bool is_kept = entity.isa(igsUnknown::type());
+  if (is_kept) visitor.begin_group("Field");
+  entity.visit_fields(visitor);
+  if (is_kept) visitor.end_group();
+  if (const igsKeptParts* const parts = entity.file().kept_parts(entity)) parts->visit_fields(visitor);
+}
+
 FieldList::FieldList(const igsObject& entity, bool with_paths) : m_with_paths(with_paths) {
   visit_attributes(entity, *this);
-  entity.visit_fields(*this);
+  visit_parameters(entity, *this);
 }
 
 void FieldList::begin_group(const char* label) {

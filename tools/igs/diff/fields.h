@@ -20,6 +20,10 @@ struct Field {
 /// that follow from where the entity stands in its file.
 void visit_attributes(const igsObject& entity, igsFieldVisitor& visitor);
 
+/// Shows the parameters of an entity, then what was kept beside them (igsKeptParts); the fields of an entity without a
+/// class in a group "Field".
+void visit_parameters(const igsObject& entity, igsFieldVisitor& visitor);
+
 /// Collects fields in the order in which they are shown.
 class FieldList : public igsFieldVisitor {
  public:

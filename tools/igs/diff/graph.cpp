@@ -89,7 +89,7 @@ void EntityGraph::read_fields(const RealRule& reals) {
     visit_attributes(*entity, attributes);
     FieldHash parameters(reals, references);
     parameters.add(static_cast<std::uint64_t>(entity->directory_entry().entity_type()));
-    entity->visit_fields(parameters);
+    visit_parameters(*entity, parameters);
     hashes(Likeness::parameters).push_back(parameters.hash());
     hashes(Likeness::own).push_back(mixed(parameters.hash(), attributes.hash()));
     for (const igsObject* const target : references) {

@@ -1,6 +1,8 @@
 #include "diff/report.h"
 
+#include <map>
 #include <ostream>
+#include <utility>
 
 #include "text/json_writer.h"
 #include "text/text.h"
@@ -30,6 +32,12 @@ const char* title_of(Kind kind) {
   return kind == Kind::global ? "Global section" : "Left out on reading";
 }
 
+/// "116 Point"; types that the standard does not have are without a name.
+std::string kind_of(int type) {
+  const utString& name = igsInfoDB::entity_name(type);
+  return std::to_string(type) + (name.empty() ? "" : ' ' + name);
+}
+
 void write_entities(std::ostream& out, const Difference& difference) {
   const igsObject* const old_entity = difference.old_entity;
   const igsObject* const new_entity = difference.new_entity;
@@ -38,7 +46,7 @@ void write_entities(std::ostream& out, const Difference& difference) {
   if (old_entity != nullptr && new_entity != nullptr && old_entity->de_number() != new_entity->de_number()) {
     out << " -> " << new_entity->de_number();
   }
-  out << two_spaces << static_cast<int>(shown.directory_entry().entity_type()) << ' ' << shown.name() << two_spaces;
+  out << two_spaces << kind_of(shown.directory_entry().entity_type()) << two_spaces;
 }
 
 void write_text(std::ostream& out, const Difference& difference) {
@@ -152,14 +160,9 @@ DifferenceCounts write_text_differences(std::ostream& out, const Comparison& com
   return counts;
 }
 
-DifferenceCounts write_json_differences(JsonWriter& json, const Comparison& comparison, std::size_t max_changes) {
-  json.key("changes");
-  json.begin_array();
-  std::size_t count = 0;
-  const DifferenceCounts counts = comparison.visit([&](const Difference& difference) {
-    if (count++ < max_changes) write_json(json, difference);
-  });
-  json.end_array();
+namespace {
+
+void write_json_totals(JsonWriter& json, const DifferenceCounts& counts, const Comparison& comparison) {
   json.member("same", counts.is_same());
   json.member("changed", counts.changed);
   json.member("removed", counts.removed);
@@ -169,5 +172,73 @@ DifferenceCounts write_json_differences(JsonWriter& json, const Comparison& comp
   json.member("dropped", counts.left_out);
   json.member("close", counts.close_reals);
   json.member("not_compared", comparison.num_not_compared());
+}
+
+/// How many entities of a type differ.
+struct TypeCounts {
+  long long changed = 0, removed = 0, added = 0;
+};
+
+/// Counts the entities that differ by type.
+class TypeStatistics {
+ public:
+  void add(const Difference& difference) {
+    const bool is_old = difference.old_entity != nullptr;
+    const igsObject* const entity = is_old ? difference.old_entity : difference.new_entity;
+    if (entity == nullptr) return;
+    TypeCounts& counts = m_counts[entity->directory_entry().entity_type()];
+    if (difference.kind == Kind::removed) ++counts.removed;
+    if (difference.kind == Kind::added) ++counts.added;
+    // The fields of an entity come one after the other.
+    if (difference.kind == Kind::changed && std::exchange(m_last, entity) != entity) ++counts.changed;
+  }
+  const std::map<int, TypeCounts>& counts() const { return m_counts; }
+
+ private:
+  std::map<int, TypeCounts> m_counts;
+  const igsObject* m_last = nullptr;
+};
+
+}  // namespace
+
+DifferenceCounts write_text_statistics(std::ostream& out, const Comparison& comparison, const std::string& title) {
+  TypeStatistics types;
+  const DifferenceCounts counts = comparison.visit([&types](const Difference& difference) { types.add(difference); });
+  for (const auto& [type, of_type] : types.counts()) {
+    out << kind_of(type) << two_spaces << of_type.changed << " changed, " << of_type.removed << " removed, "
+        << of_type.added << " added\n";
+  }
+  out << printable(title) << ": ";
+  write_counts(out, counts, comparison);
+  return counts;
+}
+
+DifferenceCounts write_json_statistics(JsonWriter& json, const Comparison& comparison) {
+  TypeStatistics types;
+  const DifferenceCounts counts = comparison.visit([&types](const Difference& difference) { types.add(difference); });
+  json.key("types");
+  json.begin_object();
+  for (const auto& [type, of_type] : types.counts()) {
+    json.key(std::to_string(type));
+    json.begin_object();
+    json.member("changed", of_type.changed);
+    json.member("removed", of_type.removed);
+    json.member("added", of_type.added);
+    json.end_object();
+  }
+  json.end_object();
+  write_json_totals(json, counts, comparison);
+  return counts;
+}
+
+DifferenceCounts write_json_differences(JsonWriter& json, const Comparison& comparison, std::size_t max_changes) {
+  json.key("changes");
+  json.begin_array();
+  std::size_t count = 0;
+  const DifferenceCounts counts = comparison.visit([&](const Difference& difference) {
+    if (count++ < max_changes) write_json(json, difference);
+  });
+  json.end_array();
+  write_json_totals(json, counts, comparison);
   return counts;
 }

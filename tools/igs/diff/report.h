@@ -13,3 +13,8 @@ DifferenceCounts write_text_differences(std::ostream& out, const Comparison& com
                                         const std::string& title);
 /// Writes the members "changes" (at most `max_changes` of them), "same" and the counts of an open JSON object.
 DifferenceCounts write_json_differences(JsonWriter& json, const Comparison& comparison, std::size_t max_changes);
+
+/// The same without the list: how many entities of each type differ; in text a line for each type.
+DifferenceCounts write_text_statistics(std::ostream& out, const Comparison& comparison, const std::string& title);
+/// "types" in the place of "changes".
+DifferenceCounts write_json_statistics(JsonWriter& json, const Comparison& comparison);

@@ -21,14 +21,16 @@ std::string completed(const std::string& text, std::string_view noun) {
 std::vector<ErrorText> completed(const Rows& rows) {
   std::vector<ErrorText> texts;
   std::string prefix, noun;
-  for (const auto& [name, sentence, repair] : rows.texts) {
-    if (name.back() == head_mark) {
-      prefix = name.substr(0, name.size() - 1);
-      noun = sentence;
-    } else {
-      texts.push_back(
-          {name.starts_with("igs") ? name : prefix + name, completed(sentence, noun), completed(repair, noun)});
+  for (ErrorText text : rows.texts) {
+    if (text.name.back() == head_mark) {
+      prefix = text.name.substr(0, text.name.size() - 1);
+      noun = text.sentence;
+      continue;
     }
+    if (!text.name.starts_with("igs")) text.name.insert(0, prefix);
+    text.sentence = completed(text.sentence, noun);
+    text.repair = completed(text.repair, noun);
+    texts.push_back(std::move(text));
   }
   return texts;
 }
@@ -36,21 +38,29 @@ std::vector<ErrorText> completed(const Rows& rows) {
 Rows named(const std::array<const char*, 3>& names, std::string_view name, std::string_view thing,
            std::string_view is_wrong, const Repairs& repairs) {
   const std::string start = std::string(thing) + ' ';
-  return {{replaced(names[0], "%", name), start + "is missing", repairs.of_null},
-          {replaced(names[1], "%", name), start + std::string(is_wrong), repairs.of_wrong},
-          {replaced(names[2], "%", name), start + "has faults of its own", repairs.of_faults}};
+  return {{Severity::error, replaced(names[0], "%", name), start + "is missing", repairs.of_null},
+          {Severity::error, replaced(names[1], "%", name), start + std::string(is_wrong), repairs.of_wrong},
+          consequence(replaced(names[2], "%", name), start + "has faults of its own", repairs.of_faults)};
 }
 
 }  // namespace
 
-Rows::Rows(std::string_view name, std::string_view sentence, std::string_view repair)
-    : texts{{std::string(name), std::string(sentence), std::string(repair)}} {}
+Rows::Rows(Severity severity, std::string_view name, std::string_view sentence, Repair repair)
+    : texts{{std::string(name), std::string(sentence), std::string(repair.text), severity, repair.kind, false}} {}
 
 Rows::Rows(std::initializer_list<Rows> parts) {
   for (const Rows& part : parts) texts.insert(texts.end(), part.texts.begin(), part.texts.end());
 }
 
-Rows entity(std::string_view prefix, std::string_view noun) { return {std::string(prefix) + head_mark, noun}; }
+Rows entity(std::string_view prefix, std::string_view noun) {
+  return {Severity::note, std::string(prefix) + head_mark, noun};
+}
+
+Rows consequence(std::string_view name, std::string_view sentence, Repair repair) {
+  Rows row(Severity::warning, name, sentence, repair);
+  row.texts.front().is_consequence = true;
+  return row;
+}
 
 Rows reference(std::string_view name, std::string_view thing, std::string_view is_wrong, const Repairs& repairs) {
   return named({"Null%", "Wrong%Type", "Invalid%"}, name, thing, is_wrong, repairs);

@@ -82,6 +82,37 @@ std::string sentence_of(const igsError& error) {
   });
 }
 
+bool is_missing_units_flag(const igsError& error) {
+  constexpr int units_flag = 14;
+  return error.isa(igsGlobalSectionIllegalDefault::type()) &&
+         static_cast<const igsGlobalSectionIllegalDefault&>(error).value<0>() == units_flag;
+}
+
+bool is_about_units(const igsError& error) {
+  return is_missing_units_flag(error) || error.isa(igsGlobalSectionInvalidUnitsFlag::type()) ||
+         error.isa(igsGlobalSectionUnitNameTypeMismatch::type());
+}
+
+bool is_repairable(const ErrorText& text) {
+  return text.repair_kind == RepairKind::writing || text.repair_kind == RepairKind::value ||
+         text.repair_kind == RepairKind::nulls || text.repair_kind == RepairKind::geometry;
+}
+
+Severity severity_of(const igsError& error) {
+  const ErrorText* text = find_error_text(error.objtype().name());
+  if (text == nullptr) return Severity::error;
+  return is_missing_units_flag(error) ? Severity::error : text->severity;
+}
+
+const char* severity_name(Severity severity) {
+  constexpr const char* names[] = {"note", "warning", "error"};
+  return names[static_cast<int>(severity)];
+}
+
+std::string page_url(std::string_view class_name) {
+  return std::string(IGS_DOCS_URL) + "/errors/" + std::string(class_name) + ".html";
+}
+
 std::string general_sentence(const ErrorText& text) {
   return filled_in(text.sentence, [](std::string_view) { return "..."; });
 }

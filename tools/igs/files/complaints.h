@@ -1,13 +1,14 @@
 #pragma once
 
+#include <iosfwd>
 #include <string>
 
 #include "files/model.h"
 
-// What goes to standard error.
+// What goes to standard error, or, as `err`, waits for that.
 
-void complain(const std::string& file, const std::string& reason);
+void complain(std::ostream& err, const std::string& file, const std::string& reason);
 /// What the library had to say while it read.
-void complain_of_messages(const Model& model);
+void complain_of_messages(std::ostream& err, const Model& model);
 /// Flushes standard output. False, with a complaint, when results could not be written.
 bool flush_output();

@@ -7,9 +7,11 @@
 #include <system_error>
 #include <utility>
 
+#include "files/file_kind.h"
+
 InputFile::InputFile(const std::string& name) : m_stream(&m_file) {
   if (name == "-") {
-    m_stream = &std::cin;
+    look_into(std::cin);
     return;
   }
   std::error_code none;
@@ -21,10 +23,28 @@ InputFile::InputFile(const std::string& name) : m_stream(&m_file) {
   m_file.open(name, std::ios::binary);
   if (!m_file) {
     m_open_error = errno != 0 ? std::generic_category().message(errno) : "cannot be opened";
-  } else if (std::filesystem::is_regular_file(name, none)) {
-    m_size = std::filesystem::file_size(name, none);
-    if (none) m_size = 0;
+    return;
   }
+  look_into(m_file);
+  constexpr std::uintmax_t usual_ratio = 5;
+  if (std::filesystem::is_regular_file(name, none)) m_size = std::filesystem::file_size(name, none);
+  if (none) m_size = 0;
+  if (is_packed()) m_size *= usual_ratio;
+}
+
+void InputFile::look_into(std::istream& source) {
+  m_bytes = std::make_unique<Peeked>(source);
+  m_stream = &m_bytes->stream;
+  if (!begins_as_gzip(m_bytes->buffer.beginning())) return;
+  m_gzip = std::make_unique<GzipBuffer>(*m_stream);
+  m_unpacked = std::make_unique<std::istream>(m_gzip.get());
+  m_content = std::make_unique<Peeked>(*m_unpacked);
+  m_stream = &m_content->stream;
+}
+
+std::string_view InputFile::foreign_kind() const {
+  if (m_bytes == nullptr) return "";
+  return ::foreign_kind((m_content != nullptr ? m_content : m_bytes)->buffer.beginning());
 }
 
 InputFile::InputFile(InMemory input) : m_memory(std::move(input.bytes)), m_stream(&m_memory) {}
@@ -42,5 +62,6 @@ void InputFile::keep_bytes() {
 
 std::string InputFile::error() const {
   if (!m_open_error.empty()) return m_open_error;
+  if (m_gzip != nullptr && !m_gzip->error().empty()) return m_gzip->error();
   return m_stream->bad() ? "read error" : "";
 }

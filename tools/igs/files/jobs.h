@@ -1,9 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdio>
 #include <functional>
-#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -14,20 +12,16 @@ constexpr std::size_t most_jobs = 128;
 
 /// The work with several files.
 struct FilesWork : FileWork {
-  /// Prints what `handle` printed in a process of its own; the file stands at its beginning.
-  std::function<void(std::FILE* printed)> adopt;
+  /// Prints what `handle` or `failure` printed of one file, where that is not to be printed as it stands; may be
+  /// missing.
+  std::function<void(const std::string& printed)> merge = {};
 };
 
-/// Does the work for every name, up to `jobs` at a time in processes of their own, so that a breakdown stays with its
-/// file. What they print comes out whole and in the order of the names; until its turn has come it waits in a temporary
-/// file. Returns the tallies in that order, fewer when standard output fails. On Windows one file comes after the
-/// other.
+/// Does the work for every name, up to `jobs` at a time on threads of their own: `handle` and `failure` are called on
+/// any of them, for different files at once. What they print comes out whole and in the order of the names, `merge` is
+/// called in that order, one call at a time. Returns the tallies in that order, fewer when standard output fails.
 std::vector<Tally> work_on_files(const std::vector<std::string>& names, std::size_t jobs, const FilesWork& work);
-/// The same for more than one file and one job; not on Windows.
-std::vector<Tally> work_in_processes(const std::vector<std::string>& names, std::size_t jobs, const FilesWork& work);
 /// The highest status of all.
 int status_of(const std::vector<Tally>& tallies);
 /// The status to end with: exit_failed, with a complaint, when standard output has not taken the results.
 int final_status(const std::vector<Tally>& tallies);
-/// Copies the rest of `from` to `out`.
-void copy_all(std::FILE* from, std::ostream& out);

@@ -3,14 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <iostream>
 #include <limits>
 #include <new>
+#include <ostream>
 #include <stdexcept>
+#include <string_view>
 
 namespace {
 
-constexpr short no_entity = std::numeric_limits<short>::min();
+constexpr int no_entity = std::numeric_limits<int>::min();
 
 std::size_t slot_of(int de_number) { return static_cast<std::size_t>(de_number - 1) / 2; }
 
@@ -67,14 +68,14 @@ EntityTypes::EntityTypes(const igsFile& file) {
     const std::size_t slot = slot_of(entities()->de_number());
     if (slot >= m_types.size()) m_types.resize(slot + 1, no_entity);
     const int type = entities()->directory_entry().entity_type();
-    m_types[slot] = static_cast<short>(type);
+    m_types[slot] = type;
     ++m_counts[type];
   }
 }
 
 std::optional<int> EntityTypes::at(int de_number) const {
-  if (de_number < 1 || slot_of(de_number) >= m_types.size()) return std::nullopt;
-  const short type = m_types[slot_of(de_number)];
+  if (de_number < 1 || de_number % 2 == 0 || slot_of(de_number) >= m_types.size()) return std::nullopt;
+  const int type = m_types[slot_of(de_number)];
   return type == no_entity ? std::nullopt : std::optional<int>(type);
 }
 
@@ -96,16 +97,30 @@ Model::Model(const std::string& name, InMemory input)
   m_file.set_message_stream(&m_messages);
 }
 
-void Model::read() { read(std::cerr); }
+std::string Model::open_error() const {
+  std::string error = m_input.error();
+  if (!error.empty()) return error;
+  const std::string_view kind = m_input.foreign_kind();
+  return kind.empty() ? "" : "not an IGES file: " + std::string(kind);
+}
 
 void Model::read_silently() {
   std::ostream nowhere(nullptr);
-  read(nowhere);
+  read_from_input(nowhere);
 }
 
 void Model::read(std::ostream& complaints) {
+  read_from_input(complaints);
+  if (!m_was_read && m_file.read_fault().records_before == 0) {
+    m_progress.end();
+    throw UnreadableFile(m_name, read_error());
+  }
+}
+
+void Model::read_from_input(std::ostream& complaints) {
   utOstream indented(complaints);
-  m_was_read = m_file.read(m_input.stream(), indented) != 0;
+  // A file that is asked to recover answers 1 for one that is not read to its end, too.
+  m_was_read = m_file.read(m_input.stream(), indented) != 0 && m_file.read_fault().code == igsIOValuePresent;
   expect_memory();
 }
 
@@ -114,6 +129,7 @@ void Model::expect_memory() const {
 }
 
 std::string Model::read_error() const {
+  if (m_input.is_packed() && !m_input.error().empty()) return m_input.error();
   if (m_was_read) return "";
   const igsReadFault& fault = m_file.read_fault();
   const std::string next = "record " + std::to_string(fault.records_before + 1);
@@ -131,6 +147,14 @@ std::string Model::read_error() const {
     default:
       return beginning + "its Global section is missing or its delimiters cannot be used";
   }
+}
+
+igsFileOptions options_to_show() { return {.keep = true, .strict = true, .recover = true, .unbounded_lines = true}; }
+
+igsFileOptions options_of_program() {
+  igsFileOptions options = options_to_show();
+  options.lines = true;
+  return options;
 }
 
 const char* log_name(igsLogID log) {

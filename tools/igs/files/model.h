@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -50,8 +51,14 @@ class EntityTypes {
   std::vector<int> missing_in(const EntityTypes& later) const;
 
  private:
-  std::vector<short> m_types;  ///< by slot; `no_entity` where there is none
+  std::vector<int> m_types;  ///< by slot; `no_entity` where there is none
   std::map<int, int> m_counts;
+};
+
+/// Nothing can be said of a file but why.
+struct UnreadableFile : std::runtime_error {
+  UnreadableFile(std::string file_, const std::string& reason) : std::runtime_error(reason), file(std::move(file_)) {}
+  std::string file;
 };
 
 /// One file of the command line in memory. `read` is called once, after opening has succeeded.
@@ -61,10 +68,14 @@ class Model {
   /// A file in memory, under a name for reports.
   Model(const std::string& name, InMemory input);
 
-  /// Why the file cannot be opened, empty when it can.
-  std::string open_error() const { return m_input.error(); }
-  void read();
-  /// As read(), for what others have complained of already.
+  /// Why the file cannot be opened, or is not worth reading; empty when it is.
+  std::string open_error() const;
+  /// What the library is asked for; before reading.
+  void set_options(const igsFileOptions& options) { m_file.set_options(options); }
+  /// `complaints`: where the library says what it cannot put into an error.
+  /// Throws an UnreadableFile when it turns out at once that the file is no IGES file.
+  void read(std::ostream& complaints);
+  /// As read(), for what others have complained of already; throws nothing of its own.
   void read_silently();
   /// Before reading: what is read is kept until take_input().
   void keep_input() { m_input.keep_bytes(); }
@@ -72,10 +83,12 @@ class Model {
   /// Throws std::bad_alloc when the library's last piece of work ended because memory ran out.
   void expect_memory() const;
 
-  /// What igsFile::read answered.
+  /// Whether it is packed by gzip.
+  bool is_packed() const { return m_input.is_packed(); }
+  /// Whether the file was read to its end.
   bool was_read() const { return m_was_read; }
   /// Whether all entities were read, so that it makes sense to check them.
-  bool has_entities() { return m_was_read || m_file.parameter_data_read() != 0; }
+  bool has_entities() const { return m_was_read || m_file.parameter_data_read() != 0; }
   /// Why the file could not be read to its end, empty when it could.
   std::string read_error() const;
 
@@ -86,7 +99,7 @@ class Model {
   const MessageList& messages() const { return m_messages; }
 
  private:
-  void read(std::ostream& complaints);
+  void read_from_input(std::ostream& complaints);
 
   std::string m_name;
   InputFile m_input;
@@ -96,6 +109,10 @@ class Model {
   bool m_was_read = false;
 };
 
+/// What the program asks of the library where files are shown or compared, and where they are checked and repaired.
+igsFileOptions options_to_show();
+igsFileOptions options_of_program();
+
 /// An igsLogID as reports name it: "object".
 const char* log_name(igsLogID log);
 /// The DE number that an error is about; nothing for errors of the Global, Start and Terminate sections.
@@ -104,7 +121,8 @@ std::optional<int> de_number(const igsError& error);
 long long num_active_errors(const igsErrorLog& log);
 long long num_fixed_errors(const igsErrorLog& log);
 
-/// Calls `visit(igsLogID, const igsError&)` for the active errors, log by log, each in slot order.
+/// Calls `visit(igsLogID, igsError&)`, which may mark the error as fixed, for the active errors, log by log, each in
+/// slot order.
 template <class Visit>
 void for_each_active_error(const igsErrorLog& log, Visit visit) {
   for (int id = 0; id < igs_num_section_logs; ++id) {
@@ -117,7 +135,7 @@ void for_each_active_error(const igsErrorLog& log, Visit visit) {
 template <class Visit>
 void for_each_fixed_error(const igsErrorLog& log, Visit visit) {
   for (int id = 0; id < igs_num_section_logs; ++id) {
-    for (const igsError* error : log.get_section_log(static_cast<igsLogID>(id))->fixed_errors()) {
+    for (igsError* const error : log.get_section_log(static_cast<igsLogID>(id))->fixed_errors()) {
       visit(static_cast<igsLogID>(id), *error);
     }
   }

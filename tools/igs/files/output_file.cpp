@@ -7,13 +7,17 @@
 #include <share.h>
 #endif
 
+#include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <filesystem>
+#include <mutex>
 #include <system_error>
 #include <utility>
+
+#include "files/jobs.h"
 
 namespace {
 
@@ -30,7 +34,7 @@ int make_temporary(char* name) {
 
 void set_permissions(int /*descriptor*/, const std::string& /*target*/) {}  // a new file has those of its folder
 #else
-constexpr std::array ending_signals{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXFSZ};
+constexpr std::array ending_signals{SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGQUIT, SIGXFSZ};
 
 int make_temporary(char* name) { return mkstemp(name); }
 
@@ -44,31 +48,56 @@ void set_permissions(int descriptor, const std::string& target) {
     if (fchmod(descriptor, status.st_mode & permission_bits) != 0) errno = 0;
     return;
   }
-  const mode_t mask = umask(0);
-  umask(mask);
+  static const mode_t mask = [] {  // once, as it changes what other threads make meanwhile
+    const mode_t found = umask(0);
+    umask(found);
+    return found;
+  }();
   if (fchmod(descriptor, 0666 & ~mask) != 0) errno = 0;
 }
 #endif
 
-// What a signal handler may touch: the name of the one temporary that exists, in memory that stays where it is.
-std::array<char, 4096> temporary_name{};       // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
-volatile std::sig_atomic_t has_temporary = 0;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+// What a signal handler may touch: the names of the temporaries that exist, in memory that stays where it is.
+struct Temporary {
+  std::array<char, 4096> name;
+  std::atomic<bool> is_taken, exists;
+};
+static_assert(std::atomic<bool>::is_always_lock_free);
+std::array<Temporary, most_jobs> temporaries;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
 
-extern "C" void remove_temporary(int signal) {
-  if (has_temporary != 0) unlink(temporary_name.data());
+extern "C" void remove_temporaries(int signal) {
+  for (const Temporary& temporary : temporaries) {
+    if (temporary.exists) unlink(temporary.name.data());
+  }
   std::signal(signal, SIG_DFL);  // NOLINT(cert-err33-c): there is nothing to do about a failure here
   std::raise(signal);            // NOLINT(cert-err33-c)
 }
 
-/// `name`: null when there is no temporary any more.
-void guard_temporary(const char* name) {
-  has_temporary = 0;
-  if (name == nullptr || std::strlen(name) >= temporary_name.size()) return;
-  std::strncpy(temporary_name.data(), name, temporary_name.size() - 1);
-  has_temporary = 1;
+void handle_signals() {
   for (const int signal : ending_signals) {
-    if (std::signal(signal, remove_temporary) == SIG_IGN) std::signal(signal, SIG_IGN);
+    if (std::signal(signal, remove_temporaries) == SIG_IGN) std::signal(signal, SIG_IGN);
   }
+}
+
+/// From now on a signal that ends the program removes this temporary. Returns its place; the number of places when it
+/// is not guarded, as there are more files at a time than jobs, or the name is too long.
+std::size_t guard_temporary(const std::string& name) {
+  static std::once_flag once;
+  std::call_once(once, handle_signals);
+  std::size_t place = name.size() < temporaries[0].name.size() ? 0 : temporaries.size();
+  while (place < temporaries.size() && temporaries.at(place).is_taken.exchange(true)) ++place;
+  if (place == temporaries.size()) return place;
+  Temporary& temporary = temporaries.at(place);
+  *std::copy(name.begin(), name.end(), temporary.name.begin()) = '\0';
+  temporary.exists = true;
+  return place;
+}
+
+/// The temporary at this place is gone.
+void release_temporary(std::size_t place) {
+  if (place == temporaries.size()) return;
+  temporaries.at(place).exists = false;
+  temporaries.at(place).is_taken = false;
 }
 
 /// The file that `name` leads to, through symbolic links that may dangle.
@@ -113,7 +142,7 @@ void OutputFile::open_temporary() {
     return;
   }
   m_temporary = name;
-  guard_temporary(m_temporary.c_str());
+  m_guard = guard_temporary(m_temporary);
   set_permissions(m_descriptor, m_target);
   m_stream.open(m_temporary, std::ios::binary);
   if (!m_stream) fail(errno);
@@ -131,7 +160,7 @@ bool OutputFile::commit() {
   std::error_code error;
   std::filesystem::rename(m_temporary, m_target, error);  // replaces the target everywhere, which std::rename does not
   if (error) return fail(error.default_error_condition().value());
-  guard_temporary(nullptr);
+  release_temporary(m_guard);
   m_temporary.clear();
   discard();
   return true;
@@ -149,6 +178,6 @@ void OutputFile::discard() {
   m_descriptor = -1;
   if (m_temporary.empty()) return;
   unlink(m_temporary.c_str());
-  guard_temporary(nullptr);
+  release_temporary(m_guard);
   m_temporary.clear();
 }

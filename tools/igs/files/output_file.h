@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <fstream>
 #include <string>
 
@@ -29,6 +30,7 @@ class OutputFile {
 
   std::string m_target;
   std::string m_temporary;  ///< empty when the target is written directly
+  std::size_t m_guard = 0;  ///< place of the temporary among those that signals remove
   int m_descriptor = -1;    ///< of the temporary
   std::ofstream m_stream;
   std::string m_error;

@@ -16,8 +16,9 @@ constexpr std::uintmax_t records_between_updates = 1U << 14U;
 constexpr std::uintmax_t bytes_a_record = 81;
 constexpr const char* erase_line = "\r\x1b[K";
 
-// The callback takes no argument.
-Progress* shown = nullptr;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+// The callback takes no argument. It is touched by one thread at a time: nothing is shown while there are several.
+Progress* shown = nullptr;    // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+bool has_many_files = false;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
 
 /// The name, or its end, on so few columns that the line takes no second row, which could not be removed.
 std::string short_name(const std::string& name) {
@@ -32,7 +33,7 @@ std::string short_name(const std::string& name) {
 }  // namespace
 
 Progress::Progress(const std::string& name, std::uintmax_t size) : m_name(short_name(name)), m_size(size) {
-  if (size < smallest_size || shown != nullptr || isatty(STDERR_FILENO) == 0) return;
+  if (size < smallest_size || has_many_files || shown != nullptr || isatty(STDERR_FILENO) == 0) return;
   shown = this;
   igsInStream::set_line_read_callback(record_read);
 }
@@ -60,7 +61,14 @@ void Progress::show(const std::string& state) const {
   if (shown == this) std::cerr << erase_line << m_name << ": " << state << std::flush;
 }
 
-FilesProgress::FilesProgress(std::size_t total) : m_total(total), m_is_on(isatty(STDERR_FILENO) != 0) {}
+FilesProgress::FilesProgress(std::size_t total) : m_total(total), m_is_on(isatty(STDERR_FILENO) != 0) {
+  has_many_files = true;
+}
+
+FilesProgress::~FilesProgress() {
+  hide();
+  has_many_files = false;
+}
 
 void FilesProgress::show(std::size_t done) const {
   if (m_is_on) std::cerr << erase_line << done << " of " << m_total << " files done" << std::flush;

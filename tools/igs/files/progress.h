@@ -30,11 +30,11 @@ class Progress {
   std::uintmax_t m_records = 0;
 };
 
-/// The line while several files are worked on at the same time: "3 of 12 files done".
+/// The line while several files are worked on at the same time: "3 of 12 files done". There is no Progress meanwhile.
 class FilesProgress {
  public:
   explicit FilesProgress(std::size_t total);
-  ~FilesProgress() { hide(); }
+  ~FilesProgress();
   FilesProgress(const FilesProgress&) = delete;
   FilesProgress& operator=(const FilesProgress&) = delete;
 

@@ -1,32 +1,51 @@
 #include "report/report.h"
 
+#include <algorithm>
 #include <iostream>
 
-#include "text/text.h"
+#include "files/jobs.h"
 
-long long num_errors_left(const Findings& findings) {
-  long long count = 0;
-  for_each_active_error(findings.model.file().error_log(), [&](igsLogID, const igsError& error) {
-    const std::optional<int> de = de_number(error);
-    const bool is_gone = findings.is_repair && de && !findings.types.at(*de);
-    if (!is_gone) ++count;
-  });
-  return count;
+Tally tally_of(const Outcome& outcome, Severity fail_on, std::size_t max_errors) {
+  const Findings& findings = outcome.found.findings;
+  Tally tally{.entities = outcome.found.num_entities, .failure = outcome.failure};
+  for (const Severity severity : {Severity::note, Severity::warning, Severity::error}) {
+    tally.findings.at(static_cast<std::size_t>(severity)) = findings.count(severity);
+  }
+  const std::vector<Finding>& list = findings.list();
+  const std::size_t listed = std::min(max_errors, list.size());
+  for (std::size_t i = 0; i < listed; ++i) tally.classes.insert(list[i].error->objtype().name());
+  tally.not_listed = static_cast<long long>(list.size() - listed);
+  if (findings.num_from(fail_on) > 0 || !outcome.lost.empty()) tally.status = exit_errors;
+  if (!outcome.failure.empty()) tally.status = exit_failed;
+  return tally;
 }
 
-std::string place_of(igsLogID log, const igsError& error) {
-  if (const std::optional<int> de = de_number(error)) return "DE " + std::to_string(*de);
-  if (log == igsGlobalLog) return "Global section";
-  if (log == igsStartLog) return "Start section";
-  return log == igsTerminateLog ? "Terminate section" : "File";
+std::unique_ptr<Report> make_report(const ReportOptions& options, std::ostream& out) {
+  if (options.format == Format::json) return make_json_report(options, out);
+  if (options.format == Format::sarif) return make_sarif_report(options, out);
+  return make_text_report(options, out);
 }
 
-std::unique_ptr<Report> make_report(Format format, std::size_t max_errors, std::ostream& out, const Paint& paint) {
-  if (format == Format::json) return make_json_report(max_errors, out);
-  if (format == Format::sarif) return make_sarif_report(max_errors, out);
-  return make_text_report(max_errors, out, paint);
+int work_with_reports(const std::vector<std::string>& names, std::size_t jobs, const ReportOptions& options,
+                      std::ostream& out, const ReportedWork& work) {
+  const std::unique_ptr<Report> whole = make_report(options, out);
+  FilesWork files;
+  files.handle = [&](Model& model, const Streams& streams) {
+    // Where the results of the work take standard output, the report is elsewhere.
+    const bool is_direct = &streams.out == &std::cout;
+    const std::unique_ptr<Report> report = make_report(options, is_direct ? out : streams.out);
+    return work(model, *report, streams);
+  };
+  files.failure = [&](const std::string& name, const std::string& reason, const Streams& streams) {
+    make_report(options, streams.out)->failure(name, reason);
+  };
+  if (options.format == Format::sarif) files.merge = [&](const std::string& printed) { whole->adopt(printed); };
+  whole->begin();
+  const std::vector<Tally> tallies = work_on_files(names, jobs, files);
+  whole->end(names, tallies);
+  return final_status(tallies);
 }
 
-void print_failure(Format format, const std::string& file, const std::string& reason) {
-  if (format == Format::json) write_json_failure(std::cout, file, reason);
+void print_failure(std::ostream& out, Format format, const std::string& file, const std::string& reason) {
+  if (format == Format::json) write_json_failure(out, file, reason);
 }

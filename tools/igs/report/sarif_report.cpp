@@ -1,14 +1,12 @@
-#include <algorithm>
-#include <climits>
 #include <filesystem>
 #include <optional>
 #include <ostream>
-#include <unordered_map>
+#include <set>
 
 #include "explain/texts.h"
 #include "files/complaints.h"
 #include "files/jobs.h"
-#include "report/directory_lines.h"
+#include "findings/place.h"
 #include "report/report.h"
 #include "text/json_writer.h"
 #include "text/text.h"
@@ -51,51 +49,43 @@ void write_artifact(JsonWriter& json, const std::string& file) {
   json.end_object();
 }
 
-const char* level_of(const ErrorText* text) { return text != nullptr && !text->repair.empty() ? "warning" : "error"; }
-
 void write_rule(JsonWriter& json, const ErrorText& text) {
+  const std::string sentence = general_sentence(text) + '.';
+  const std::string help = text.repair.empty() ? "It is not repaired." : "Repair: " + text.repair;
   json.begin_object();
   json.member("id", text.name);
-  write_message(json, "shortDescription", general_sentence(text));
-  write_message(json, "help", text.repair.empty() ? "It is not repaired." : "Repair: " + text.repair);
+  write_message(json, "shortDescription", sentence);
+  write_message(json, "fullDescription", sentence + ' ' + help);
+  write_message(json, "help", help);
+  json.member("helpUri", page_url(text.name));
   json.key("defaultConfiguration");
   json.begin_object();
-  json.member("level", level_of(&text));
+  json.member("level", severity_name(text.severity));
   json.end_object();
   json.key("properties");
   json.begin_object();
-  json.member("repairable", !text.repair.empty());
+  json.member("repairable", is_repairable(text));
   json.end_object();
   json.end_object();
 }
 
-/// The place of every error class in the list of rules.
-std::unordered_map<std::string_view, int> rule_indices() {
-  std::unordered_map<std::string_view, int> indices;
-  for (const ErrorText& text : all_error_texts()) indices.emplace(text.name, static_cast<int>(indices.size()));
-  return indices;
-}
-
-/// SARIF 2.1.0, one run for all files. All rules come first, so that results can refer to them as they are written.
+/// SARIF 2.1.0, one run for all files. The rules come last, when it is known which occur.
 class SarifReport : public Report {
  public:
-  SarifReport(std::size_t max_errors, std::ostream& out)
-      : m_max_errors(max_errors), m_out(out), m_rule_indices(rule_indices()) {}
+  SarifReport(const ReportOptions& options, std::ostream& out) : m_max_errors(options.max_errors), m_out(out) {}
   void begin() override;
-  void outcome(const Findings& findings) override;
+  void outcome(const Outcome& outcome) override;
   void failure(const std::string& /*file*/, const std::string& /*reason*/) override {}  // end() tells of it
-  void warnings(const Model& model) override { complain_of_messages(model); }
-  void adopt(std::FILE* text) override;
+  void warnings(const Model& model, std::ostream& err) override { complain_of_messages(err, model); }
+  void adopt(const std::string& text) override;
   void end(const std::vector<std::string>& names, const std::vector<Tally>& tallies) override;
 
  private:
-  void write_driver(JsonWriter& json);
-  void write_result(const Findings& findings, const DirectoryLines& lines, igsLogID log, const igsError& error);
-  void write_notices(JsonWriter& json, const std::string& name, const Tally& tally) const;
+  static void write_driver(JsonWriter& json, const std::vector<Tally>& tallies);
+  void write_result(const FileFindings& file, const Finding& finding);
 
   std::size_t m_max_errors;
   std::ostream& m_out;
-  std::unordered_map<std::string_view, int> m_rule_indices;
   bool m_has_results = false;
 };
 
@@ -107,90 +97,88 @@ void SarifReport::begin() {
   json.key("runs");
   json.begin_array();
   json.begin_object();
-  write_driver(json);
   json.key("results");
   json.begin_array();
 }
 
-void SarifReport::write_driver(JsonWriter& json) {
+void SarifReport::write_driver(JsonWriter& json, const std::vector<Tally>& tallies) {
+  std::set<std::string_view> classes;
+  for (const Tally& tally : tallies) classes.insert(tally.classes.begin(), tally.classes.end());
   json.key("tool");
   json.begin_object();
   json.key("driver");
   json.begin_object();
   json.member("name", "igs");
   json.member("version", IGS_VERSION);
+  json.member("informationUri", page_url("index"));
   json.key("rules");
   json.begin_array();
-  for (const ErrorText& text : all_error_texts()) write_rule(json, text);
+  for (const std::string_view name : classes) {
+    if (const ErrorText* const text = find_error_text(name)) write_rule(json, *text);
+  }
   json.end_array();
   json.end_object();
   json.end_object();
 }
 
-void SarifReport::outcome(const Findings& findings) {
-  std::optional<DirectoryLines> lines;
+void SarifReport::outcome(const Outcome& outcome) {
   std::size_t count = 0;
-  for_each_active_error(findings.model.file().error_log(), [&](igsLogID log, const igsError& error) {
+  for (const Finding& finding : outcome.found.findings.list()) {
     if (count++ >= m_max_errors) return;
-    if (!lines) lines = DirectoryLines::of(findings.model.name());
-    write_result(findings, *lines, log, error);
-  });
+    write_result(outcome.found, finding);
+  }
 }
 
-void write_location(JsonWriter& json, const std::string& file, const std::string& place, long long line) {
+void write_location(JsonWriter& json, const FileFindings& file, const Finding& finding) {
   json.key("locations");
   json.begin_array();
   json.begin_object();
   json.key("physicalLocation");
   json.begin_object();
-  write_artifact(json, file);
-  if (line > 0) {
-    json.key("region");
-    json.begin_object();
-    json.member("startLine", line);
-    json.member("endLine", line + 1);
-    json.end_object();
-  }
+  write_artifact(json, file.name);
+  json.key("region");
+  json.begin_object();
+  json.member("startLine", finding.line);
+  json.end_object();
   json.end_object();
   json.key("logicalLocations");
   json.begin_array();
   json.begin_object();
-  json.member("name", place);
-  json.member("kind", place.starts_with("DE ") ? "entity" : "section");
+  json.member("name", place_of(finding.log, *finding.error, file.types));
+  json.member("kind", de_number(*finding.error) ? "entity" : "section");
   json.end_object();
   json.end_array();
   json.end_object();
   json.end_array();
 }
 
-void SarifReport::write_result(const Findings& findings, const DirectoryLines& lines, igsLogID log,
-                               const igsError& error) {
+void SarifReport::write_result(const FileFindings& file, const Finding& finding) {
   m_out << (m_has_results ? ",\n" : "\n");
   m_has_results = true;
-  const std::string& name = error.objtype().name();
-  const auto rule = m_rule_indices.find(name);
+  const igsError& error = *finding.error;
   JsonWriter json(m_out);
   json.begin_object();
-  json.member("ruleId", name);
-  if (rule != m_rule_indices.end()) json.member("ruleIndex", rule->second);
-  json.member("level", level_of(find_error_text(name)));
-  write_message(json, "message", sentence_of(error));
-  write_location(json, findings.model.name(), place_of(log, error), lines.line_of(de_number(error).value_or(0)));
+  json.member("ruleId", error.objtype().name());
+  json.member("level", severity_name(finding.severity));
+  write_message(json, "message", place_of(finding.log, error, file.types) + ": " + sentence_of(error) + '.');
+  write_location(json, file, finding);
   json.key("properties");
   json.begin_object();
-  json.member("log", log_name(log));
-  write_json_error_values(json, error, findings.types);
+  json.member("log", log_name(finding.log));
+  if (const std::optional<int> de = de_number(error)) {
+    json.member("de", *de);
+    if (const std::optional<int> type = file.types.at(*de)) json.member("type", *type);
+  }
+  write_json_values(json, error);
+  json.member("consequence", finding.is_consequence);
   json.end_object();
   json.end_object();
 }
 
-void SarifReport::adopt(std::FILE* text) {
-  const int first = std::fgetc(text);
-  if (first == EOF) return;
-  if (m_has_results) m_out << ',';
-  if (first != ',') m_out << static_cast<char>(first);
-  m_has_results = true;
-  copy_all(text, m_out);
+void SarifReport::adopt(const std::string& text) {
+  if (!text.empty() && m_has_results) m_out << ',';
+  m_has_results = m_has_results || !text.empty();
+  m_out << text;
 }
 
 void write_notice(JsonWriter& json, const char* level, const std::string& file, const std::string& text) {
@@ -209,10 +197,11 @@ void write_notice(JsonWriter& json, const char* level, const std::string& file, 
   json.end_object();
 }
 
-void SarifReport::write_notices(JsonWriter& json, const std::string& name, const Tally& tally) const {
-  const long long left_out = tally.errors - static_cast<long long>(std::min<std::size_t>(m_max_errors, INT_MAX));
+void write_notices(JsonWriter& json, const std::string& name, const Tally& tally) {
   if (!tally.failure.empty()) write_notice(json, "error", name, printable(name) + ": " + tally.failure);
-  if (left_out > 0) write_notice(json, "note", name, counted(left_out, "more is", "more are") + " not listed");
+  if (tally.not_listed > 0) {
+    write_notice(json, "note", name, counted(tally.not_listed, "more is", "more are") + " not listed");
+  }
 }
 
 void SarifReport::end(const std::vector<std::string>& names, const std::vector<Tally>& tallies) {
@@ -230,11 +219,12 @@ void SarifReport::end(const std::vector<std::string>& names, const std::vector<T
   json.end_array();
   json.end_object();
   json.end_array();
+  write_driver(json, tallies);
   m_out << "}]}\n";
 }
 
 }  // namespace
 
-std::unique_ptr<Report> make_sarif_report(std::size_t max_errors, std::ostream& out) {
-  return std::make_unique<SarifReport>(max_errors, out);
+std::unique_ptr<Report> make_sarif_report(const ReportOptions& options, std::ostream& out) {
+  return std::make_unique<SarifReport>(options, out);
 }

@@ -22,30 +22,44 @@ std::string right_aligned(const std::string& text, std::size_t width) {
 
 std::string verdict(const Tally& tally, const Paint& paint) {
   if (tally.status == exit_failed) return paint(Ink::bad, "failed");
-  return tally.status == exit_errors ? paint(Ink::bad, "errors") : paint(Ink::good, "sound");
+  return tally.status == exit_errors ? paint(Ink::bad, "faulty") : paint(Ink::good, "sound");
 }
 
 long long num_with(const std::vector<Tally>& tallies, ExitStatus status) {
   return std::count_if(tallies.begin(), tallies.end(), [&](const Tally& tally) { return tally.status == status; });
 }
 
+constexpr std::size_t count_columns = 10;
+
+std::string row(const Tally& tally, const Paint& paint) {
+  std::string text = right_aligned(std::to_string(tally.entities), count_columns);
+  for (auto severity = tally.findings.size(); severity-- > 0;) {
+    text += right_aligned(std::to_string(tally.findings.at(severity)), count_columns);
+  }
+  return text + two_spaces + verdict(tally, paint) + '\n';
+}
+
 }  // namespace
 
 void write_table(std::ostream& out, const std::vector<std::string>& names, const std::vector<Tally>& tallies,
                  const Paint& paint) {
-  constexpr std::size_t most_columns = 60, count_columns = 10, error_columns = 8;
-  std::size_t width = 0;
-  for (const std::string& name : names) width = std::max(width, num_characters(printable(name)));
-  width = std::min(width, most_columns);
-  out << '\n'
-      << paint(Ink::heading, left_aligned("file", width) + right_aligned("entities", count_columns) +
-                                 right_aligned("errors", error_columns) + "  status")
-      << '\n';
+  constexpr std::size_t most_columns = 60;
+  std::size_t width = std::string_view("file").size();
+  const auto is_listed = [&](std::size_t i) { return tallies[i].status != exit_clean; };
   for (std::size_t i = 0; i < tallies.size(); ++i) {
-    out << left_aligned(printable(names[i]), width) << right_aligned(std::to_string(tallies[i].entities), count_columns)
-        << right_aligned(std::to_string(tallies[i].errors), error_columns) << "  " << verdict(tallies[i], paint)
-        << '\n';
+    if (is_listed(i)) width = std::max(width, num_characters(printable(names[i])));
   }
-  out << counted(std::ssize(tallies), "file", "files") << ": " << num_with(tallies, exit_clean) << " sound, "
-      << num_with(tallies, exit_errors) << " with errors, " << num_with(tallies, exit_failed) << " failed\n";
+  width = std::min(width, most_columns);
+  std::string heading = left_aligned("file", width);
+  for (const char* const column : {"entities", "errors", "warnings", "notes"}) {
+    heading += right_aligned(column, count_columns);
+  }
+  const long long num_sound = num_with(tallies, exit_clean);
+  out << '\n';
+  if (num_sound < std::ssize(tallies)) out << paint(Ink::heading, heading + "  status") << '\n';
+  for (std::size_t i = 0; i < tallies.size(); ++i) {
+    if (is_listed(i)) out << left_aligned(printable(names[i]), width) << row(tallies[i], paint);
+  }
+  out << counted(std::ssize(tallies), "file", "files") << ": " << num_sound << " sound, "
+      << num_with(tallies, exit_errors) << " faulty, " << num_with(tallies, exit_failed) << " failed\n";
 }

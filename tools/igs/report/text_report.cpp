@@ -1,118 +1,199 @@
+#include <algorithm>
 #include <ostream>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "diff/report.h"
 #include "explain/texts.h"
 #include "files/complaints.h"
-#include "files/jobs.h"
+#include "findings/place.h"
 #include "report/report.h"
 #include "text/text.h"
 
 namespace {
 
-void write_origin(std::ostream& out, igsLogID log, const igsError& error, const EntityTypes& types) {
-  out << place_of(log, error) << two_spaces;
-  const std::optional<int> de = de_number(error);
-  if (const std::optional<int> type = de ? types.at(*de) : std::nullopt) {
-    out << *type << ' ' << igsInfoDB::entity_name(*type) << two_spaces;
+/// What equal findings have in common: all but numbers.
+class Likeness : public igsErrorValueVisitor {
+ public:
+  explicit Likeness(const igsError& error) : m_key(error.objtype().name()) { error.visit_values(*this); }
+  void value(int /*number*/) override {}
+  void value(double /*number*/) override {}
+  void value(const utString& text) override { m_key.append(1, '\0').append(text); }
+  const std::string& key() const { return m_key; }
+
+ private:
+  std::string m_key;
+};
+
+Ink ink_of(Severity severity) {
+  if (severity == Severity::note) return Ink::heading;
+  return severity == Severity::warning ? Ink::doubtful : Ink::bad;
+}
+
+/// "1 error, 2 warnings"; empty when there are none.
+std::string severity_counts(const Findings& findings) {
+  std::string text;
+  const auto add = [&](long long count, std::string_view one, std::string_view many) {
+    if (count > 0) text += (text.empty() ? "" : ", ") + counted(count, one, many);
+  };
+  add(findings.count(Severity::error), "error", "errors");
+  add(findings.count(Severity::warning), "warning", "warnings");
+  add(findings.count(Severity::note), "note", "notes");
+  return text;
+}
+
+/// Lists findings of one file.
+class FindingLines {
+ public:
+  FindingLines(const ReportOptions& options, std::ostream& out, const FileFindings& file)
+      : m_options(options), m_out(out), m_file(file), m_users(file.findings.list()) {}
+
+  void write();
+
+ private:
+  static constexpr long long most_equal = 5;
+
+  bool is_shown(const Finding& finding) const { return m_options.all || !finding.is_consequence; }
+  void write_finding(const Finding& finding);
+  void write_users(const Finding& finding);
+
+  const ReportOptions& m_options;
+  std::ostream& m_out;
+  const FileFindings& m_file;
+  UseGraph m_users;
+  std::unordered_set<int> m_with_users;  ///< whose users were counted
+};
+
+void FindingLines::write() {
+  std::unordered_map<std::string, long long> left;  // how many findings are like this one
+  for (const Finding& finding : m_file.findings.list()) {
+    if (is_shown(finding)) ++left[Likeness(*finding.error).key()];
+  }
+  std::unordered_map<std::string, long long> listed;
+  std::size_t num_listed = 0;
+  long long num_not_listed = 0;
+  for (const Finding& finding : m_file.findings.list()) {
+    if (!is_shown(finding)) continue;
+    const std::string key = Likeness(*finding.error).key();
+    const long long place = m_options.all ? 0 : listed[key]++;
+    if (place > most_equal) continue;
+    if (num_listed++ >= m_options.max_errors) {
+      ++num_not_listed;
+    } else if (place < most_equal || left[key] == most_equal + 1) {
+      write_finding(finding);
+    } else {
+      m_out << "  and " << left[key] - most_equal << " more [" << finding.error->objtype().name() << "]\n";
+    }
+  }
+  if (num_not_listed > 0) {
+    m_out << "(" << counted(num_not_listed, "more is", "more are") << " not listed; see --max-errors)\n";
+  }
+}
+
+void FindingLines::write_finding(const Finding& finding) {
+  m_out << printable(m_file.name) << ':' << finding.line << ": "
+        << m_options.paint(ink_of(finding.severity), severity_name(finding.severity)) << ": "
+        << place_of(finding.log, *finding.error, m_file.types) << ": " << sentence_of(*finding.error) << " ["
+        << finding.error->objtype().name() << "]\n";
+  if (!finding.is_consequence && finding.severity != Severity::note) write_users(finding);
+}
+
+void FindingLines::write_users(const Finding& finding) {
+  const std::optional<int> de = de_number(*finding.error);
+  if (!de || !m_with_users.insert(*de).second) return;
+  const std::optional<long long> users = m_users.num_users(*de);
+  if (users && *users > 0) {
+    m_out << "  " << counted(*users, "entity that uses it", "entities that use it") << '\n';
   }
 }
 
 class TextReport : public Report {
  public:
-  TextReport(std::size_t max_errors, std::ostream& out, const Paint& paint)
-      : m_max_errors(max_errors), m_out(out), m_paint(paint) {}
-  void outcome(const Findings& findings) override;
+  TextReport(const ReportOptions& options, std::ostream& out) : m_options(options), m_out(out) {}
+  void outcome(const Outcome& outcome) override;
   void failure(const std::string& /*file*/, const std::string& /*reason*/) override {}  // is complained of
-  void warnings(const Model& model) override { complain_of_messages(model); }
-  void adopt(std::FILE* text) override { copy_all(text, m_out); }
+  void warnings(const Model& model, std::ostream& err) override { complain_of_messages(err, model); }
   void end(const std::vector<std::string>& names, const std::vector<Tally>& tallies) override {
-    if (names.size() > 1) write_table(m_out, names, tallies, m_paint);
+    if (names.size() > 1) write_table(m_out, names, tallies, m_options.paint);
   }
 
  private:
-  void write_lists(const Findings& findings, long long num_active, long long num_fixed);
-  void write_deleted(const Findings& findings);
-  void write_summary(const Findings& findings, long long num_active, long long num_fixed);
-  void write_heading(const std::string& heading) { m_out << m_paint(Ink::heading, heading) << '\n'; }
-  void write_left_out(long long count);
-  /// Writes an error of a list as long as the list may be.
-  auto listed(const EntityTypes& types, Ink ink) const {
-    return [this, &types, ink, count = std::size_t{0}](igsLogID log, const igsError& error) mutable {
-      if (count++ >= m_max_errors) return;
-      write_origin(m_out, log, error, types);
-      m_out << m_paint(ink, error.objtype().name()) << two_spaces << sentence_of(error) << '\n';
-    };
-  }
+  void write_findings(const FileFindings& file) { FindingLines(m_options, m_out, file).write(); }
+  void write_lost(const Outcome& outcome);
+  void write_deleted(const Outcome& outcome);
+  void write_summary(const Outcome& outcome);
+  void write_heading(const std::string& heading) { m_out << m_options.paint(Ink::heading, heading) << '\n'; }
 
-  std::size_t m_max_errors;
+  ReportOptions m_options;
   std::ostream& m_out;
-  Paint m_paint;
 };
 
-void TextReport::outcome(const Findings& findings) {
-  const igsFile& file = findings.model.file();
-  const long long num_active = num_active_errors(file.error_log());
-  const long long num_fixed = num_fixed_errors(file.error_log());
-  const bool has_details = num_active + num_fixed > 0 || !file.dropped_entities().empty();
-  if (has_details) write_heading(printable(findings.model.name()) + ':');
-  write_lists(findings, num_active, num_fixed);
-  write_deleted(findings);
-  write_text_dropped(m_out, file);
-  write_summary(findings, num_active, num_fixed);
-  if (findings.summary == nullptr) return;
-  write_text_differences(m_out, *findings.summary, m_max_errors,
-                         findings.model.name() + " as read, " + *findings.written + " as written");
-}
-
-void TextReport::write_lists(const Findings& findings, long long num_active, long long num_fixed) {
-  const igsErrorLog& log = findings.model.file().error_log();
-  if (num_fixed > 0) {
+void TextReport::outcome(const Outcome& outcome) {
+  const bool has_findings = !outcome.found.findings.empty() || !outcome.lost.empty() ||
+                            (outcome.is_repair() && !outcome.repaired->findings.empty());
+  if (m_options.quiet && !has_findings && outcome.failure.empty()) return;
+  if (outcome.is_repair() && !outcome.repaired->findings.empty()) {
     write_heading("repaired:");
-    for_each_fixed_error(log, listed(findings.types, Ink::good));
-    write_left_out(num_fixed);
+    write_findings(*outcome.repaired);
   }
-  if (num_active > 0) {
-    if (findings.is_repair) write_heading("not repaired:");
-    for_each_active_error(log, listed(findings.types, Ink::bad));
-    write_left_out(num_active);
+  write_lost(outcome);
+  const igsFile& file = outcome.model.file();
+  if (outcome.is_repair() && !file.options().keep) write_text_dropped(m_out, file);
+  if (outcome.is_repair() && !outcome.found.findings.empty()) write_heading("left:");
+  write_findings(outcome.found);
+  write_deleted(outcome);
+  write_summary(outcome);
+  if (outcome.summary == nullptr) return;
+  write_text_differences(m_out, *outcome.summary, m_options.max_errors,
+                         outcome.model.name() + " as read, " + outcome.found.name + " as written");
+}
+
+void TextReport::write_lost(const Outcome& outcome) {
+  if (!outcome.is_repair() || outcome.lost.empty()) return;
+  write_heading("lost:");
+  for (const LostEntity& lost : outcome.lost) {
+    m_out << printable(outcome.model.name()) << ':' << lost.line << ": " << place_of_entity(lost.de, lost.type) << ": "
+          << lost.why << '\n';
   }
 }
 
-void TextReport::write_left_out(long long count) {
-  const long long left_out = count - static_cast<long long>(m_max_errors);
-  if (left_out > 0) m_out << "(" << counted(left_out, "more is", "more are") << " not listed; see --max-errors)\n";
-}
-
-void TextReport::write_deleted(const Findings& findings) {
-  if (findings.deleted.empty()) return;
+void TextReport::write_deleted(const Outcome& outcome) {
+  if (outcome.deleted.empty()) return;
   m_out << "deleted:";
-  for (const int de : findings.deleted) m_out << " DE " << de << (de == findings.deleted.back() ? "\n" : ",");
+  for (const int de : outcome.deleted) m_out << " DE " << de << (de == outcome.deleted.back() ? "\n" : ",");
 }
 
-void TextReport::write_summary(const Findings& findings, long long num_active, long long num_fixed) {
-  const long long num_left = num_errors_left(findings);
-  m_out << printable(findings.model.name()) << ": " << counted(findings.num_entities, "entity", "entities");
-  if (!findings.is_repair) {
-    m_out << ", "
-          << (num_active > 0 ? m_paint(Ink::bad, counted(num_active, "error", "errors"))
-                             : m_paint(Ink::good, "no errors"));
+void TextReport::write_summary(const Outcome& outcome) {
+  const Findings& findings = outcome.found.findings;
+  m_out << printable(outcome.model.name()) << ": " << counted(outcome.found.num_entities, "entity", "entities");
+  const std::string counts = severity_counts(findings);
+  const Ink ink = findings.num_from(Severity::warning) > 0 ? Ink::bad : Ink::good;
+  if (outcome.is_repair()) {
+    const Findings& repaired = outcome.repaired->findings;
+    m_out << ", " << repaired.size() << " repaired, " << m_options.paint(ink, std::to_string(findings.size()) + " left")
+          << (counts.empty() ? "" : " (" + counts + ')');
   } else {
-    m_out << ", " << counted(num_fixed, "error", "errors") << " repaired, "
-          << m_paint(num_left > 0 ? Ink::bad : Ink::good, std::to_string(num_left) + " left");
-    if (num_active > num_left) m_out << ", " << num_active - num_left << " gone with their entities";
-    if (findings.delete_faulty)
-      m_out << ", " << counted(std::ssize(findings.deleted), "entity", "entities") << " deleted";
+    const bool is_whole = outcome.failure.empty();
+    if (counts.empty() && is_whole) m_out << ", " << m_options.paint(Ink::good, "no errors");
+    if (!counts.empty()) m_out << ", " << m_options.paint(ink, counts);
   }
-  if (!findings.model.was_read()) m_out << ", not read to its end";
-  if (findings.written) m_out << ", written to " << printable(*findings.written);
-  if (findings.is_repair && !findings.written) m_out << ", not written";
+  if (!m_options.all && findings.num_consequences() > 0) {
+    m_out << ", " << findings.num_consequences() << " of them consequences";
+  }
+  if (!outcome.lost.empty()) m_out << ", " << counted(std::ssize(outcome.lost), "entity", "entities") << " lost";
+  if (outcome.delete_faulty) {
+    m_out << ", " << counted(std::ssize(outcome.deleted), "entity", "entities") << " deleted";
+  }
+  if (!outcome.model.read_error().empty()) m_out << ", not read to its end";
+  if (outcome.written) m_out << ", written to " << printable(*outcome.written);
+  if (outcome.is_repair() && !outcome.written) m_out << (outcome.is_trial ? ", nothing written" : ", not written");
   m_out << '\n';
 }
 
 }  // namespace
 
-std::unique_ptr<Report> make_text_report(std::size_t max_errors, std::ostream& out, const Paint& paint) {
-  return std::make_unique<TextReport>(max_errors, out, paint);
+std::unique_ptr<Report> make_text_report(const ReportOptions& options, std::ostream& out) {
+  return std::make_unique<TextReport>(options, out);
 }
 
 std::string kind_name(int type, int form) {

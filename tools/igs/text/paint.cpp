@@ -26,6 +26,7 @@ bool shows_colors(int descriptor) {
 
 constexpr std::string_view code_of(Ink ink) {
   if (ink == Ink::heading) return "\x1b[1m";
+  if (ink == Ink::doubtful) return "\x1b[33m";
   return ink == Ink::good ? "\x1b[32m" : "\x1b[31m";
 }
 

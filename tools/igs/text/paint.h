@@ -6,7 +6,7 @@
 /// When reports are coloured: on a terminal unless NO_COLOR (https://no-color.org) is set, always, or never.
 enum class ColorMode { automatic, always, never };
 
-enum class Ink { heading, good, bad };
+enum class Ink { heading, good, doubtful, bad };
 
 /// Gives parts of a text report a colour, or leaves them as they are.
 class Paint {

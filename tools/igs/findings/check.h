@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "igs/igs.h"
+
+/// An entity that could not be kept.
+struct LostEntity {
+  int de;
+  std::optional<int> type;  ///< nothing where its directory entry is lost
+  int line;                 ///< of the input, from 1
+  std::string why;
+};
+
+/// In the order of their lines; before the file is written.
+std::vector<LostEntity> lost_entities(const igsFile& file);
+
+/// Checks a file that has been read. The bookkeeping faults of entities, which writing cures, are taken for repaired
+/// before, so that no entity counts as faulty for them. Throws std::bad_alloc when memory runs out.
+void check_faults(igsFile& file);
