@@ -20,7 +20,10 @@ igsDEAttribute::igsDEAttribute(int field) : m_value(field >= 0 ? field : 0) {
   if (field < 0 && field > INT_MIN) m_definition = igsObjectPtr(-field);
 }
 
-int igsDEAttribute::field() const { return predefined_colour() ? m_value : -m_definition.de_number(); }
+int igsDEAttribute::field() const {
+  const int de = m_definition.de_number();
+  return de != 0 ? -de : m_value;
+}
 
 int igsDirectoryEntry::structure() const {
   if (m_structure >= 0 || !keeps_structure()) return m_structure;
@@ -91,6 +94,13 @@ void igsDirectoryEntry::unreference_children() {
   m_matrix.unreference();
   m_label_display.unreference();
   m_colour.unreference();
+}
+
+void igsDirectoryEntry::visit_pointers(igsPointerVisitor& visitor) {
+  for (igsDEAttribute* const attribute : std::initializer_list<igsDEAttribute*>{&m_line_font, &m_level, &m_colour}) {
+    visitor.visit(attribute->definition());
+  }
+  for (igsObjectPtr* const pointer : {&m_view, &m_matrix, &m_label_display}) visitor.visit(*pointer);
 }
 
 void igsDirectoryEntry::check_matrix() const {

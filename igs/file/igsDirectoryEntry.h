@@ -11,6 +11,7 @@ template <class Text>
 struct igsDirectoryFields;
 class igsObjectManager;
 class igsOutStream;
+class igsPointerVisitor;
 class utOstream;
 
 /// The directory entry of one entity: twenty 8-column fields in two records (IGES 5.3, section 2.2.4.4). Owned by the
@@ -85,6 +86,7 @@ class IGS_API igsDirectoryEntry {
   friend class igsObject;
 
   void set_manager(igsObjectManager* manager) { m_manager = manager; }
+  void visit_pointers(igsPointerVisitor& visitor);
   void set_type(igsEntityType type, int form) {
     m_entity_type = type;
     m_form_number = form;

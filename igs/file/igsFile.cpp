@@ -90,11 +90,13 @@ void igsFile::object_created(igsObject* object) {
   m_free_slots.reserve(m_slots.capacity());
   const int slot = m_free_slots.empty() ? static_cast<int>(m_slots.size()) : m_free_slots.back();
   igsObjectManager* manager;
-  if (const auto waiting = m_pending.find(slot); waiting != m_pending.end()) {
-    manager = waiting->second;
+  const auto waiting = m_pending.find(slot);
+  // A pointer to an entity that the input does not have finds no other in its place.
+  const bool is_awaited = waiting != m_pending.end() && waiting->second->system_location() < 0;
+  manager = is_awaited ? waiting->second : m_pool->make_manager();
+  if (waiting != m_pending.end()) {
+    if (!is_awaited) m_pool->destroy(waiting->second);
     m_pending.erase(waiting);
-  } else {
-    manager = m_pool->make_manager();
   }
   if (m_free_slots.empty()) {
     m_slots.push_back(nullptr);

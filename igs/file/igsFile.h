@@ -133,7 +133,7 @@ class IGS_API igsFile {
   /// igsFileOptions::lines, until the file is written.
   igsEntityLines lines(int de_number) const;
   /// The line on which a section begins; 0 for a section that the input does not have, else known as lines(de_number).
-  int section_line(igsFileSection section) const { return m_section_lines.at(section); }
+  int section_line(igsFileSection section) const { return m_section_lines.at(static_cast<std::size_t>(section)); }
   /// As igsGlobalSection::line.
   int global_line(int parameter) const { return m_global_section.line(parameter); }
   /// What was kept of an entity of this file beside its own fields; null where there is nothing.
@@ -212,6 +212,8 @@ class IGS_API igsFile {
   void note_exponent_letter(const igsInStream& in, const utString& records);
   void keep_comment(const igsObject& object, std::size_t begin);
   bool take_groups(const igsFieldTexts& fields, igsKeptParts& parts) const;
+  void lose_entity(igsObject& object);
+  void settle_lost_references();
   bool holds_kept_numbers() const;
   int write_entities(igsOutStream& stream);
   int write_sections(std::ostream& out, utOstream& messages);

@@ -15,8 +15,9 @@ struct igsFileOptions {
   /// number and writes a null entity in the place of one that went.
   bool keep = false;
   /// Reading reports parameter fields that cannot have been read as they stand: igsFileFieldNotNumber,
-  /// igsFileWrongStringCount, igsFilePrematureObjectEnd, igsFileObjectExtraData and igsFileNoRecordDelimiter. Fields
-  /// that are left out are no fault where the standard gives them a default, nor are zeros behind the last one.
+  /// igsFileWrongStringCount, igsFilePrematureObjectEnd, igsFileObjectExtraData and igsFileNoRecordDelimiter; with
+  /// `keep`, whose pointers keep the numbers of entities that are missing, igsFileLostReference, too. Fields that are
+  /// left out are no fault where the standard gives them a default, nor are zeros behind the last one.
   bool strict = false;
   /// More is understood than the documented repairs do, and an error says what was assumed: igsFileColumn65,
   /// igsFileMixedLineEnds, igsFileLostDirectoryEntry, igsFileMissingSection, igsFileReadEnded and igsFileSecondFile. A

@@ -86,6 +86,8 @@ using igsFileUnreadData = igsNamedError<"igsFileUnreadData", igsStructureError>;
 /// Reading ended before the end of the file, at a record that cannot be one; what was read until then counts. Values:
 /// the number of records before it.
 using igsFileReadEnded = igsNamedError<"igsFileReadEnded", igsTerminateError, int>;
+/// A pointer of an entity names one that the file does not have, or a null entity. Value: the DE number that it names.
+using igsFileLostReference = igsNamedError<"igsFileLostReference", igsStructureError, int>;
 /// Parameter data end without a record delimiter.
 using igsFileNoRecordDelimiter = igsNamedError<"igsFileNoRecordDelimiter", igsStructureError>;
 /// A string has more or less characters than its count says. Values: its position, the field.

@@ -9,6 +9,7 @@
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile.h"
 #include "igs/file/igsFile_errors.h"
+#include "igs/file/private/igsEntityPool.h"
 #include "igs/file/private/igsFieldJudge.h"
 #include "igs/input/igsInStream.h"
 #include "igs/objects/igsKeptParts.h"
@@ -159,7 +160,60 @@ bool igsFile::take_groups(const igsFieldTexts& fields, igsKeptParts& parts) cons
   return true;
 }
 
+/// The entity goes, but what points at it keeps its number.
+void igsFile::lose_entity(igsObject& object) {
+  igsObjectManager* const manager = object.manager();
+  const int slot = manager->system_location();
+  manager->directory_entry()->become(igsDirectoryEntry());
+  m_kept.erase(manager);
+  manager->set_object(nullptr);
+  m_slots[static_cast<std::size_t>(slot)] = nullptr;
+  free_slot(slot);
+  object.set_manager(nullptr);
+  delete &object;
+  m_pending.emplace(slot, manager);
+}
+
+namespace {
+
+/// Reports the pointers of an entity whose targets are missing.
+class LostReferences : public igsPointerVisitor {
+ public:
+  explicit LostReferences(int de) : m_de(de) {}
+  void visit(igsObjectPtr& pointer) override {
+    const int target = pointer.object() == nullptr ? pointer.de_number() : 0;
+    if (target != 0) igs_report<igsFileLostReference>(m_de, target);
+  }
+
+ private:
+  int m_de;
+};
+
+}  // namespace
+
+/// Pointers to entities that the input does not have keep their numbers.
+void igsFile::settle_lost_references() {
+  std::erase_if(m_pending, [this](const auto& waiting) {
+    const auto [slot, manager] = waiting;
+    manager->set_system_location(slot);
+    const bool is_unused = manager->num_references() == 0;
+    if (is_unused) m_pool->destroy(manager);
+    return is_unused;
+  });
+  if (m_pending.empty() || !m_options.strict) return;
+  igsFileIT entities(this);
+  while (++entities) {
+    igsObject& object = *entities();
+    LostReferences lost(object.de_number());
+    object.visit_pointers(lost);
+    object.directory_entry().visit_pointers(lost);
+    if (kept_parts(object) != nullptr) make_kept_parts(object).visit_pointers(lost);
+  }
+}
+
 bool igsFile::holds_kept_numbers() const {
+  const auto is_used = [](const auto& waiting) { return waiting.second->num_references() != 0; };
+  if (std::any_of(m_pending.begin(), m_pending.end(), is_used)) return true;
   const bool in_parts =
       std::any_of(m_kept.begin(), m_kept.end(), [](const auto& kept) { return kept.second->may_hold_numbers(); });
   if (in_parts) return true;

@@ -126,7 +126,8 @@ void igsFile::note_line(int de_number, int igsEntityLines::*line, const igsInStr
 
 int igsFile::read_sections(igsInStream& in, utOstream& messages) {
   const auto note_section = [&](igsFileSection section) {
-    if (m_options.lines && in.in_section(section) != 0) m_section_lines[section] = in.input_line();
+    if (m_options.lines && in.in_section(section) != 0)
+      m_section_lines.at(static_cast<std::size_t>(section)) = in.input_line();
   };
   note_section(igsStartSectionId);
   int result = m_start_section.read(in);
@@ -316,7 +317,11 @@ void igsFile::drop_entity(igsObject* object) {
   }
   ++m_dropped[type_and_form];
   if (type_and_form.first != 0) m_dropped_types.emplace(object->de_number(), type_and_form.first);
-  delete object;
+  if (m_options.keep && object->num_references() != 0) {
+    lose_entity(*object);
+  } else {
+    delete object;
+  }
 }
 
 void igsFile::tidyup() {
@@ -335,7 +340,11 @@ void igsFile::tidyup() {
       tag_error(new igsFileNoPDData(de));
     }
   }
+  if (m_options.keep) {
+    settle_numbers();
+    settle_lost_references();
+    return;
+  }
   for (const auto& [slot, manager] : m_pending) m_pool->destroy(manager);
   m_pending = {};
-  if (m_options.keep) settle_numbers();
 }

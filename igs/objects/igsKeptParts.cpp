@@ -12,22 +12,22 @@ namespace {
 
 void write_group(igsOutStream& out, const std::vector<igsObjectPtr>& group) {
   const auto left =
-      std::count_if(group.begin(), group.end(), [](const igsObjectPtr& pointer) { return bool(pointer); });
+      std::count_if(group.begin(), group.end(), [](const igsObjectPtr& pointer) { return pointer.de_number() != 0; });
   out.write_integer(static_cast<int>(left));
   for (const igsObjectPtr& pointer : group) {
-    if (pointer) out.write_integer(pointer.de_number());
+    if (pointer.de_number() != 0) out.write_integer(pointer.de_number());
   }
 }
 
 bool any_left(const std::vector<igsObjectPtr>& group) {
-  return std::any_of(group.begin(), group.end(), [](const igsObjectPtr& pointer) { return bool(pointer); });
+  return std::any_of(group.begin(), group.end(), [](const igsObjectPtr& pointer) { return pointer.de_number() != 0; });
 }
 
 void print_group(utOstream& os, const char* label, const std::vector<igsObjectPtr>& group) {
   if (!any_left(group)) return;
   os << label << " =";
   for (const igsObjectPtr& pointer : group) {
-    if (pointer) os << " @" << pointer.de_number();
+    if (pointer.de_number() != 0) os << " @" << pointer.de_number();
   }
   os << utEndl;
 }

@@ -35,7 +35,8 @@ class IGS_API igsObjectManager {
   void set_directory_entry(igsDirectoryEntry* entry) { m_directory_entry = entry; }
   igsFile* file() const { return m_file; }
   void set_file(igsFile* file) { m_file = file; }
-  /// Slot in the file's table, 0-based, -1 without one. The DE number is 2 x slot + 1.
+  /// Slot in the file's table, 0-based, -1 without one. The DE number is 2 x slot + 1. Without an object: the slot in
+  /// which the entity that pointers name is missing.
   int system_location() const { return m_system_location; }
   void set_system_location(int location) { m_system_location = location; }
 

@@ -36,8 +36,8 @@ igsObject* igsObjectPtr::object() const { return m_manager != nullptr ? m_manage
 igsObjectPtr::operator void*() const { return object(); }
 
 int igsObjectPtr::de_number() const {
-  const igsObject* const target = object();
-  return target != nullptr ? target->de_number() : 0;
+  const int slot = m_manager != nullptr ? m_manager->system_location() : -1;
+  return slot >= 0 ? 2 * slot + 1 : 0;
 }
 
 namespace {

@@ -49,7 +49,8 @@ class IGS_API igsObjectPtr {
   operator igsObjectPtr*() const volatile = delete;
   /// Not to be applied to a null pointer.
   igsObject* operator->() const { return object(); }
-  /// The target's DE number, 0 for a null pointer: what is written to a file.
+  /// The target's DE number, 0 for a null pointer: what is written to a file. Where the file has no such entity, but
+  /// keeps what it reads (igsFileOptions::keep), the number that was read, until an entity that was there is deleted.
   int de_number() const;
 
   /// Same target. Two null pointers are equal.

@@ -106,8 +106,13 @@ std::map<int, igsFieldTexts> fields_of(const igsFile& file, std::string text) {
   return fields;
 }
 
-/// Fields that are not given may get their default.
+/// Fields that are not given may get their default; blanks within what is no field at all may be others.
 bool same_field(std::string_view given, std::string_view written) {
+  if (igsFieldTexts::kind(given) == igsFieldKind::other) {
+    std::string texts[] = {std::string(given), std::string(written)};
+    for (std::string& text : texts) std::erase(text, ' ');
+    return texts[0] == texts[1];
+  }
   const double number = igsFieldTexts::real(given);
   if (given == written || given.empty()) return true;
   if (!igs_is_undefined_real(number)) return number == igsFieldTexts::real(written);

@@ -187,6 +187,29 @@ TEST(Keep, WritesWhatCannotBeRead) {
   EXPECT_EQ(written(second.file), text);
 }
 
+// Pointers to what the file does not have, a lost matrix for one, keep their numbers until something else goes.
+TEST(Keep, NumbersOfWhatIsMissing) {
+  IgesBuilder builder;
+  builder.entity(124, 0, "1.,0.,0.,0.,0.,1.,0.,0.,0.,0.,1.,0.");
+  builder.entity(110, 0, "0.,0.,0.,1.,0.,0.,1,99,1,1", {.matrix = 1});
+  builder.entity(102, 0, "2,3,1");
+  builder.edit('P', [](auto& records) { records.erase(records.begin()); });
+  constexpr igsFileOptions options{.keep = true, .strict = true};
+  ReadFile first(builder.text(), options);
+  EXPECT_THAT(first.found, testing::HasSubstr("igsFileLostReference 3 1"));
+  EXPECT_THAT(first.found, testing::HasSubstr("igsFileLostReference 5 1"));
+  EXPECT_EQ(first.file.entity(3)->directory_entry().matrix().object(), nullptr);
+  const std::string text = written(first.file);
+  EXPECT_EQ(all_data(text, 3), "0;\n110,0.,0.,0.,1.,0.,0.,1,99,1,1;\n102,2,3,1;\n");
+  EXPECT_EQ(igs_fuzz::number_at(records_of(text, 'D').at(2), 49, 8), 1) << "the matrix";
+  ReadFile second(text, options);
+  EXPECT_EQ(written(second.file), text);
+  const igsFileScope current(second.file);
+  for (int i = 0; i < 60; ++i) new igs116;
+  EXPECT_EQ(second.file.entity(99)->num_references(), 0);
+  igs_fuzz::check_memory(second.file);
+}
+
 TEST(Strict, ReportsFieldsThatCannotHaveBeenReadAsTheyStand) {
   const std::string file = "igsFile";
   const struct {

@@ -27,6 +27,7 @@ Rows section_texts() {
       {error, "PrematureObjectEnd", "the parameter data end before field {0} is given"},
       {warning, "ObjectExtraData", "the parameter data go on with field {0}, which the entity does not have"},
       {error, "FieldNotNumber", "field {0} is no number, or too large for one: {1}"},
+      {error, "LostReference", "DE {0}, to which the entity refers, is missing"},
       {error, "UnreadData", "the parameter data cannot be read as those of the entity; they were kept as they stand"},
       {warning, "NoRecordDelimiter", "the parameter data end without a record delimiter",
        writing("It is set right when the file is written.")},

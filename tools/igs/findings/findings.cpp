@@ -142,12 +142,14 @@ void Findings::settle(const igsFile& file) {
   });
 }
 
-/// Of a Global parameter that is missing it is not said as well that its value is wrong, nor of an entity that cannot
-/// be read what the empty one in its place lacks.
+/// What is said once is not said again: of a Global parameter that is missing, that its value is wrong; of an entity
+/// that cannot be read, what the empty one in its place lacks; of a pointer that must not be null, where it leads.
 void Findings::drop_repetitions(const igsFile& file) {
-  std::set<int> missing, unread;
-  for_each_active_error(file.error_log(), [&unread](igsLogID, const igsError& error) {
+  std::set<int> missing, unread, null;
+  for_each_active_error(file.error_log(), [&](igsLogID log, const igsError& error) {
+    const std::string_view name = error.objtype().name();
     if (error.isa(igsFileUnreadData::type())) unread.insert(*de_number(error));
+    if (log == igsObjectLog && name.find("Null") != std::string_view::npos) null.insert(*de_number(error));
   });
   const auto is_missing = [](const Finding& finding) {
     return finding.error->isa(igsGlobalSectionIllegalDefault::type());
@@ -156,11 +158,11 @@ void Findings::drop_repetitions(const igsFile& file) {
     if (is_missing(finding)) missing.insert(global_parameter(*finding.error));
   }
   std::erase_if(m_list, [&](const Finding& finding) {
-    if (finding.log == igsObjectLog && !unread.empty()) {
-      const bool is_of_directory = std::string_view(finding.error->objtype().name()).starts_with("igsDE");
-      return !is_of_directory && unread.contains(*de_number(*finding.error));
-    }
-    return finding.log == igsGlobalLog && !is_missing(finding) && missing.contains(global_parameter(*finding.error));
+    if (finding.log == igsGlobalLog) return !is_missing(finding) && missing.contains(global_parameter(*finding.error));
+    if (finding.error->isa(igsFileLostReference::type())) return null.contains(*de_number(*finding.error));
+    if (finding.log != igsObjectLog || unread.empty()) return false;
+    const bool is_of_directory = std::string_view(finding.error->objtype().name()).starts_with("igsDE");
+    return !is_of_directory && unread.contains(*de_number(*finding.error));
   });
 }
 
