@@ -164,6 +164,7 @@ bool igsFile::take_groups(const igsFieldTexts& fields, igsKeptParts& parts) cons
 void igsFile::lose_entity(igsObject& object) {
   igsObjectManager* const manager = object.manager();
   const int slot = manager->system_location();
+  m_pending.emplace(slot, manager);  // which may take memory
   manager->directory_entry()->become(igsDirectoryEntry());
   m_kept.erase(manager);
   manager->set_object(nullptr);
@@ -171,7 +172,6 @@ void igsFile::lose_entity(igsObject& object) {
   free_slot(slot);
   object.set_manager(nullptr);
   delete &object;
-  m_pending.emplace(slot, manager);
 }
 
 namespace {

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <mutex>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -39,8 +38,6 @@ std::string write_bytes(const std::string& bytes, const std::string& target, con
   constexpr const char* write_error = "cannot be written";
   if (target == standard_output) return streams.out.write(bytes.data(), std::ssize(bytes)).flush() ? "" : write_error;
   if (is_content(target, bytes)) return "";
-  static std::mutex one_at_a_time;  // a signal knows of one temporary file
-  const std::lock_guard lock(one_at_a_time);
   OutputFile output(target);
   if (!output.error().empty()) return output.error();
   output.stream().write(bytes.data(), std::ssize(bytes));

@@ -79,15 +79,6 @@ std::optional<int> EntityTypes::at(int de_number) const {
   return type == no_entity ? std::nullopt : std::optional<int>(type);
 }
 
-std::vector<int> EntityTypes::missing_in(const EntityTypes& later) const {
-  std::vector<int> missing;
-  for (std::size_t slot = 0; slot < m_types.size(); ++slot) {
-    const int de_number = static_cast<int>(2 * slot + 1);
-    if (m_types[slot] != no_entity && !later.at(de_number)) missing.push_back(de_number);
-  }
-  return missing;
-}
-
 Model::Model(const std::string& name) : m_name(name), m_input(name), m_progress(name, m_input.size()), m_file(name) {
   m_file.set_message_stream(&m_messages);
 }
@@ -166,20 +157,4 @@ std::optional<int> de_number(const igsError& error) {
   if (!error.typeof(igsIndexedError::type())) return std::nullopt;
   const int key = static_cast<const igsIndexedError&>(error).key();
   return key == igs_unset_int ? std::nullopt : std::optional<int>(key);
-}
-
-long long num_active_errors(const igsErrorLog& log) {
-  long long count = 0;
-  for (int id = 0; id < igs_num_section_logs; ++id) {
-    count += log.get_section_log(static_cast<igsLogID>(id))->num_errors();
-  }
-  return count;
-}
-
-long long num_fixed_errors(const igsErrorLog& log) {
-  long long count = 0;
-  for (int id = 0; id < igs_num_section_logs; ++id) {
-    count += static_cast<long long>(log.get_section_log(static_cast<igsLogID>(id))->fixed_errors().size());
-  }
-  return count;
 }

@@ -47,8 +47,6 @@ class EntityTypes {
   std::optional<int> at(int de_number) const;
   /// How many entities of each type there are.
   const std::map<int, int>& counts() const { return m_counts; }
-  /// The DE numbers that have an entity here and none in `later`, in rising order.
-  std::vector<int> missing_in(const EntityTypes& later) const;
 
  private:
   std::vector<int> m_types;  ///< by slot; `no_entity` where there is none
@@ -117,9 +115,6 @@ igsFileOptions options_of_program();
 const char* log_name(igsLogID log);
 /// The DE number that an error is about; nothing for errors of the Global, Start and Terminate sections.
 std::optional<int> de_number(const igsError& error);
-/// Number of active errors in all logs.
-long long num_active_errors(const igsErrorLog& log);
-long long num_fixed_errors(const igsErrorLog& log);
 
 /// Calls `visit(igsLogID, igsError&)`, which may mark the error as fixed, for the active errors, log by log, each in
 /// slot order.
