@@ -1,5 +1,6 @@
 // Writing a file: the drivers of igsFile that put the sections on the output stream.
 
+#include <algorithm>
 #include <cstddef>
 #include <ios>
 #include <istream>
@@ -107,10 +108,11 @@ int igsFile::write_entities(igsOutStream& stream) {
   const int parametric_precision = options.value(kelOptDoubleParametricPrecision);
   int num_lines = stream.num_lines(igsParameterSectionId);
   for (std::size_t slot = 0; slot < m_slots.size(); ++slot) {
+    const int lines_before = num_lines;
+    const int next_de_number = 2 * static_cast<int>(slot) + 3;
     if (m_slots[slot] == nullptr) {
       stream.write_integer(0);  // a null entity, which has no other field
-      stream.set_backpointer(2 * static_cast<int>(slot) + 3);
-      ++num_lines;
+      num_lines = stream.end_entity(next_de_number);
     } else {
       igsObject& object = *m_slots[slot]->object();
       igsDirectoryEntry& entry = object.directory_entry();
@@ -118,13 +120,11 @@ int igsFile::write_entities(igsOutStream& stream) {
       if (parametric) stream.push_double_format(width, parametric_precision);
       object.write(stream);
       if (parametric) stream.pop_double_format();
-      stream.set_backpointer(object.de_number() + 2);
-      entry.set_start_of_parameter_data(num_lines + 1);
-      const int lines_before = std::exchange(num_lines, stream.num_lines(igsParameterSectionId));
-      entry.set_parameter_line_count(num_lines - lines_before);
+      num_lines = stream.end_entity(next_de_number);
+      entry.set_start_of_parameter_data(lines_before + 1);
+      entry.set_parameter_line_count(std::max(num_lines - lines_before, 0));
     }
-    if (stream.reset() == 0) return 0;
-    stream.clear_errors();
+    if (num_lines < 0) return 0;
   }
   return 1;
 }
@@ -151,7 +151,7 @@ int igsFile::write_directory_entries(igsOutStream& stream) {
 }
 
 int igsFile::write_parameter_data_section(std::ostream& out, std::istream& in) {
-  constexpr std::streamsize block_size = 262144;
+  constexpr std::streamsize block_size = 65536;
   const auto block = std::make_unique_for_overwrite<char[]>(block_size);
   while (in && out) {
     in.read(block.get(), block_size);

@@ -55,24 +55,20 @@ struct Digits {
 
 /// Splits a number of `count` digits.
 Digits split_number(std::uint64_t number, int count) {
-  static constexpr std::array<std::uint64_t, max_significant_digits> powers = [] {
-    std::array<std::uint64_t, max_significant_digits> result{1};
-    for (std::size_t i = 1; i < result.size(); ++i) result[i] = result[i - 1] * 10;
-    return result;
-  }();
   constexpr int two_words = 16;
   char last = '0';
   if (count > two_words) {
     last = static_cast<char>('0' + number % 10);
     number /= 10;
   } else {
-    number *= powers[static_cast<std::size_t>(two_words - count)];
+    number *= small_powers_of_ten[static_cast<std::size_t>(two_words - count)];
   }
   Digits digits{split_digits(static_cast<std::uint32_t>(number / eight_digit_limit)),
                 split_digits(static_cast<std::uint32_t>(number % eight_digit_limit)), last, max_significant_digits};
   if (last == '0') {
-    digits.count =
-        digits.second != 0 ? 16 - std::countl_zero(digits.second) / 8 : 8 - std::countl_zero(digits.first) / 8;
+    const bool in_second = digits.second != 0;
+    const int zero_bits = std::countl_zero(in_second ? digits.second : digits.first);
+    digits.count = (in_second ? 16 : 8) - static_cast<int>(static_cast<unsigned>(zero_bits) / 8);
   }
   return digits;
 }
@@ -86,17 +82,19 @@ char* print(char* text, const Digits& digits) {
 }
 
 /// The digits with the point behind the first `before`, at least 1. Returns the end.
-char* print_with_point(char* text, const Digits& digits, int before) {
+inline char* print_with_point(char* text, const Digits& digits, int before) {
+  const EightCharacters first = digits.first | eight_zeros, second = digits.second | eight_zeros;
+  char* const behind = text + before + 1;
+  print_characters(text, first);
   if (before <= 8) {
-    const EightCharacters first = digits.first | eight_zeros;
-    print_characters(text, first);
-    print_characters(text + before + 1, first >> 4 * before >> 4 * before);
-    print_characters(text + 9, digits.second | eight_zeros);
-    text[17] = digits.last;
+    print_characters(behind, first >> 4 * before >> 4 * before);
+    print_characters(text + 9, second);
   } else {
-    print(text, digits);
-    std::memmove(text + before + 1, text + before, static_cast<std::size_t>(max_significant_digits - before));
+    print_characters(text + 8, second);
+    text[16] = digits.last;  // before the point, if that stands behind all
+    print_characters(behind, second >> 4 * (before - 8) >> 4 * (before - 8));
   }
+  text[17] = digits.last;
   text[before] = '.';
   return text + std::max(digits.count, before) + 1;
 }
@@ -111,39 +109,33 @@ char* print_exponent(char* text, int exponent, char letter) {
   return text;
 }
 
-char* print_number(char* text, const SignificantDigits& number, int precision, char letter) {
+inline char* print_number(char* text, const SignificantDigits& number, int precision, char letter) {
   constexpr int smallest_fixed_exponent = -4;
   const Digits digits = split_number(number.digits, precision);
   const int exponent = number.exponent;
+  if (exponent >= 0 && exponent < precision) return print_with_point(text, digits, exponent + 1);
   if (exponent < smallest_fixed_exponent || exponent >= precision) {
     return print_exponent(print_with_point(text, digits, 1), exponent, letter);
   }
-  if (exponent >= 0) return print_with_point(text, digits, exponent + 1);
   constexpr std::string_view zeros = "0.000";
   zeros.copy(text, zeros.size());
   return print(text + 1 - exponent, digits);
 }
 
-/// Prints a positive value. Inline, as every real goes this way.
-inline char* print_positive(char* text, char* limit, double value, int precision, char letter) {
-  // Whole numbers need no more digits: the shortest format, -1, takes the way of the largest precisions.
-  if (static_cast<unsigned>(precision) >= whole_number_digits && value < eight_digit_limit) {
-    const int whole = static_cast<int>(value);
-    if (whole == value) {
-      char* const end = print_whole_number(text, static_cast<std::uint32_t>(whole));
-      *end = '.';
-      return end + 1;
-    }
-  }
-  SignificantDigits number;
-  if (precision == igsDoubleEncoder::shortest) {
-    number = shortest_digits(value);
-    precision = max_significant_digits;
-  } else if (precision <= max_significant_digits && value <= may_round_to_infinity) {
-    number = significant_digits(value, precision);
-  }
-  if (number.digits != 0) return print_number(text, number, precision, letter);
-  return print_general(text, limit, value, precision, letter);
+char* print_constant(char* text, std::string_view constant) { return text + constant.copy(text, constant.size()); }
+
+/// Prints the values that are neither whole nor have digits found quickly.
+char* print_rare(char* text, double value, int precision, char letter) {
+  // The shortest format reads back as the same double, whose sign may count.
+  const bool negative = std::signbit(value), is_shortest = precision == igsDoubleEncoder::shortest;
+  if (value == 0) return print_constant(text, negative && is_shortest ? "-0." : "0.");
+  if (std::isnan(value)) return print_constant(text, negative ? "-NAN." : "NAN.");
+  if (std::isinf(value)) return print_constant(text, negative ? "-INF." : "INF.");
+  *text = '-';
+  char* const begin = text + (negative ? 1 : 0);
+  const double magnitude = std::abs(value);
+  if (is_shortest) return print_number(begin, shortest_digits(magnitude), max_significant_digits, letter);
+  return print_general(begin, text + igsDoubleEncoder::max_length, magnitude, precision, letter);
 }
 
 }  // namespace
@@ -159,14 +151,27 @@ void igsDoubleEncoder::encode(double value) {
 }
 
 char* igsDoubleEncoder::print(char* text, double value) const {
-  const auto copy = [text](std::string_view constant) { return text + constant.copy(text, constant.size()); };
-  // The shortest format reads back as the same double, whose sign may count.
-  if (value == 0) return copy(std::signbit(value) && m_precisions.back() == shortest ? "-0." : "0.");
-  if (std::isnan(value)) return copy(std::signbit(value) ? "-NAN." : "NAN.");
-  if (std::isinf(value)) return copy(value < 0 ? "-INF." : "INF.");
+  const int precision = m_precisions.back();
+  const double magnitude = std::abs(value);
   *text = '-';
-  return print_positive(text + (value < 0 ? 1 : 0), text + max_length, std::abs(value), m_precisions.back(),
-                        m_exponent_letter);
+  char* const begin = text + (value < 0 ? 1 : 0);
+  // Whole numbers need no more digits: the shortest format, -1, takes the way of the largest precisions.
+  if (static_cast<unsigned>(precision) >= whole_number_digits && magnitude < eight_digit_limit) {
+    const auto whole = static_cast<int>(magnitude);
+    if (whole == magnitude && (whole != 0 || precision != shortest)) {
+      char* const end = print_whole_number(begin, static_cast<std::uint32_t>(whole));
+      *end = '.';
+      return end + 1;
+    }
+  }
+  if (static_cast<unsigned>(precision) <= max_significant_digits && magnitude > 0 &&
+      magnitude <= may_round_to_infinity) {
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &magnitude, sizeof bits);
+    const SignificantDigits number = significant_digits(bits, precision);
+    if (number.digits != 0) return print_number(begin, number, precision, m_exponent_letter);
+  }
+  return print_rare(text, value, precision, m_exponent_letter);
 }
 
 void igsDoubleEncoder::push_format(int /*width*/, int precision) {

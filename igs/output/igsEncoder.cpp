@@ -23,10 +23,6 @@ void igsIntEncoder::encode(int value) {
 }
 
 char* igsIntEncoder::print(char* text, int value) {
-  if (value >= 0 && value <= 9) {  // most counts and flags
-    *text = static_cast<char>('0' + value);
-    return text + 1;
-  }
   constexpr auto limit = static_cast<int>(eight_digit_limit);
   if (value <= -limit || value >= limit) return std::to_chars(text, text + max_length, value).ptr;
   *text = '-';

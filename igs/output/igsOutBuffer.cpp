@@ -34,6 +34,12 @@ void igsOutBuffer::set_backpointer(int backpointer) {
   m_formatter.set_backpointer(backpointer);
 }
 
+int igsOutBuffer::begin_backpointer(int backpointer) {
+  end_line();
+  m_formatter.set_backpointer(backpointer);
+  return m_frozen ? -1 : m_formatter.num_lines(m_formatter.section());
+}
+
 void igsOutBuffer::set_destination(std::ostream* destination) {
   try {
     write_out_partial_line();
@@ -66,16 +72,13 @@ int igsOutBuffer::num_lines(igsFileSection section) {
   return m_formatter.num_lines(section);
 }
 
-/// The record's last columns, which are stamped after this, may become blank, too.
-void igsOutBuffer::blank_rest() {
-  constexpr std::string_view blanks = "                ";
-  for (int column = m_column; column < data_width(); column += static_cast<int>(blanks.size())) {
-    std::memcpy(m_line + column, blanks.data(), blanks.size());
-  }
-}
-
 void igsOutBuffer::prepare_for_next_line() {
-  blank_rest();
+  // The record's last columns, which are stamped after this, may become blank, too.
+  constexpr std::string_view blanks = "                ";
+  do {
+    std::memcpy(position(), blanks.data(), blanks.size());
+    m_column += static_cast<int>(blanks.size());
+  } while (m_column < data_width());
   m_column = 0;
   if (!m_formatter.format(m_line)) {
     // A record without its stamp would damage the file, so it is not written.
@@ -90,7 +93,7 @@ void igsOutBuffer::prepare_for_next_line() {
 }
 
 void igsOutBuffer::write_out_partial_line() {
-  if (m_column > 0 && !m_frozen) prepare_for_next_line();
+  end_line();
   write_out_block();
 }
 

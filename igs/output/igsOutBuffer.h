@@ -31,6 +31,9 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
   void set_backpointer(int backpointer);
   void set_destination(std::ostream* destination);
   void use_crlf();
+  /// As set_backpointer, but the records go on waiting, so that faults of the destination may come out later. Returns
+  /// how many records the section has so far, or -1 when the buffer is frozen.
+  int begin_backpointer(int backpointer);
 
   /// Unfreezes the buffer and writes out a partly filled record. Returns 1; returns 0, and stays frozen, while the
   /// purger's errors have not been collected, after a number was too large, and when writing fails again.
@@ -78,6 +81,11 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
     return 1;
   }
 
+  /// Goes on with the next record unless nothing stands on this one.
+  void end_line() {
+    if (m_column > 0 && !m_frozen) prepare_for_next_line();
+  }
+
   igsOutBufferFormatter& formatter() { return m_formatter; }
   /// Hands the records that wait over to the destination. Returns 1, or 0 when the buffer is or becomes frozen.
   int write_out_block();
@@ -87,7 +95,6 @@ class IGS_API igsOutBuffer : public igsOutBufferPurger {
     m_column += columns;
     if (room() == 0) prepare_for_next_line();
   }
-  void blank_rest();
   void prepare_for_next_line();
   void write_out_partial_line();
 

@@ -37,6 +37,16 @@ void igsOutBufferFormatter::set_backpointer(int backpointer) {
   m_backpointer_text = right_justified(backpointer).value_or(eight_blanks);
 }
 
+inline void igsOutBufferFormatter::update_sequence_text() {
+  const auto last_digit = static_cast<char>(m_sequence_text >> 56);
+  if (m_sequence_number == m_printed_number + 1 && last_digit != '9') {
+    m_sequence_text += EightCharacters{1} << 56;
+  } else {
+    m_sequence_text = right_justified(m_sequence_number).value_or(eight_blanks);
+  }
+  m_printed_number = m_sequence_number;
+}
+
 int igsOutBufferFormatter::format(char* record) {
   if (m_section != igsNoSectionId) m_sequence_number = ++m_num_lines[static_cast<std::size_t>(m_section)];
   if (m_backpointer > max_sequence_number) return fail(igsIOBackPointerTooLarge);
@@ -52,16 +62,6 @@ int igsOutBufferFormatter::format(char* record) {
   print_characters(letter, m_sequence_text);
   *letter = section_letters[m_section];
   return 1;
-}
-
-void igsOutBufferFormatter::update_sequence_text() {
-  const auto last_digit = static_cast<char>(m_sequence_text >> 56);
-  if (m_sequence_number == m_printed_number + 1 && last_digit != '9') {
-    m_sequence_text += EightCharacters{1} << 56;
-  } else {
-    m_sequence_text = right_justified(m_sequence_number).value_or(eight_blanks);
-  }
-  m_printed_number = m_sequence_number;
 }
 
 int igsOutBufferFormatter::reset() {

@@ -17,12 +17,19 @@ void igsOutEngine::encode() {
   m_delimiter_pending = m_delimited_section;
 }
 
-/// Writes a piece that stands where the delimiter or the next record will.
-void igsOutEngine::encode_copy(std::string_view piece) {
+/// Writes a piece that stands behind its delimiter, where that, the columns of the stamp or the next record will be.
+void igsOutEngine::encode_copy(const char* piece, std::ptrdiff_t length) {
   std::array<char, scratch_length> copy;
-  std::memcpy(copy.data(), piece.data(), copy.size());  // the whole array: quicker than a length
-  write_pending_delimiter();
-  write_piece({copy.data(), piece.size()}, false, true);
+  std::memcpy(copy.data(), piece, copy.size());  // the whole array: quicker than a length
+  if (m_is_plain_delimiter && m_delimited_section && length < data_width()) {
+    if (m_delimiter_pending) keep_printed(1, 1);
+    if (length >= room()) end_line();
+    std::memcpy(position(), copy.data(), copy.size());
+    keep_printed(length, length);
+  } else {
+    write_pending_delimiter();
+    write_piece({copy.data(), static_cast<std::size_t>(length)}, false, true);
+  }
   m_delimiter_pending = m_delimited_section;
 }
 
@@ -51,6 +58,7 @@ void igsOutEngine::fixed_encode(int width) {
 
 void igsOutEngine::set_delimiters(const utString& parameter_delimiter, const utString& record_delimiter) {
   m_parameter_delimiter = parameter_delimiter;
+  m_is_plain_delimiter = parameter_delimiter.size() == 1;
   m_record_delimiter = record_delimiter;
 }
 
@@ -61,6 +69,7 @@ void igsOutEngine::set_comment(const utString& comment) {
 
 void igsOutEngine::end_record() {
   write_split(m_record_delimiter);
+  if (m_comment.empty()) return;
   write_split(m_comment);
   m_comment.clear();
 }
@@ -76,6 +85,12 @@ void igsOutEngine::set_backpointer(int backpointer) {
   end_record();
   igsOutBuffer::set_backpointer(backpointer);
   m_delimiter_pending = false;
+}
+
+int igsOutEngine::begin_backpointer(int backpointer) {
+  end_record();
+  m_delimiter_pending = false;
+  return igsOutBuffer::begin_backpointer(backpointer);
 }
 
 int igsOutEngine::reset() {

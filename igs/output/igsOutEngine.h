@@ -29,14 +29,13 @@ class IGS_API igsOutEngine : public igsOutBuffer {
   template <class Print>
   void encode_printed(Print print) {
     char* const begin = position();
-    char* piece = begin;
-    if (m_delimiter_pending) *piece++ = m_parameter_delimiter[0];  // of an empty one, NUL: then nothing is kept
+    *begin = m_parameter_delimiter[0];  // of an empty one, NUL, which is not kept
+    char* const piece = begin + (m_delimiter_pending ? 1 : 0);
     const char* const end = print(piece);
-    const bool complete = !m_delimiter_pending || m_parameter_delimiter.size() == 1;
-    if (complete && keep_printed(end - begin, end - begin + (m_delimited_section ? 1 : 0))) {
+    if (m_is_plain_delimiter && keep_printed(end - begin, end - begin + (m_delimited_section ? 1 : 0))) {
       m_delimiter_pending = m_delimited_section;
     } else {
-      encode_copy({piece, end});
+      encode_copy(piece, end - piece);
     }
   }
   /// Writes a field right-justified in `width` columns; pieces are cut off after `width` characters.
@@ -52,6 +51,8 @@ class IGS_API igsOutEngine : public igsOutBuffer {
   void set_section(igsFileSection section);
   /// Ends the record of an entity; the next one has the back-pointer `backpointer`.
   void set_backpointer(int backpointer);
+  /// As set_backpointer, for igsOutBuffer::begin_backpointer.
+  int begin_backpointer(int backpointer);
   /// As igsOutBuffer::reset, but a sound line whose last field waits for its delimiter stays, so that the delimiter
   /// can follow the field directly.
   int reset();
@@ -64,12 +65,13 @@ class IGS_API igsOutEngine : public igsOutBuffer {
   void write_pending_delimiter();
   void end_record();
   void write_piece(std::string_view piece, bool may_split, bool is_last);
-  void encode_copy(std::string_view piece);
+  void encode_copy(const char* piece, std::ptrdiff_t length);
 
   const igsEncoder* m_encoder = nullptr;
   utString m_parameter_delimiter = ",";
   utString m_record_delimiter = ";";
   utString m_comment;
+  bool m_is_plain_delimiter = true;  // one character
   bool m_delimited_section = false;
   bool m_delimiter_pending = false;  // only ever in a delimited section
 };

@@ -88,6 +88,12 @@ void igsOutStream::set_section(igsFileSection section) { m_state->engine.set_sec
 
 void igsOutStream::set_backpointer(int backpointer) { m_state->engine.set_backpointer(backpointer); }
 
+int igsOutStream::end_entity(int backpointer) {
+  const int num_lines = m_state->engine.begin_backpointer(backpointer);
+  if (num_lines >= 0) clear_errors();
+  return num_lines;
+}
+
 void igsOutStream::set_destination(std::ostream* destination) { m_state->engine.set_destination(destination); }
 
 void igsOutStream::set_delimiters(const utString& parameter_delimiter, const utString& record_delimiter) {

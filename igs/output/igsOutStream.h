@@ -72,6 +72,10 @@ class IGS_API igsOutStream {
   /// Ends the entity's record with the record delimiter, writes out its last line and stamps the following lines with
   /// `backpointer` (the DE number of the next entity).
   void set_backpointer(int backpointer);
+  /// As set_backpointer and reset, for entities one behind the other: a fault of the destination may come out only when
+  /// later ones are written, or at the next call of any other function that writes no field. Returns the number of
+  /// lines that the section has so far; -1 where reset would return 0.
+  int end_entity(int backpointer);
   /// Writes out a partly filled line, flushes the present destination and goes on with `destination` (as for the
   /// constructor). A flush that fails counts as a fault of the stream.
   void set_destination(std::ostream* destination);

@@ -1,5 +1,7 @@
 #include "igs/support/ubFStream.h"
 
+#include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <random>
 #include <system_error>
@@ -25,6 +27,13 @@ bool create_exclusively(const std::filesystem::path& path) {
 #endif
   return true;
 }
+
+/// The source of random numbers takes longer than the rest of a small file: it is asked once a process, and the clock
+/// tells those apart that come of one process.
+unsigned probably_new_number() {
+  static std::atomic<unsigned> number = std::random_device()();
+  return number += static_cast<unsigned>(std::chrono::steady_clock::now().time_since_epoch().count()) | 1U;
+}
 }  // namespace
 
 utString klu_make_temp_file_name(const utString& directory) {
@@ -36,9 +45,8 @@ utString klu_make_temp_file_name(const utString& directory) {
     if (error) return {};
   }
   if (!std::filesystem::is_directory(folder, error) || error) return {};
-  std::random_device random;
   for (int i = 0; i < attempts; ++i) {
-    const std::filesystem::path path = folder / ("igs" + std::to_string(random()) + ".tmp");
+    const std::filesystem::path path = folder / ("igs" + std::to_string(probably_new_number()) + ".tmp");
     utString name = path.string();
     if (create_exclusively(path)) return name;
   }

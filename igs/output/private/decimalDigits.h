@@ -15,18 +15,20 @@ inline constexpr std::uint32_t eight_digit_limit = 100000000;
 
 /// The eight digits of `number`, below 10^8, as values from 0 to 9.
 inline EightCharacters split_digits(std::uint32_t number) {
-  // Halves of four digits, quarters of two, then single ones.
-  std::uint64_t digits = number / 10000 | std::uint64_t{number % 10000} << 32;
-  std::uint64_t quotients = (digits * 10486 >> 20) & 0x0000007F0000007F;
-  digits = quotients | (digits - quotients * 100) << 16;
-  quotients = (digits * 103 >> 10) & 0x000F000F000F000F;
-  return quotients | (digits - quotients * 10) << 8;
+  // Halves of four digits, quarters of two, then single ones: each time the quotient, and behind it the rest, which is
+  // the number without `base` times the quotient.
+  const auto split = [](std::uint64_t numbers, std::uint64_t quotients, std::uint64_t base, int bits) {
+    return (numbers << bits) - quotients * ((base << bits) - 1);
+  };
+  std::uint64_t digits = split(number, number / 10000, 10000, 32);
+  digits = split(digits, (digits * 10486 >> 20) & 0x0000007F0000007F, 100, 16);
+  return split(digits, (digits * 103 >> 10) & 0x000F000F000F000F, 10, 8);
 }
 
 /// How many of the digits, as split_digits gives them, are zeros before the first that counts: 0 to 7.
 inline int leading_zeros(EightCharacters digits) {
   constexpr EightCharacters last_counts = EightCharacters{1} << 56;
-  return std::countr_zero(digits | last_counts) / 8;
+  return static_cast<int>(static_cast<unsigned>(std::countr_zero(digits | last_counts)) / 8);
 }
 
 inline void print_characters(char* text, EightCharacters characters) {
@@ -39,6 +41,10 @@ inline void print_characters(char* text, EightCharacters characters) {
 
 /// Prints `number`, below 10^8, and returns its end. Eight characters are overwritten.
 inline char* print_whole_number(char* text, std::uint32_t number) {
+  if (number <= 9) {  // most counts and flags
+    *text = static_cast<char>('0' + number);
+    return text + 1;
+  }
   const EightCharacters digits = split_digits(number);
   const int zeros = leading_zeros(digits);
   print_characters(text, (digits | eight_zeros) >> 8 * zeros);
@@ -48,7 +54,6 @@ inline char* print_whole_number(char* text, std::uint32_t number) {
 /// `value` right-justified in eight columns, blanks before it; nothing when it does not fit.
 inline std::optional<EightCharacters> right_justified(int value) {
   constexpr EightCharacters zero_or_blank = eight_zeros ^ eight_blanks, zero_or_minus = '0' ^ '-';
-  if (value >= 0 && value <= 9) return eight_blanks ^ (zero_or_blank ^ static_cast<EightCharacters>(value)) << 56;
   const bool negative = value < 0;
   const std::uint32_t magnitude = negative ? 0U - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
   if (magnitude >= eight_digit_limit) return std::nullopt;
@@ -62,8 +67,13 @@ inline std::optional<EightCharacters> right_justified(int value) {
 /// Prints `value` right-justified in `width` (1 to 8) columns; false, with nothing printed, when it does not fit. Up to
 /// eight characters from `columns` on may be overwritten.
 inline bool print_right_justified(char* columns, int width, int value) {
-  const std::optional<EightCharacters> text = right_justified(value);
   const int surplus = 8 * (8 - width);
+  if (value >= 0 && value <= 9) {  // most fields of a directory entry
+    print_characters(columns, eight_blanks >> surplus);
+    columns[width - 1] = static_cast<char>('0' + value);
+    return true;
+  }
+  const std::optional<EightCharacters> text = right_justified(value);
   if (!text || ((*text ^ eight_blanks) & ((EightCharacters{1} << surplus) - 1)) != 0) return false;
   print_characters(columns, *text >> surplus);
   return true;

@@ -25,6 +25,7 @@ class FixedColumns {
     text = text.substr(0, columns);
     std::memset(m_end, ' ', columns);
     m_end += width;
+    if (text.empty()) return;
     std::transform(text.begin(), text.end(), m_end - text.size(), record_character);
   }
   std::string_view text() const { return {m_text.data(), static_cast<std::size_t>(m_end - m_text.data())}; }

@@ -2,9 +2,7 @@
 
 #include <fstream>
 #include <istream>
-#include <memory>
 #include <ostream>
-#include <streambuf>
 
 #include "igs/support/ubFStream.h"
 
@@ -23,23 +21,6 @@ class igsTemporaryName {
   utString m_name;
 };
 
-/// Gathers what is written into blocks of 256 kB: the file then sees few calls, whatever the size of the records.
-class igsBlockBuffer : public std::streambuf {
- public:
-  explicit igsBlockBuffer(std::streambuf& target);
-
- protected:
-  int_type overflow(int_type c) override;
-  int sync() override;
-
- private:
-  void begin_block();
-  bool hand_over();
-
-  std::streambuf& m_target;
-  std::unique_ptr<char[]> m_block;
-};
-
 /// A file that is written, then read back, and gone afterwards. Where the system allows it the name goes at once, so
 /// that nothing is left behind even when the process is killed; elsewhere after the stream, which is destroyed first.
 class igsTemporaryFile {
@@ -48,7 +29,7 @@ class igsTemporaryFile {
   explicit igsTemporaryFile(const utString& directory);
 
   bool is_open() const { return m_file.is_open(); }
-  std::ostream& out() { return m_out; }
+  std::ostream& out() { return m_file; }
   /// The file from its start, after the output has been flushed.
   std::istream& in() {
     m_file.seekg(0);
@@ -58,6 +39,4 @@ class igsTemporaryFile {
  private:
   igsTemporaryName m_name;
   std::fstream m_file;
-  igsBlockBuffer m_block{*m_file.rdbuf()};
-  std::ostream m_out{&m_block};
 };

@@ -62,11 +62,9 @@ consteval std::array<Mantissa, num_powers> make_powers() {
   return powers;
 }
 
-constexpr std::array<Mantissa, num_powers> powers_of_ten = make_powers();
-
 }  // namespace
 
-const Mantissa& mantissa(int power) { return powers_of_ten[static_cast<std::size_t>(power - min_power)]; }
+constexpr std::array<Mantissa, num_powers> powers_of_ten = make_powers();
 
 }  // namespace igs_power_of_ten
 

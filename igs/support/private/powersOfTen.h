@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 
 #ifdef __SIZEOF_INT128__
@@ -20,8 +22,11 @@ struct Mantissa {
   std::uint64_t high, low;
 };
 
+/// Those from min_power to max_power.
+extern const std::array<Mantissa, max_power - min_power + 1> powers_of_ten;
+
 /// `power` from min_power to max_power.
-const Mantissa& mantissa(int power);
+inline const Mantissa& mantissa(int power) { return powers_of_ten[static_cast<std::size_t>(power - min_power)]; }
 
 /// floor(log2(10^n)), for these powers.
 constexpr int log2(int n) { return (n * 1741647) >> 19; }
