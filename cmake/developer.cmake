@@ -17,7 +17,7 @@ endfunction()
 if(IGS_SANITIZE)
   # A real from a file that does not fit an integer is undefined behaviour that `undefined` leaves out.
   add_compile_options(-fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  add_compile_definitions(_GLIBCXX_ASSERTIONS)
+  add_compile_definitions(_GLIBCXX_ASSERTIONS _LIBCPP_DEBUG=0)  # whichever the standard library is: indices are checked
   add_link_options(-fsanitize=address,undefined,float-cast-overflow)
 endif()
 if(IGS_SANITIZE_THREADS)

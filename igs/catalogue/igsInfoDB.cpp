@@ -472,7 +472,8 @@ class Records {
  private:
   static constexpr int first_type = std::begin(entity_rows)->type;
   static constexpr int last_type = std::prev(std::end(entity_rows))->type;
-  static_assert(std::ranges::is_sorted(entity_rows, {}, &EntityRow::type));
+  static_assert(std::is_sorted(std::begin(entity_rows), std::end(entity_rows),
+                               [](const EntityRow& a, const EntityRow& b) { return a.type < b.type; }));
 
   Records() : m_units(names(units_rows)), m_versions(names(version_rows)), m_drafts(names(draft_rows)) {
     m_entities.reserve(std::size(entity_rows));

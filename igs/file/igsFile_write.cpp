@@ -18,6 +18,7 @@
 #include "igs/output/igsOutStream.h"
 #include "igs/support/coResourceTable.h"
 #include "igs/support/private/igsTemporaryFile.h"
+#include "igs/support/private/portable.h"
 #include "igs/support/ubFStream.h"
 
 namespace {
@@ -152,7 +153,7 @@ int igsFile::write_directory_entries(igsOutStream& stream) {
 
 int igsFile::write_parameter_data_section(std::ostream& out, std::istream& in) {
   constexpr std::streamsize block_size = 65536;
-  const auto block = std::make_unique_for_overwrite<char[]>(block_size);
+  const auto block = igs_portable::make_unique_for_overwrite<char[]>(block_size);
   while (in && out) {
     in.read(block.get(), block_size);
     out.write(block.get(), in.gcount());

@@ -21,7 +21,7 @@ void igsInEngine::fixed_decode(unsigned width) {
 bool igsInEngine::fixed_fast_decode(unsigned width) {
   char* const field = cursor();
   // The end of the record is a NUL already.
-  char* const end = field + std::min<std::ptrdiff_t>(width, record_end() - field);
+  char* const end = field + std::min(static_cast<std::ptrdiff_t>(width), record_end() - field);
   const char saved = *end;
   *end = '\0';
   const std::size_t consumed = m_decoder->decode_fast(field);

@@ -43,7 +43,7 @@ class IGS_API igsInStream : public igsInEngine {
   /// Passes over `width` columns.
   void skip_columns(unsigned width) {
     begin_field(0);
-    *this += static_cast<unsigned>(std::min<std::ptrdiff_t>(width, record_end() - cursor()));
+    *this += static_cast<unsigned>(std::min(static_cast<std::ptrdiff_t>(width), record_end() - cursor()));
   }
 
   /// 1 when the fields read since the last field, or since the last question before it, have met any condition; asking

@@ -13,6 +13,7 @@
 #include "igs/output/private/decimalDigits.h"
 #include "igs/output/private/significantDigits.h"
 #include "igs/support/coResourceTable.h"
+#include "igs/support/private/portable.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ constexpr unsigned whole_number_digits = 8;
 
 bool reads_as_infinity(const char* text, const char* end) {
   double value = 0;
-  return std::from_chars(text, end, value).ec == std::errc::result_out_of_range;
+  return igs_portable::from_chars(text, end, value).ec == std::errc::result_out_of_range;
 }
 
 /// Gives the text the exponent letter and a decimal point. Returns the new end.
@@ -39,9 +40,9 @@ char* make_iges_form(char* begin, char* end, char letter) {
 
 /// The general way, for any value and precision: as "%G" would, except that nothing depends on the locale.
 char* print_general(char* text, char* limit, double value, int precision, char letter) {
-  char* end = std::to_chars(text, limit, value, std::chars_format::general, precision).ptr;
+  char* end = igs_portable::to_chars(text, limit, value, std::chars_format::general, precision).ptr;
   if (value > may_round_to_infinity && reads_as_infinity(text, end)) {
-    end = std::to_chars(text, limit, value, std::chars_format::general, max_significant_digits).ptr;
+    end = igs_portable::to_chars(text, limit, value, std::chars_format::general, max_significant_digits).ptr;
   }
   return make_iges_form(text, end, letter);
 }
@@ -147,7 +148,8 @@ igsDoubleEncoder::igsDoubleEncoder() {
 
 void igsDoubleEncoder::encode(double value) {
   m_value = value;
-  append_string({m_text.data(), print(m_text.data(), value)}, 0);
+  const char* const end = print(m_text.data(), value);
+  append_string({m_text.data(), static_cast<std::size_t>(end - m_text.data())}, 0);
 }
 
 char* igsDoubleEncoder::print(char* text, double value) const {

@@ -19,7 +19,8 @@ void copy_record_characters(const utString& text, utString& bytes) {
 
 void igsIntEncoder::encode(int value) {
   m_value = value;
-  append_string({m_text.data(), print(m_text.data(), value)}, 0);
+  const char* const end = print(m_text.data(), value);
+  append_string({m_text.data(), static_cast<std::size_t>(end - m_text.data())}, 0);
 }
 
 char* igsIntEncoder::print(char* text, int value) {
@@ -51,6 +52,6 @@ void igsHolerithEncoder::encode(const utString& value, bool keep_all) {
   char* const count = m_count.data();
   char* end = std::to_chars(count, count + m_count.size() - 1, m_bytes.size()).ptr;
   *end++ = 'H';
-  append_string({count, end}, 0);
+  append_string({count, static_cast<std::size_t>(end - count)}, 0);
   append_string(m_bytes, 1);
 }

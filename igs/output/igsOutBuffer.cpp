@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "igs/input/private/record.h"
+#include "igs/support/private/portable.h"
 
 namespace {
 /// 64 kB: what larger blocks save is no longer to be seen.
@@ -14,7 +15,8 @@ constexpr int block_records = 800;
 
 igsOutBuffer::igsOutBuffer(std::ostream* destination)
     : igsOutBufferPurger(destination),
-      m_block(std::make_unique_for_overwrite<char[]>(std::size_t{block_records} * max_line_length + scratch_length)),
+      m_block(igs_portable::make_unique_for_overwrite<char[]>(std::size_t{block_records} * max_line_length +
+                                                              scratch_length)),
       m_line(m_block.get()) {}
 
 igsOutBuffer::~igsOutBuffer() {

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "igs/support/export.h"
+#include "igs/support/giHypot.h"
 #include "igs/support/undefined.h"
 
 class utOstream;
@@ -49,7 +50,7 @@ class IGS_API giPoint3 {
   bool is_undefined() const { return m_x == -DBL_MAX || m_x == DBL_MAX || m_y == DBL_MAX || m_z == DBL_MAX; }
 
   /// In the units of the points. Not to be asked of undefined ones.
-  double distance(const giPoint3& other) const { return std::hypot(m_x - other.m_x, m_y - other.m_y, m_z - other.m_z); }
+  double distance(const giPoint3& other) const { return gi_hypot(m_x - other.m_x, m_y - other.m_y, m_z - other.m_z); }
   /// True when the points are at most `tolerance` apart.
   static bool coincident(const giPoint3& a, const giPoint3& b, double tolerance) { return a.distance(b) <= tolerance; }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "igs/support/export.h"
+#include "igs/support/giHypot.h"
 #include "igs/support/undefined.h"
 
 class utOstream;
@@ -43,7 +44,7 @@ class IGS_API giVector3 {
   /// True when the vector was never built: its x is -DBL_MAX. No other component is looked at.
   bool is_undefined() const { return igs_is_undefined_real(m_x); }
   /// Not to be asked of an undefined vector.
-  double length() const { return std::hypot(m_x, m_y, m_z); }
+  double length() const { return gi_hypot(m_x, m_y, m_z); }
   /// The scalar product.
   double dot(const giVector3& other) const { return m_x * other.m_x + m_y * other.m_y + m_z * other.m_z; }
   /// The vector product, right-handed.

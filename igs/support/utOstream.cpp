@@ -5,6 +5,8 @@
 #include <cstring>
 #include <ostream>
 
+#include "igs/support/private/portable.h"
+
 utOstream::utOstream(std::ostream& target) : m_own{&target, true, 0, nullptr}, m_target(&m_own), m_tabs(0) {}
 
 utOstream::utOstream(utOstream& parent, int tabs)
@@ -35,21 +37,22 @@ utOstream& utOstream::operator<<(char character) {
 }
 
 namespace {
-template <class Number>
-void write_number(utOstream& os, Number value) {
-  char text[32];
-  const std::to_chars_result end = std::to_chars(text, text + sizeof text, value);
-  os << std::string_view(text, static_cast<std::size_t>(end.ptr - text));
+constexpr std::size_t number_room = 32;
+
+void write_number(utOstream& os, const char* text, const std::to_chars_result& result) {
+  os << std::string_view(text, static_cast<std::size_t>(result.ptr - text));
 }
 }  // namespace
 
 utOstream& utOstream::operator<<(int value) {
-  write_number(*this, value);
+  char text[number_room];
+  write_number(*this, text, std::to_chars(text, text + number_room, value));
   return *this;
 }
 
 utOstream& utOstream::operator<<(double value) {
-  write_number(*this, value);
+  char text[number_room];
+  write_number(*this, text, igs_portable::to_chars(text, text + number_room, value));
   return *this;
 }
 

@@ -23,7 +23,7 @@ void igs108::check_pd() const {
       igs_is_undefined_real(m_d)) {
     tag<igs108InvalidCoefficients>();
   }
-  if (std::hypot(m_a, m_b, m_c) < kel_resource_table_inquire().value(kelTolMinValue)) tag<igs108ZeroNormal>();
+  if (gi_hypot(m_a, m_b, m_c) < kel_resource_table_inquire().value(kelTolMinValue)) tag<igs108ZeroNormal>();
   check_boundary();
   if (m_symbol_size < 0) tag<igs108InvalidSymbolSize>(m_symbol_size);
 }

@@ -26,8 +26,9 @@
 namespace igs_test {
 namespace {
 
-constexpr long cold_stride = is_sanitized ? 29 : 1;  // a process of its own for each
-constexpr long stride = is_sanitized ? 3 : 1;
+constexpr bool is_slow = is_sanitized || IGS_EMULATED;
+constexpr long cold_stride = is_slow ? 29 : 1;  // a process of its own for each
+constexpr long stride = is_slow ? 3 : 1;
 
 /// Keeps what is written without taking memory.
 class FixedOutput : public std::streambuf {

@@ -45,7 +45,9 @@ Strings fields_of(const std::string& text) {
   Strings fields;
   for (std::string& piece : split_fields(text, ',')) {
     if (!piece.empty() && piece.back() == ',') piece.pop_back();
-    const std::size_t h = piece.find('H'), string = h == std::string::npos ? 0 : h + 1 + std::stoul(piece);
+    const std::size_t h = piece.find('H');
+    const unsigned long long string_end = h == std::string::npos ? 0 : h + 1 + std::stoull(piece);
+    const auto string = static_cast<std::size_t>(std::min<unsigned long long>(string_end, piece.size()));
     const std::size_t end = piece.find(';', string);
     piece.erase(std::min(end, piece.size()));
     fields.push_back(string == 0 ? trimmed(piece) : piece.substr(piece.find_first_not_of(' ')));
@@ -121,15 +123,17 @@ void damage_file(IgesBuilder& file, const std::string& damage) {
   }
 }
 
+std::string group_of(const std::string& heading) { return heading.substr(1, heading.find(']') - 1); }
+
 /// One case file, line by line.
 class Parser {
  public:
-  Parser(std::string file, std::vector<CaseGroup>& groups) : m_file(std::move(file)), m_groups(groups) {}
+  explicit Parser(CaseName name) : m_name(std::move(name)) {}
 
-  void parse(std::istream& in) {
+  CaseGroup parse(std::istream& in) {
     int number = 0;
     for (std::string line, next; std::getline(in, line);) {
-      m_where = m_file + ':' + std::to_string(++number);
+      m_where = m_name.file + ':' + std::to_string(++number);
       while (!line.empty() && line.back() == '\\' && std::getline(in, next)) {
         line.pop_back();
         line += trimmed(next);
@@ -137,40 +141,46 @@ class Parser {
       }
       m_line = trimmed(line);
       if (m_line.empty() || m_line[0] == '#') continue;
-      try {
-        take(expanded(m_line));
-      } catch (const std::exception& error) {
-        throw std::runtime_error(m_where + ": " + error.what() + ": " + m_line);
-      }
+      if (m_line[0] == '[')
+        begin_group();
+      else if (m_is_wanted || m_line.starts_with("let "))
+        try_to_take();
     }
+    return std::move(m_group);
   }
 
  private:
+  void begin_group() {
+    m_is_wanted = group_of(m_line) == m_name.group;
+    if (m_group.subject == 0) m_group.subject = m_next_de;
+  }
+
+  void try_to_take() {
+    try {
+      take(expanded(m_line));
+    } catch (const std::exception& error) {
+      throw std::runtime_error(m_where + ": " + error.what() + ": " + m_line);
+    }
+  }
+
   void take(const std::string& line) {
-    static const std::regex group(R"(\[(\S+)(.*)\])"), let(R"(let (\w+) = (.*))"), set(R"(set (\w+) (.*))"),
-        entities(R"(([\d ]+): (.*))"), print(R"(print (\d+) (.*))");
+    static const std::regex let(R"(let (\w+) = (.*))"), set(R"(set (\w+) (.*))"), entities(R"(([\d ]+): (.*))"),
+        print(R"(print (\d+) (.*))");
     std::smatch found;
-    if (std::regex_match(line, found, group)) {
-      if (m_subject == 0) m_common = m_content, m_subject = m_next_de;
-      m_groups.push_back({m_file, found[1].str() + found[2].str(), "igs" + found[1].str(), m_subject});
-      m_next_de = m_subject;
-      m_content = m_common;
-      m_settings.clear();
-    } else if (std::regex_match(line, found, let)) {
+    if (std::regex_match(line, found, let)) {
       m_texts[found[1]] = found[2];
     } else if (std::regex_match(line, found, entities)) {
       for (const std::string& de : split_items(found[1], ' ')) {
         if (put_entity(m_content, found[2]) != std::stoi(de)) throw std::runtime_error("another DE number");
         m_next_de += 2;
       }
-    } else if (m_subject == 0) {
+    } else if (m_group.subject == 0) {
       throw std::runtime_error("stands in no group");
     } else if (std::regex_match(line, found, set)) {
       m_settings.emplace_back(found[1], found[2]);
     } else if (std::regex_match(line, found, print)) {
-      CaseGroup& group = m_groups.back();
-      const IgesBuilder& file = group.cases.empty() ? m_content : group.cases.back().damaged;
-      group.prints.push_back({file.text(), std::stoi(found[1]), unescaped(found[2])});
+      const IgesBuilder& file = m_group.cases.empty() ? m_content : m_group.cases.back().damaged;
+      m_group.prints.push_back({file.text(), std::stoi(found[1]), unescaped(found[2])});
     } else {
       take_case(line);
     }
@@ -196,7 +206,7 @@ class Parser {
     for (const std::string& change : split_items(changes, ' ')) {
       if (std::regex_match(change, pair, setting)) {
         result.settings.emplace_back(pair[1], pair[2]);
-      } else if (!change_content(result.sound, change, m_subject)) {
+      } else if (!change_content(result.sound, change, m_group.subject)) {
         damages.push_back(change);
       }
     }
@@ -204,7 +214,7 @@ class Parser {
     for (const std::string& damage : damages) damage_file(result.damaged, damage);
     result.errors = split_items(errors, ';');
     for (const std::string& item : split_items(outcomes, ';')) take_outcome(result, item);
-    m_groups.back().cases.push_back(std::move(result));
+    m_group.cases.push_back(std::move(result));
   }
 
   void take_outcome(Case& result, const std::string& item) const {
@@ -216,7 +226,7 @@ class Parser {
       result.gone.insert(std::stoi(found[1]));
     } else if (std::regex_match(item, found, replaced)) {
       put_entity(result.expected, found[2], found[1]);
-    } else if (!change_content(result.expected, item, m_subject)) {
+    } else if (!change_content(result.expected, item, m_group.subject)) {
       throw std::runtime_error("no change: " + item);
     }
   }
@@ -234,10 +244,12 @@ class Parser {
     return line;
   }
 
-  std::string m_file, m_where, m_line;
-  std::vector<CaseGroup>& m_groups;
-  IgesBuilder m_common, m_content;   ///< of all groups of the file, of this group
-  int m_subject = 0, m_next_de = 1;  ///< m_subject is 0 before the first group
+  CaseName m_name;
+  std::string m_where, m_line;
+  CaseGroup m_group;        ///< its subject is 0 before the first group
+  bool m_is_wanted = true;  ///< whether lines are those of the group, or of all groups
+  IgesBuilder m_content;
+  int m_next_de = 1;
   std::map<std::string, std::string> m_texts{
       {"null", "= {|\\t(NullPointer)|}"},
       {"list", "= {|\\t(0) = {|\\t\\t(NullPointer)|\\t}|}"},
@@ -278,17 +290,26 @@ Content content_of(const std::string& text, const std::set<int>& gone, bool is_w
   return content;
 }
 
-std::vector<CaseGroup> all_case_groups() {
-  std::vector<CaseGroup> groups;
+std::vector<CaseName> all_cases() {
+  std::vector<CaseName> names;
   std::set<std::filesystem::path> files;
   for (const auto& entry : std::filesystem::directory_iterator(IGS_CASES)) {
     if (entry.path().extension() == ".case") files.insert(entry.path());
   }
   for (const auto& path : files) {
     std::ifstream in(path);
-    Parser(path.filename().string(), groups).parse(in);
+    for (std::string line; std::getline(in, line);) {
+      if (line[0] == '[') names.push_back({path.filename().string(), group_of(line)});
+    }
   }
-  return groups;
+  return names;
+}
+
+CaseGroup case_group(const CaseName& name) {
+  std::ifstream in(std::filesystem::path(IGS_CASES) / name.file);
+  CaseGroup group = Parser(name).parse(in);
+  group.prefix = "igs" + name.group.substr(0, name.group.find(' '));
+  return group;
 }
 
 }  // namespace igs_test

@@ -27,9 +27,17 @@ struct Case {
   std::set<int> gone = {};             ///< entities of `expected` that are not written
 };
 
+/// A group of cases: its file, and what stands in brackets there.
+struct CaseName {
+  std::string file, group;
+};
+inline void PrintTo(const CaseName& name, std::ostream* os) { *os << name.group; }
+/// Those of all groups of all case files. Each test looks them up, but reads its own cases alone.
+std::vector<CaseName> all_cases();
+
 struct CaseGroup {
-  std::string file, name, prefix;  ///< the last one of the names of errors
-  int subject;                     ///< DE number of the first entity that is not common to all groups of the file
+  std::string prefix = {};  ///< of the names of errors
+  int subject = 0;          ///< DE number of the first entity that is not common to all groups of the file
   std::vector<Case> cases = {};
   struct Print {
     std::string text;  ///< of the file
@@ -38,10 +46,9 @@ struct CaseGroup {
   };
   std::vector<Print> prints = {};
 };
-inline void PrintTo(const CaseGroup& group, std::ostream* os) { *os << group.name; }
 
-/// All groups of all case files; throws std::runtime_error with file and line for what is no case.
-std::vector<CaseGroup> all_case_groups();
+/// Throws std::runtime_error with file and line for what is no case.
+CaseGroup case_group(const CaseName& name);
 
 std::string joined(const Strings& items, const std::string& separator);
 

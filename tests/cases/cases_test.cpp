@@ -115,8 +115,10 @@ Strings changes(Content before, Content written, int subject) {
   return found;
 }
 
-class CaseFile : public testing::TestWithParam<CaseGroup> {
+class CaseFile : public testing::TestWithParam<CaseName> {
  protected:
+  const CaseGroup m_group = case_group(GetParam());
+
   void run(const Case& c) const {
     const Settings settings(c);
     const std::string text = c.damaged.text();
@@ -168,7 +170,7 @@ class CaseFile : public testing::TestWithParam<CaseGroup> {
     delete_faulty(c, text);
 
     const Content written = content_of(output, c.gone, true);
-    const int subject = GetParam().subject;
+    const int subject = m_group.subject;
     outcome = changes(content_of(c.sound.text(), c.gone, false), written, subject);
     outcome.insert(outcome.end(), messages.begin(), messages.end());
     return messages == c.messages && changes(content_of(c.expected.text(), c.gone, false), written, subject).empty();
@@ -198,27 +200,27 @@ class CaseFile : public testing::TestWithParam<CaseGroup> {
   std::string in_words(const igsError& error) const {
     const auto* indexed = dynamic_cast<const igsIndexedError*>(&error);
     const bool has_key = indexed != nullptr && indexed->key() != igs_unset_int;
-    const std::string key = has_key ? std::to_string(indexed->key()) : "", &prefix = GetParam().prefix;
+    const std::string key = has_key ? std::to_string(indexed->key()) : "", &prefix = m_group.prefix;
     std::string name = error.objtype().id_string(), values = describe(error).substr(name.size());
     if (has_key) values.erase(0, 1 + key.size());
     if (name.rfind(prefix, 0) == 0 && std::isupper(static_cast<unsigned char>(name[prefix.size()])) != 0) {
       name.erase(0, prefix.size());
     }
-    if (has_key && indexed->key() != GetParam().subject) name += '@' + key;
+    if (has_key && indexed->key() != m_group.subject) name += '@' + key;
     return name + std::regex_replace(values, std::regex("-1\\.79769313486232e\\+308"), "unset");
   }
 };
 
 TEST_P(CaseFile, Holds) {
   igs_fuzz::on_broken_promise = [](const char* promise) { throw std::runtime_error(promise); };
-  for (const Case& c : GetParam().cases) {
+  for (const Case& c : m_group.cases) {
     try {
       run(c);
     } catch (const std::exception& error) {
       ADD_FAILURE() << c.where << ": " << c.line << "\n  " << error.what();
     }
   }
-  for (const CaseGroup::Print& print : GetParam().prints) {
+  for (const CaseGroup::Print& print : m_group.prints) {
     const Checked checked(print.text);
     ASSERT_TRUE(print.de == 0 || checked.file.entity(print.de) != nullptr) << print.de;
     std::ostringstream text;
@@ -228,8 +230,8 @@ TEST_P(CaseFile, Holds) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, CaseFile, testing::ValuesIn(all_case_groups()), [](const auto& info) {
-  std::string name = info.param.file.substr(0, info.param.file.find('.')) + '_' + info.param.name;
+INSTANTIATE_TEST_SUITE_P(All, CaseFile, testing::ValuesIn(all_cases()), [](const auto& info) {
+  std::string name = info.param.file.substr(0, info.param.file.find('.')) + '_' + info.param.group;
   std::replace_if(
       name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
   return name;

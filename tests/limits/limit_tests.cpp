@@ -21,7 +21,7 @@ namespace {
 
 using namespace igs_test;
 
-/// Sanitizers take their time: they get smaller files.
+/// Sanitizers and emulators take their time: they get smaller files.
 constexpr int scaled(int count) { return count / IGS_TEST_SCALE; }
 
 /// Reads, checks, repairs and writes.

@@ -7,6 +7,7 @@
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/support/private/addressSanitizer.h"
+#include "igs/support/private/portable.h"
 
 struct igsEntityPool::Cell : igsObjectManager {
   std::optional<igsDirectoryEntry> entry;
@@ -28,7 +29,7 @@ igsEntityPool::~igsEntityPool() = default;
 
 void igsEntityPool::grow() {
   const std::size_t size = std::min(2 * m_block_size, most_places);
-  m_blocks.push_back(std::make_unique_for_overwrite<Place[]>(size));
+  m_blocks.push_back(igs_portable::make_unique_for_overwrite<Place[]>(size));
   m_block_size = size;
   m_used = 0;
 }

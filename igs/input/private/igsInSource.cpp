@@ -4,6 +4,8 @@
 #include <cstring>
 #include <streambuf>
 
+#include "igs/support/private/portable.h"
+
 namespace {
 
 constexpr std::size_t block_size = std::size_t{256} * 1024;
@@ -13,7 +15,7 @@ constexpr std::size_t block_size = std::size_t{256} * 1024;
 igsInSource::igsInSource(std::istream& in, bool count_lines)
     : m_in(in),
       m_state(in.rdstate()),
-      m_block(std::make_unique_for_overwrite<char[]>(block_size)),
+      m_block(igs_portable::make_unique_for_overwrite<char[]>(block_size)),
       m_cursor(m_block.get()),
       m_limit(m_block.get()),
       m_count_lines(count_lines) {

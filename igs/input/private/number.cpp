@@ -14,6 +14,7 @@
 #include <system_error>
 
 #include "igs/input/private/eightCharacters.h"
+#include "igs/support/private/portable.h"
 #include "igs/support/private/powersOfTen.h"
 
 namespace {
@@ -59,29 +60,23 @@ bool read_exponent(const char*& p, std::int64_t& exponent) {
   return true;
 }
 
-/// A number as it is written: mantissa times 10 (16 in the hexadecimal form: times 2) to the exponent.
+/// A number as it is written: mantissa times 10 to the exponent.
 struct Written {
   const char* first = nullptr;  ///< the mantissa, a point included
   const char* last = nullptr;
-  std::int64_t magnitude = 0;  ///< the mantissa is below base ^ magnitude, and not below a base-th of it
+  std::int64_t magnitude = 0;  ///< the mantissa is below 10 ^ magnitude, and not below a tenth of it
   bool zero = true;
   std::int64_t exponent = 0;
 };
 
 // What from_chars calls out of range is infinite or next to 0.
-double out_of_range_value(const Written& number, std::int64_t magnitude_in_exponents) {
-  const bool large = !number.zero && number.magnitude * magnitude_in_exponents + number.exponent > 0;
+double out_of_range_value(const Written& number) {
+  const bool large = !number.zero && number.magnitude + number.exponent > 0;
   return large ? std::numeric_limits<double>::infinity() : 0.0;
 }
 
-double convert(const char* first, const char* last, std::chars_format format, double fallback) {
-  double value = 0;
-  const std::from_chars_result result = std::from_chars(first, last, value, format);
-  return result.ec == std::errc() ? value : fallback;
-}
-
 // The mantissa with the exponent behind it, which may differ from the one in the text.
-double convert_written(const Written& number, std::chars_format format, std::int64_t magnitude_in_exponents) {
+double convert_written(const Written& number) {
   std::array<char, 128> local;
   std::string heap;
   const auto size = static_cast<std::size_t>(number.last - number.first);
@@ -92,9 +87,11 @@ double convert_written(const Written& number, std::chars_format format, std::int
     begin = heap.data();
   }
   char* end = std::copy(number.first, number.last, begin);
-  *end++ = format == std::chars_format::hex ? 'p' : 'e';
+  *end++ = 'e';
   end = std::to_chars(end, end + exponent_room - 1, number.exponent).ptr;
-  return convert(begin, end, format, out_of_range_value(number, magnitude_in_exponents));
+  double value = 0;
+  const bool in_range = igs_portable::from_chars(begin, end, value).ec == std::errc();
+  return in_range ? value : out_of_range_value(number);
 }
 
 /// The decimal digits of a mantissa.
@@ -193,7 +190,7 @@ bool convert_closely(const DecimalMantissa& mantissa, std::int64_t exponent, dou
     ++binary_exponent;
   }
   const auto biased_exponent = static_cast<std::uint64_t>(binary_exponent + DBL_MAX_EXP - 1);
-  value = std::bit_cast<double>(bits - hidden_bit + (biased_exponent << (DBL_MANT_DIG - 1)));
+  value = igs_portable::bit_cast<double>(bits - hidden_bit + (biased_exponent << (DBL_MANT_DIG - 1)));
   return true;
 }
 
@@ -203,7 +200,7 @@ bool convert_closely(const DecimalMantissa&, std::int64_t, double&) { return fal
 
 #endif
 
-// Where the mantissa's first significant digit stands: the power of the base that bounds it.
+// Where the mantissa's first significant digit stands: the power of ten that bounds it.
 void weigh(Written& number) {
   std::int64_t position = 0;
   bool behind_point = false;
@@ -227,27 +224,49 @@ void weigh(Written& number) {
 [[gnu::noinline]] double convert_text(const char* first, const char* last, std::int64_t exponent) {
   Written number{first, last, 0, true, exponent};
   weigh(number);
-  return convert_written(number, std::chars_format::general, 1);
+  return convert_written(number);
 }
+
+// The mantissa times 2 ^ exponent, rounded to the nearest double.
+double scaled(std::uint64_t mantissa, std::int64_t exponent) {
+  constexpr int lowest_bit = DBL_MIN_EXP - DBL_MANT_DIG;
+  const int width = 64 - std::countl_zero(mantissa);
+  const std::int64_t dropped_bits = std::max<std::int64_t>(width - DBL_MANT_DIG, lowest_bit - exponent);
+  if (dropped_bits > 64) return 0;
+  if (dropped_bits > 0) {
+    const std::uint64_t half = std::uint64_t{1} << (dropped_bits - 1);
+    const std::uint64_t dropped = mantissa & (half - 1 + half);
+    mantissa = mantissa >> (dropped_bits - 1) >> 1;
+    if (dropped > half || (dropped == half && mantissa % 2 != 0)) ++mantissa;
+    exponent += dropped_bits;
+  }
+  constexpr std::int64_t surely_infinite = DBL_MAX_EXP;
+  return std::ldexp(static_cast<double>(mantissa), static_cast<int>(std::min(exponent, surely_infinite)));
+}
+
+unsigned hex_digit_value(char c) { return is_digit(c) ? digit_value(c) : static_cast<unsigned>(lower(c) - 'a') + 10; }
 
 // The hexadecimal form behind "0x"; false when no digit follows.
 bool read_hex(const char*& p, double& value) {
-  Written number;
-  number.first = p;
+  std::uint64_t mantissa = 0;
+  std::int64_t scale = 0, exponent = 0;
+  bool any = false, behind_point = false;
   const char* q = p;
-  while (is_hex_digit(*q)) ++q;
-  std::ptrdiff_t digits = q - p;
-  if (*q == '.') {
-    const char* const fraction = ++q;
-    while (is_hex_digit(*q)) ++q;
-    digits += q - fraction;
+  for (; is_hex_digit(*q) || (*q == '.' && !behind_point); ++q) {
+    if (*q == '.') {
+      behind_point = true;
+      continue;
+    }
+    any = true;
+    const unsigned digit = hex_digit_value(*q);
+    const bool fits = mantissa >> 60 == 0;
+    mantissa = fits ? mantissa * 16 + digit : mantissa | (digit != 0 ? 1 : 0);  // of the rest counts whether it is 0
+    scale += (behind_point ? -4 : 0) + (fits ? 0 : 4);
   }
-  if (digits == 0) return false;
-  number.last = q;
+  if (!any) return false;
   p = q;
-  if (lower(*q) == 'p' && read_exponent(++q, number.exponent)) p = q;
-  weigh(number);
-  value = convert_written(number, std::chars_format::hex, 4);
+  if (lower(*q) == 'p' && read_exponent(++q, exponent)) p = q;
+  value = scaled(mantissa, scale + exponent);
   return true;
 }
 

@@ -5,10 +5,12 @@
 #include <charconv>
 #include <cstddef>
 
+#include "igs/support/private/portable.h"
+
 SignificantDigits shortest_digits(double value) {
   std::array<char, max_significant_digits + 8> text;
   const char* const end =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific).ptr;
+      igs_portable::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific).ptr;
   const char* const exponent = std::find<const char*>(text.data(), end, 'e');
   SignificantDigits number;
   int missing = max_significant_digits;

@@ -2,7 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <exception>
 #include <functional>
@@ -62,11 +61,8 @@ std::string complaint_of(const CLI::ParseError& error) {
 
 /// As is_count, for a distance.
 std::string is_tolerance(const std::string& text) {
-  double value = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, value);
-  const bool is_distance = error == std::errc() && stop == end && value >= 0 && value < HUGE_VAL;
-  return is_distance ? "" : '"' + printable(text) + "\" is no tolerance";
+  const double value = real_of(text).value_or(-1);
+  return value >= 0 && value < HUGE_VAL ? "" : '"' + printable(text) + "\" is no tolerance";
 }
 
 class CommandLine {

@@ -55,12 +55,11 @@ std::string apply(const std::string& setting, coResourceTable& table) {
   const std::string key = setting.substr(0, equals);
   std::string fault = key_fault(key);
   if (!fault.empty()) return fault;
-  const char* const end = setting.data() + setting.size();
-  double value = 0;
-  const auto [stop, error] = std::from_chars(setting.data() + equals + 1, end, value);
-  const std::string quoted = printable(setting.substr(equals + 1));
-  if (error != std::errc() || stop != end) return '"' + quoted + "\" is no number";
-  return table.set_value(key, value) == 0 ? quoted + " is not allowed for " + key : "";
+  const std::string text = setting.substr(equals + 1);
+  const std::optional<double> value = real_of(text);
+  const std::string quoted = printable(text);
+  if (!value) return '"' + quoted + "\" is no number";
+  return table.set_value(key, *value) == 0 ? quoted + " is not allowed for " + key : "";
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "diff/graph.h"
 
 #include <bit>
+#include <cstring>
 #include <functional>
 #include <numeric>
 #include <string_view>
@@ -35,7 +36,11 @@ class FieldHash : public igsFieldVisitor {
 
   void integer(const char* /*label*/, int value) override { add(static_cast<std::uint64_t>(value)); }
   void real(const char* /*label*/, double value) override {
-    add(std::bit_cast<std::uint64_t>(m_reals.representative(value)));
+    const double shown = m_reals.representative(value);
+    std::uint64_t bits = 0;
+    static_assert(sizeof bits == sizeof shown);
+    std::memcpy(&bits, &shown, sizeof bits);
+    add(bits);
   }
   void text(const char* /*label*/, const utString& value) override { add(std::hash<std::string_view>()(value)); }
   void reference(const char* /*label*/, const igsObject* target) override {

@@ -1,9 +1,9 @@
 #include "diff/reals.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
-#include <system_error>
+#include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -12,11 +12,9 @@ constexpr double cell_in_tolerances = 61.803398875;
 
 double round_to_digits(double value, int digits) {
   std::array<char, 64> text{};
-  char* const begin = text.data();
-  const auto written = std::to_chars(begin, begin + text.size(), value, std::chars_format::scientific, digits - 1);
-  double result = value;
-  const auto read = std::from_chars(begin, written.ptr, result);
-  return written.ec == std::errc() && read.ec == std::errc() ? result : value;
+  std::snprintf(text.data(), text.size(), "%.*e", digits - 1, value);
+  const double result = std::strtod(text.data(), nullptr);
+  return std::isfinite(result) ? result : value;
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "igs/igs.h"
 #include "igs/input/igsInStream.h"
+#include "text/paint.h"
 #include "text/text.h"
 
 namespace {
@@ -33,7 +34,7 @@ std::string short_name(const std::string& name) {
 }  // namespace
 
 Progress::Progress(const std::string& name, std::uintmax_t size) : m_name(short_name(name)), m_size(size) {
-  if (size < smallest_size || has_many_files || shown != nullptr || isatty(STDERR_FILENO) == 0) return;
+  if (size < smallest_size || has_many_files || shown != nullptr || !is_terminal(STDERR_FILENO)) return;
   shown = this;
   igsInStream::set_line_read_callback(record_read);
 }
@@ -61,7 +62,7 @@ void Progress::show(const std::string& state) const {
   if (shown == this) std::cerr << erase_line << m_name << ": " << state << std::flush;
 }
 
-FilesProgress::FilesProgress(std::size_t total) : m_total(total), m_is_on(isatty(STDERR_FILENO) != 0) {
+FilesProgress::FilesProgress(std::size_t total) : m_total(total), m_is_on(is_terminal(STDERR_FILENO)) {
   has_many_files = true;
 }
 

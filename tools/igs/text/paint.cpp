@@ -1,5 +1,6 @@
 #include "text/paint.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -21,7 +22,7 @@ bool has_color_codes() {
 }
 
 bool shows_colors(int descriptor) {
-  return isatty(descriptor) != 0 && variable("NO_COLOR").empty() && has_color_codes();
+  return is_terminal(descriptor) && variable("NO_COLOR").empty() && has_color_codes();
 }
 
 constexpr std::string_view code_of(Ink ink) {
@@ -31,6 +32,12 @@ constexpr std::string_view code_of(Ink ink) {
 }
 
 }  // namespace
+
+bool is_terminal(int descriptor) {
+  // As WebAssembly isatty says so of every standard stream.
+  struct stat status {};
+  return isatty(descriptor) != 0 && fstat(descriptor, &status) == 0 && S_ISCHR(status.st_mode);
+}
 
 Paint::Paint(ColorMode mode, int descriptor)
     : m_is_on(mode == ColorMode::always || (mode == ColorMode::automatic && shows_colors(descriptor))) {}

@@ -8,6 +8,9 @@ enum class ColorMode { automatic, always, never };
 
 enum class Ink { heading, good, doubtful, bad };
 
+/// Whether a standard stream is one.
+bool is_terminal(int descriptor);
+
 /// Gives parts of a text report a colour, or leaves them as they are.
 class Paint {
  public:

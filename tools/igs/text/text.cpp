@@ -1,7 +1,10 @@
 #include "text/text.h"
 
-#include <array>
-#include <charconv>
+#include <cerrno>
+#include <cstdlib>
+#include <sstream>
+
+#include "igs/support/utOstream.h"
 
 namespace {
 
@@ -78,9 +81,19 @@ std::string printable(std::string_view text) {
 }
 
 std::string format_real(double value) {
-  std::array<char, 32> buffer{};  // the longest shortest form of a double has 24 characters
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
-  return {buffer.data(), end};
+  std::ostringstream text;
+  utOstream(text) << value;
+  return text.str();
+}
+
+std::optional<double> real_of(const std::string& text) {
+  // strtod takes these, too. Nothing here sets a locale.
+  if (text.find_first_of(" \f\n\r\t\v+") == 0 || text.find_first_of("xX") != std::string::npos) return std::nullopt;
+  char* end = nullptr;
+  errno = 0;
+  const double value = std::strtod(text.c_str(), &end);
+  const bool is_whole = !text.empty() && end == text.c_str() + text.size();
+  return is_whole && errno != ERANGE ? std::optional(value) : std::nullopt;
 }
 
 std::string counted(long long count, std::string_view singular, std::string_view plural) {

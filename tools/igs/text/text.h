@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,9 @@ std::string printable(std::string_view text);
 /// The shortest decimal number that reads back to the same double, in every locale. Infinities and NaN become "inf",
 /// "-inf" and "nan".
 std::string format_real(double value);
+
+/// The text as a decimal number, an infinity or NaN; nothing where it is more or less than one, or out of range.
+std::optional<double> real_of(const std::string& text);
 
 /// Between the columns of a report for people.
 inline constexpr const char* two_spaces = "  ";
