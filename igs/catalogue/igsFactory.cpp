@@ -1,9 +1,12 @@
 #include "igs/catalogue/igsFactory.h"
 
+#include <array>
 #include <climits>
+#include <cstddef>
 #include <iterator>
 #include <memory>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "igs/annotation/igs202.h"
@@ -172,7 +175,27 @@ constexpr Registration registrations[] = {
     {514, 1, 1, make<igs514>},                        //
 };
 
-using ShopRegistry = std::unordered_map<int, std::vector<igsFactoryShop>>;
+/// The shops by type: those of the types that the standard numbers are found at once.
+class ShopRegistry {
+ public:
+  using Shops = std::vector<igsFactoryShop>;
+
+  Shops& operator[](int type) { return is_usual(type) ? m_usual[place(type)] : m_others[type]; }
+  /// Null where there is none.
+  const Shops* find(int type) const {
+    if (is_usual(type)) return &m_usual[place(type)];
+    const auto found = m_others.find(type);
+    return found != m_others.end() ? &found->second : nullptr;
+  }
+
+ private:
+  static constexpr int least = -1, num_usual = 600;
+  static std::size_t place(int type) { return static_cast<std::size_t>(type - least); }
+  static bool is_usual(int type) { return type >= least && type < least + num_usual; }
+
+  std::array<Shops, num_usual> m_usual;
+  std::unordered_map<int, Shops> m_others;
+};
 
 // Never destroyed: the prototypes live as long as the process.
 ShopRegistry& registry() {
@@ -198,11 +221,10 @@ igsFactory::igsFactory(igsEntityType type, int min_form, int max_form, igsObject
 }
 
 igsObject* igsFactory::make_one(igsEntityType type, int form, const igsFileOptions& options) {
-  const ShopRegistry& shops = registry();
-  if (const auto found = shops.find(type); found != shops.end()) {
-    for (const igsFactoryShop& shop : found->second) {
-      if (shop.sells(form, options)) return shop.object()->make_one();
-    }
+  const ShopRegistry::Shops* const shops = std::as_const(registry()).find(type);
+  if (shops == nullptr) return new igsUnknown;
+  for (const igsFactoryShop& shop : *shops) {
+    if (shop.sells(form, options)) return shop.object()->make_one();
   }
   return new igsUnknown;
 }

@@ -19,8 +19,8 @@ int igs126::set_order_size(int order, int count) {
   const bool any_array = number_of_knots() > 0 || !m_weights.empty() || !m_control_points.empty();
   if (order < 1 || count < order || count > INT_MAX - order || any_array) return 0;
   const auto size = static_cast<std::size_t>(count);
-  std::vector<giPoint3> control_points(size);
-  std::vector<double> weights(size, igs_undefined_real);
+  igsList<giPoint3> control_points(size);
+  igsList<double> weights(size, igs_undefined_real);
   m_direction.make(order, count);
   m_control_points.swap(control_points);
   m_weights.swap(weights);
@@ -94,8 +94,8 @@ int igs126::read_unit_normal(igsInStream& in) {
 int igs126::refuse_size(int sum_index) {
   tag<igs126BadSumIndex>(sum_index);
   m_direction.clear();
-  m_weights = std::vector<double>();
-  m_control_points = std::vector<giPoint3>();
+  m_weights = igsList<double>();
+  m_control_points = igsList<giPoint3>();
   return 0;
 }
 

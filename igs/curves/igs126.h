@@ -7,6 +7,7 @@
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/objects/igsCurve.h"
+#include "igs/objects/igsList.h"
 #include "igs/support/giPoint.h"
 #include "igs/support/giVector.h"
 #include "igs/support/undefined.h"
@@ -117,6 +118,6 @@ class IGS_API igs126 : public igsWrittenEntity<igs126, "igs126", igsCurve> {
   int m_periodic_flag = 0;
   giVector3 m_unit_normal;
   igsKnotVector m_direction;
-  std::vector<giPoint3> m_control_points;
-  std::vector<double> m_weights;
+  igsList<giPoint3> m_control_points;
+  igsList<double> m_weights;
 };

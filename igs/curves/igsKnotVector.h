@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "igs/objects/igsList.h"
 #include "igs/support/export.h"
 #include "igs/support/undefined.h"
 
@@ -18,7 +19,7 @@ class IGS_API igsKnotVector {
   /// 0 while there are none.
   int number_of_knots() const { return static_cast<int>(m_knots.size()); }
   /// -DBL_MAX where a knot was not supplied.
-  const std::vector<double>& knots() const { return m_knots; }
+  const igsList<double>& knots() const { return m_knots; }
   /// Copies knot `i` to `value` and returns 1; returns 0 and leaves `value` alone when there is no such knot.
   int knot(int i, double& value) const;
   /// Returns 1; returns 0 and stores nothing when there is no such knot.
@@ -58,7 +59,7 @@ class IGS_API igsKnotVector {
   void clear() { *this = igsKnotVector(); }
 
   int m_order = igs_unset_int;
-  std::vector<double> m_knots;
+  igsList<double> m_knots;
   double m_start = igs_undefined_real;
   double m_end = igs_undefined_real;
 };

@@ -205,13 +205,13 @@ bool igsIndexedSectionLog::forget(const igsError& error) {
   return true;
 }
 
-int igsIndexedSectionLog::num_errors(int key) const {
+int igsIndexedSectionLog::num_indexed(int key) const {
   update_log();
   const auto bucket = m_index.find(key);
   return bucket == m_index.end() ? 0 : bucket->second.size;
 }
 
-void igsIndexedSectionLog::clear(int key) {
+void igsIndexedSectionLog::clear_indexed(int key) {
   update_log();
   const auto found = m_index.find(key);
   if (found == m_index.end()) return;

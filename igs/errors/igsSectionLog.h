@@ -115,9 +115,11 @@ class IGS_API igsIndexedSectionLog : public igsSimpleSectionLog {
 
   using igsSimpleSectionLog::num_errors;
   /// Number of active errors whose key is `key`.
-  int num_errors(int key) const;
+  int num_errors(int key) const { return m_num_errors != 0 ? num_indexed(key) : 0; }
   /// Destroys the active errors whose key is `key`.
-  void clear(int key);
+  void clear(int key) {
+    if (m_num_errors != 0) clear_indexed(key);
+  }
 
  protected:
   void update_log() const override;
@@ -139,6 +141,8 @@ class IGS_API igsIndexedSectionLog : public igsSimpleSectionLog {
 
     void add(int slot);
   };
+  int num_indexed(int key) const;
+  void clear_indexed(int key);
   void add(int key, int slot) const;
   void leave(int key) const;
   template <class Visit>

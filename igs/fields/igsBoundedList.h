@@ -51,8 +51,8 @@ inline constexpr bool igs_is_cheap_element = std::is_arithmetic_v<Element> ||
 /// record has ended, the elements that are then missing stay `unset`. Returns 1; returns 0, the list empty, for a count
 /// that is negative or cannot be believed. Elements whose fields are all empty are not supplied. Memory follows what
 /// the record has, not the count.
-template <class Element, class Read>
-int igs_read_bounded(igsInStream& in, std::int64_t count, std::vector<Element>& list, Read read,
+template <class Element, class Memory, class Read>
+int igs_read_bounded(igsInStream& in, std::int64_t count, std::vector<Element, Memory>& list, Read read,
                      const Element& unset = Element()) {
   constexpr std::int64_t weight = igs_weight_of_element<Element>();
   list.clear();
@@ -68,7 +68,7 @@ int igs_read_bounded(igsInStream& in, std::int64_t count, std::vector<Element>& 
   const std::int64_t believed = std::max(igs_always_believed_count / weight, igs_believed_per_supplied * supplied);
   const std::int64_t paid = igs_is_cheap_element<Element> ? static_cast<std::int64_t>(list.size()) : supplied;
   if (count < 0 || count > believed || in.grant_missing((count - paid) * weight) == 0) {
-    list = std::vector<Element>();  // `= {}` would keep the memory
+    list = std::vector<Element, Memory>();  // `= {}` would keep the memory
     return 0;
   }
   list.resize(static_cast<std::size_t>(count), unset);

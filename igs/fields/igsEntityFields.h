@@ -122,8 +122,8 @@ class igsFieldReader : public igsExactReals {
     if (m_usable && value < least) refuse<Error>(value);
     return value;
   }
-  template <class Element, class Error>
-  void list(const char*, std::int64_t count, std::vector<Element>& elements, igsBadCount<Error> bad_count) {
+  template <class Element, class Memory, class Error>
+  void list(const char*, std::int64_t count, std::vector<Element, Memory>& elements, igsBadCount<Error> bad_count) {
     if (!m_usable) return;
     const int position = m_position;
     const bool given_before = m_given;
@@ -247,8 +247,8 @@ class igsFieldWriter {
     m_out.write_integer(static_cast<int>(size));
     return static_cast<int>(size);
   }
-  template <class Element, class Error>
-  void list(const char*, std::int64_t, const std::vector<Element>& elements, igsBadCount<Error>) {
+  template <class Element, class Memory, class Error>
+  void list(const char*, std::int64_t, const std::vector<Element, Memory>& elements, igsBadCount<Error>) {
     for (const Element& element : elements) (*this)(nullptr, element);
   }
   template <class Fields>
@@ -293,8 +293,8 @@ class IGS_API igsFieldPrinter : public igsExactReals {
     (*this)(label, static_cast<int>(size));
     return static_cast<int>(size);
   }
-  template <class Element, class Error>
-  void list(const char* label, std::int64_t, const std::vector<Element>& elements, igsBadCount<Error>) {
+  template <class Element, class Memory, class Error>
+  void list(const char* label, std::int64_t, const std::vector<Element, Memory>& elements, igsBadCount<Error>) {
     in_braces(label, [&elements](igsFieldPrinter& inner) {
       for (std::size_t i = 0; i < elements.size(); ++i) {
         inner(('(' + std::to_string(i) + ')').c_str(), elements[i]);
@@ -339,8 +339,8 @@ class igsFieldPointers : public igsExactReals {
   int count(const char*, std::size_t size, Limits...) {
     return static_cast<int>(size);
   }
-  template <class Element, class Error>
-  void list(const char*, std::int64_t, std::vector<Element>& elements, igsBadCount<Error>) {
+  template <class Element, class Memory, class Error>
+  void list(const char*, std::int64_t, std::vector<Element, Memory>& elements, igsBadCount<Error>) {
     if constexpr (igsRecord<Element> || igsNumberOrPointer<Element> || std::is_same_v<Element, igsObjectPtr>) {
       for (Element& element : elements) (*this)(nullptr, element);
     }
@@ -386,8 +386,8 @@ class igsFieldShower : public igsExactReals {
     (*this)(label, static_cast<int>(size));
     return static_cast<int>(size);
   }
-  template <class Element, class Error>
-  void list(const char* label, std::int64_t, const std::vector<Element>& elements, igsBadCount<Error>) {
+  template <class Element, class Memory, class Error>
+  void list(const char* label, std::int64_t, const std::vector<Element, Memory>& elements, igsBadCount<Error>) {
     m_visitor.begin_group(label);
     for (const Element& element : elements) (*this)(nullptr, element);
     m_visitor.end_group();

@@ -16,13 +16,31 @@
 #include "igs/output/igsOutStream.h"
 #include "igs/support/utOstream.h"
 
-igsDEAttribute::igsDEAttribute(int field) : m_value(field >= 0 ? field : 0) {
-  if (field < 0 && field > INT_MIN) m_definition = igsObjectPtr(-field);
+igsDEAttribute& igsDEAttribute::operator=(const igsDEAttribute& other) {
+  if (other.is_number()) return *this = igsDEAttribute(other.value());
+  Reference& own = make_reference();
+  own.definition = other.reference()->definition;
+  own.value = other.reference()->value;
+  return *this;
+}
+
+igsDEAttribute::Reference& igsDEAttribute::make_reference() {
+  if (is_number()) m_state = reinterpret_cast<std::uintptr_t>(new Reference(value()));
+  return *reference();
+}
+
+void igsDEAttribute::refer_to(int field) {
+  if (field > INT_MIN) make_reference().definition = igsObjectPtr(-field);
+}
+
+const igsObjectPtr& igsDEAttribute::definition() const {
+  static const igsObjectPtr none;
+  return is_number() ? none : reference()->definition;
 }
 
 int igsDEAttribute::field() const {
-  const int de = m_definition.de_number();
-  return de != 0 ? -de : m_value;
+  const int de = is_number() ? 0 : reference()->definition.de_number();
+  return de != 0 ? -de : value();
 }
 
 int igsDirectoryEntry::structure() const {
@@ -55,19 +73,48 @@ bool igsLineFont::valid() const {
   constexpr int last_pattern = 5;
   constexpr int line_font_definition = 304;
   if (!predefined_colour()) return names_entity_of_type(*this, line_font_definition);
-  return m_value >= 0 && m_value <= last_pattern;
+  return value() >= 0 && value() <= last_pattern;
 }
 
 bool igsLevel::valid() const {
   constexpr int property = 406;
-  return predefined_colour() ? m_value >= 0 : names_entity_of_type(*this, property);
+  return predefined_colour() ? value() >= 0 : names_entity_of_type(*this, property);
 }
 
 bool igsColour::valid() const {
   constexpr int last_colour = 8;
   constexpr int colour_definition = 314;
   if (!predefined_colour()) return names_entity_of_type(*this, colour_definition);
-  return m_value >= 0 && m_value <= last_colour;
+  return value() >= 0 && value() <= last_colour;
+}
+
+const igsDirectoryEntry::Rare& igsDirectoryEntry::no_rare(bool blank) {
+  // Never destroyed, and no file's: files may go after all that is static.
+  static const Rare* const none = ::new Rare;
+  static const Rare* const with_blank_label = ::new Rare(utString(igsDirectoryFields<utString>::field_width, ' '));
+  return blank ? *with_blank_label : *none;
+}
+
+igsDirectoryEntry::Rare& igsDirectoryEntry::make_rare() {
+  if (m_rare == nullptr) m_rare = std::make_unique<Rare>(entity_label());
+  return *m_rare;
+}
+
+void igsDirectoryEntry::set_view(const igsObjectPtr& view) {
+  if (m_rare != nullptr || view.is_bound()) make_rare().view = view;
+}
+
+void igsDirectoryEntry::set_label_display(const igsObjectPtr& label_display) {
+  if (m_rare != nullptr || label_display.is_bound()) make_rare().label_display = label_display;
+}
+
+void igsDirectoryEntry::set_entity_label(const utString& label) {
+  const bool is_blank = label == no_rare(true).label;
+  if (m_rare == nullptr && (is_blank || label.empty())) {
+    m_label_is_blank = is_blank;
+  } else {
+    make_rare().label = label;
+  }
 }
 
 void igsDirectoryEntry::become(const igsDirectoryEntry& other) {
@@ -81,26 +128,28 @@ void igsDirectoryEntry::become(const igsDirectoryEntry& other) {
   m_line_font = other.m_line_font;
   m_level = other.m_level;
   m_colour = other.m_colour;
-  m_view = other.m_view;
+  set_view(other.view());
   m_matrix = other.m_matrix;
-  m_label_display = other.m_label_display;
-  m_entity_label = other.m_entity_label;
+  set_label_display(other.label_display());
+  set_entity_label(other.entity_label());
 }
 
 void igsDirectoryEntry::unreference_children() {
   m_line_font.unreference();
   m_level.unreference();
-  m_view.unreference();
+  if (m_rare != nullptr) m_rare->view.unreference();
   m_matrix.unreference();
-  m_label_display.unreference();
+  if (m_rare != nullptr) m_rare->label_display.unreference();
   m_colour.unreference();
 }
 
 void igsDirectoryEntry::visit_pointers(igsPointerVisitor& visitor) {
   for (igsDEAttribute* const attribute : std::initializer_list<igsDEAttribute*>{&m_line_font, &m_level, &m_colour}) {
-    visitor.visit(attribute->definition());
+    if (attribute->field() < 0) visitor.visit(attribute->definition());
   }
-  for (igsObjectPtr* const pointer : {&m_view, &m_matrix, &m_label_display}) visitor.visit(*pointer);
+  if (m_rare != nullptr) visitor.visit(m_rare->view);
+  visitor.visit(m_matrix);
+  if (m_rare != nullptr) visitor.visit(m_rare->label_display);
 }
 
 void igsDirectoryEntry::check_matrix() const {
@@ -141,20 +190,21 @@ void igsDirectoryEntry::shape_check(bool may_be_parametric) const {
   }
 }
 
-void igsDirectoryEntry::take(const igsDirectoryFields<utString>& fields) {
+void igsDirectoryEntry::take(const igsDirectoryFields<utString>& fields, bool label_is_blank) {
+  m_label_is_blank = label_is_blank;  // before m_rare, which takes the label over
   m_parameter_data_pointer = fields.parameter_data;
   m_structure = fields.structure;
   m_line_font = igsLineFont(fields.line_font);
   m_level = igsLevel(fields.level);
-  m_view = igsObjectPtr(fields.view);
-  m_matrix = igsObjectPtr(fields.matrix);
-  m_label_display = igsObjectPtr(fields.label_display);
+  if (fields.view != 0) make_rare().view = igsObjectPtr(fields.view);
+  if (fields.matrix != 0) m_matrix = igsObjectPtr(fields.matrix);
+  if (fields.label_display != 0) make_rare().label_display = igsObjectPtr(fields.label_display);
   m_status_flags = {fields.blank_status, fields.subordinate_status, fields.entity_use, fields.hierarchy};
   m_line_weight = fields.line_weight;
   m_colour = igsColour(fields.colour);
   m_parameter_line_count = fields.parameter_lines;
   m_form_number = fields.form;
-  m_entity_label = fields.label;
+  if (!fields.label.empty()) set_entity_label(fields.label);
   m_entity_subscript = fields.subscript;
 }
 
@@ -164,9 +214,9 @@ void igsDirectoryEntry::write(igsOutStream& out) const {
                                               .structure = structure(),
                                               .line_font = m_line_font.field(),
                                               .level = m_level.field(),
-                                              .view = m_view.de_number(),
+                                              .view = view().de_number(),
                                               .matrix = m_matrix.de_number(),
-                                              .label_display = m_label_display.de_number(),
+                                              .label_display = label_display().de_number(),
                                               .blank_status = m_status_flags.blank_status(),
                                               .subordinate_status = m_status_flags.subordinate_status(),
                                               .entity_use = m_status_flags.entity_use(),
@@ -176,7 +226,7 @@ void igsDirectoryEntry::write(igsOutStream& out) const {
                                               .colour = m_colour.field(),
                                               .parameter_lines = m_parameter_line_count,
                                               .form = m_form_number,
-                                              .label = m_entity_label,
+                                              .label = entity_label(),
                                               .subscript = m_entity_subscript};
   FixedColumns<std::size_t{2} * data_columns> records;
   fields.layout(igsDirectoryWriter(records));
@@ -190,12 +240,12 @@ void igsDirectoryEntry::print(utOstream& os) const {
   os << "Structure = " << structure() << utEndl;
   os << "LineFont = " << m_line_font.field() << utEndl;
   os << "Level = " << m_level.field() << utEndl;
-  os << "View = " << m_view.de_number() << utEndl;
+  os << "View = " << view().de_number() << utEndl;
   os << "TransformationMatrix = " << m_matrix.de_number() << utEndl;
-  os << "LabelDisplay = " << m_label_display.de_number() << utEndl;
+  os << "LabelDisplay = " << label_display().de_number() << utEndl;
   m_status_flags.print(os);
   os << "LineWeight = " << m_line_weight << utEndl;
   os << "Colour = " << m_colour.field() << utEndl;
-  os << "EntityLabel = \"" << m_entity_label << '"' << utEndl;
+  os << "EntityLabel = \"" << entity_label() << '"' << utEndl;
   os << "EntitySubscript = " << m_entity_subscript << utEndl;
 }

@@ -1,8 +1,12 @@
 #pragma once
 
+#include <memory>
+#include <utility>
+
 #include "igs/file/igsDEAttribute.h"
 #include "igs/file/igsStatusFlags.h"
 #include "igs/objects/igsEntityType.h"
+#include "igs/objects/igsInFileMemory.h"
 #include "igs/objects/igsObjectPtr.h"
 #include "igs/support/export.h"
 #include "igs/support/utString.h"
@@ -43,23 +47,24 @@ class IGS_API igsDirectoryEntry {
   const igsLevel& level() const { return m_level; }
   void set_level(const igsLevel& level) { m_level = level; }
   /// Null: seen in all views.
-  const igsObjectPtr& view() const { return m_view; }
-  void set_view(const igsObjectPtr& view) { m_view = view; }
-  void remove_view() { m_view = igsObjectPtr(); }
+  const igsObjectPtr& view() const { return rare().view; }
+  void set_view(const igsObjectPtr& view);
+  void remove_view() { set_view(igsObjectPtr()); }
   /// Null: the identity.
   const igsObjectPtr& matrix() const { return m_matrix; }
   void set_matrix(const igsObjectPtr& matrix) { m_matrix = matrix; }
-  const igsObjectPtr& label_display() const { return m_label_display; }
-  void set_label_display(const igsObjectPtr& label_display) { m_label_display = label_display; }
+  /// Null: the label stands where the system that reads has it.
+  const igsObjectPtr& label_display() const { return rare().label_display; }
+  void set_label_display(const igsObjectPtr& label_display);
   const igsStatusFlags& status_flags() const { return m_status_flags; }
   void set_status_flags(const igsStatusFlags& flags) { m_status_flags = flags; }
   int line_weight() const { return m_line_weight; }
   void set_line_weight(int weight) { m_line_weight = weight; }
   const igsColour& colour() const { return m_colour; }
   void set_colour(const igsColour& colour) { m_colour = colour; }
-  /// At most 8 characters of it fit in a file.
-  const utString& entity_label() const { return m_entity_label; }
-  void set_entity_label(const utString& label) { m_entity_label = label; }
+  /// At most 8 characters of it fit in a file, which always gives it 8. Good until it is set.
+  const utString& entity_label() const { return rare().label; }
+  void set_entity_label(const utString& label);
   int entity_subscript() const { return m_entity_subscript; }
   void set_entity_subscript(int subscript) { m_entity_subscript = subscript; }
 
@@ -85,19 +90,33 @@ class IGS_API igsDirectoryEntry {
   friend class igsFile;
   friend class igsObject;
 
+  /// What most entries do not have.
+  struct Rare : igsInFileMemory {
+    Rare() = default;
+    explicit Rare(utString label) : label(std::move(label)) {}
+
+    igsObjectPtr view;
+    igsObjectPtr label_display;
+    utString label;
+  };
+
   void set_manager(igsObjectManager* manager) { m_manager = manager; }
+  /// Shows the pointers of the entry that are not null.
   void visit_pointers(igsPointerVisitor& visitor);
   void set_type(igsEntityType type, int form) {
     m_entity_type = type;
     m_form_number = form;
   }
-  /// Takes over what has been read, but for the entity type.
-  void take(const igsDirectoryFields<utString>& fields);
+  /// Takes over what has been read, but for the entity type; the label is eight blanks where `label_is_blank`.
+  void take(const igsDirectoryFields<utString>& fields, bool label_is_blank);
   /// Writes the entry's two records.
   void write(igsOutStream& out) const;
   void check(bool with_matrix, int min_line_weight) const;
   void check_matrix() const;
   bool keeps_structure() const;
+  const Rare& rare() const { return m_rare != nullptr ? *m_rare : no_rare(m_label_is_blank); }
+  static const Rare& no_rare(bool blank_label);
+  Rare& make_rare();
 
   igsObjectManager* m_manager = nullptr;
   igsEntityType m_entity_type = igsEntityType(-1);
@@ -106,13 +125,12 @@ class IGS_API igsDirectoryEntry {
   int m_parameter_line_count = 0;
   int m_structure = 0;
   int m_line_weight = 0;
-  int m_entity_subscript = 0;
   igsStatusFlags m_status_flags;
+  bool m_label_is_blank = false;  ///< eight blanks; only without m_rare
   igsLineFont m_line_font;
   igsLevel m_level;
   igsColour m_colour;
-  igsObjectPtr m_view;
-  igsObjectPtr m_matrix;
-  igsObjectPtr m_label_display;
-  utString m_entity_label;
+  [[no_unique_address]] igsObjectPtr m_matrix;
+  int m_entity_subscript = 0;
+  std::unique_ptr<Rare> m_rare;
 };

@@ -103,8 +103,7 @@ void igsFile::object_created(igsObject* object) {
   } else {
     m_free_slots.pop_back();
   }
-  manager->set_directory_entry(igsEntityPool::make_entry(manager));
-  manager->directory_entry()->set_manager(manager);
+  igsEntityPool::make_entry(manager)->set_manager(manager);
   manager->set_object(object);
   manager->set_file(this);
   manager->set_system_location(slot);
@@ -204,13 +203,16 @@ void igsFile::check() const {
 
 void igsFile::check_entities() const {
   m_global_section.check();
-  const std::vector<igsViewNumberFault> view_numbers = igs_view_number_faults(*this);
+  std::vector<const igs410_0*> views;
   {
     const igsTraversalScope traversal(*this);
     igsFileIT entities(this);
-    while (++entities) entities()->check();
+    while (++entities) {
+      entities()->check();
+      igs_note_view(*entities(), views);
+    }
   }
-  igs_tag_view_numbers(view_numbers);
+  igs_tag_view_numbers(igs_view_number_faults(views));
 }
 
 void igsFile::clean(int delete_faulty) {

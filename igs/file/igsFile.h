@@ -181,6 +181,7 @@ class IGS_API igsFile {
   void release_prototype(igsObject* object);
   void reset_visit_flags() const;
   void tidyup();
+  void drop_unread_entities();
   void settle_numbers();
   void take_slot(int slot);
   void free_slot(int slot);
@@ -227,6 +228,8 @@ class IGS_API igsFile {
   std::vector<int> m_free_slots;
   int m_num_fixed_slots = 0;  ///< the first slots, whose numbers stay: those of entities that went are never used again
   int m_num_holes = 0;        ///< how many of these are empty
+  int m_num_read = 0;         ///< by the last read: entities whose parameter data were read
+  bool m_has_placeholders = false;  ///< made by the last read: entities without a class
   std::unordered_map<int, igsObjectManager*> m_pending;
   std::unique_ptr<igsEntityPool> m_pool;
   std::unordered_map<const igsObjectManager*, std::unique_ptr<igsKeptParts>> m_kept;

@@ -125,6 +125,9 @@ void igsFile::note_line(int de_number, int igsEntityLines::*line, const igsInStr
 }
 
 int igsFile::read_sections(igsInStream& in, utOstream& messages) {
+  const bool was_empty = m_slots.empty();
+  m_num_read = 0;
+  m_has_placeholders = false;
   const auto note_section = [&](igsFileSection section) {
     if (m_options.lines && in.in_section(section) != 0)
       m_section_lines.at(static_cast<std::size_t>(section)) = in.input_line();
@@ -137,7 +140,7 @@ int igsFile::read_sections(igsInStream& in, utOstream& messages) {
   if (result != 0) result = read_directory_section(in);
   note_section(igsParameterSectionId);
   if (result != 0) {
-    reset_visit_flags();
+    if (!was_empty) reset_visit_flags();
     result = read_parameter_data_section(in);
   }
   m_parameter_data_read = result;
@@ -186,12 +189,12 @@ void settle_type(DirectoryFields& fields, int location, const igsFileOptions& op
     igs_report<igsFileDEEntityTypeMismatch>(location, fields.type, fields.second_type);
     fields.type = unknown_type;
   }
-  if (!igsInfoDB::entity_exists(fields.type)) {  // the database knows the unknown type, with any form
+  if (igsInfoDB::form_exists(fields.type, fields.form, options)) return;  // the unknown type has any form
+  if (!igsInfoDB::entity_exists(fields.type)) {
     igs_report<igsFileInvalidIGESEntity>(location, fields.type);
     fields.type = unknown_type;
     return;
   }
-  if (igsInfoDB::form_exists(fields.type, fields.form, options)) return;
   int default_form = 0;
   int found = 0;
   igsInfoDB::default_form_number(fields.type, default_form, found);
@@ -223,8 +226,10 @@ int igsFile::read_directory_entry(igsInStream& in) {
   if (reader.has_nul()) tag_error(new igsFileDENullCharacters(location));
 
   igsObject* const object = igsFactory::make_one(static_cast<igsEntityType>(fields.type), fields.form, m_options);
-  object->directory_entry().take(fields);
+  object->directory_entry().take(fields, reader.label_is_blank());
+  if (object->isa(igsNull::type())) m_has_placeholders = true;
   if (object->isa(igsUnknown::type())) {
+    m_has_placeholders = true;
     static_cast<igsUnknown*>(object)->set_type_in_file(type_in_file.first, type_in_file.second);
     if (m_options.keep && one_type) {
       object->set_directory_entry_type(static_cast<igsEntityType>(type_in_file.first), type_in_file.second);
@@ -255,6 +260,7 @@ int igsFile::read_entity(igsInStream& in, igsObject& met) {
   in.position(section, first_line, column);
   const int lines_before = in.num_lines(igsParameterSectionId);
   igsObject* object = &met;
+  const bool was_read = met.manager()->visited() != 0;
   const int line_count = met.directory_entry().parameter_line_count();
   const int de = met.de_number();
   note_line(de, &igsEntityLines::parameter_data, in);
@@ -291,6 +297,7 @@ int igsFile::read_entity(igsInStream& in, igsObject& met) {
   const int next_record = in.in_section(igsParameterSectionId) != 0 ? 0 : 1;
   const int lines = in.num_lines(igsParameterSectionId) - lines_before + next_record;
   if (lines != line_count) igs_report<igsFileIncorrectPDLineCount>(de, lines, line_count);
+  if (!was_read && object->manager()->visited() != 0) ++m_num_read;
   return 1;
 }
 
@@ -325,6 +332,17 @@ void igsFile::drop_entity(igsObject* object) {
 }
 
 void igsFile::tidyup() {
+  if (m_options.keep || m_options.strict || m_has_placeholders || m_num_read != num_entities()) drop_unread_entities();
+  if (m_options.keep) {
+    settle_numbers();
+    settle_lost_references();
+    return;
+  }
+  for (const auto& [slot, manager] : m_pending) m_pool->destroy(manager);
+  m_pending = {};
+}
+
+void igsFile::drop_unread_entities() {
   igsFileIT entities(this);
   while (++entities) {
     igsObject* const object = entities();
@@ -340,11 +358,4 @@ void igsFile::tidyup() {
       tag_error(new igsFileNoPDData(de));
     }
   }
-  if (m_options.keep) {
-    settle_numbers();
-    settle_lost_references();
-    return;
-  }
-  for (const auto& [slot, manager] : m_pending) m_pool->destroy(manager);
-  m_pending = {};
 }

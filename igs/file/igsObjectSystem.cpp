@@ -7,6 +7,7 @@
 
 #include "igs/errors/igsErrorLog.h"
 #include "igs/file/igsFile.h"
+#include "igs/file/private/igsEntityPool.h"
 #include "igs/objects/private/igsPrototypeScope.h"
 #include "igs/support/private/makeRoom.h"
 
@@ -169,7 +170,15 @@ igsTraversalScope::igsTraversalScope(const igsFile& file) : m_depth(this_thread.
   }
 }
 
+bool igsTraversalScope::is_going_on() { return this_thread.traversals > 0; }
+
 igsTraversalScope::~igsTraversalScope() { --m_depth; }
+
+igsBlockMemory& igsObjectSystem::memory() {
+  if (!igsPrototypeScope::is_going_on()) return current_file().m_pool->memory();
+  static igsBlockMemory& of_prototypes = *new igsBlockMemory;  // never destroyed, as they are not
+  return of_prototypes;
+}
 
 void igsObjectSystem::object_created(igsObject* object) {
   if (!igsPrototypeScope::is_going_on()) current_file().object_created(object);

@@ -6,6 +6,7 @@
 #include "igs/support/export.h"
 
 class igsError;
+class igsBlockMemory;
 class igsErrorLog;
 class igsFile;
 class igsObject;
@@ -56,6 +57,7 @@ class IGS_API igsObjectSystem {
   friend class igsFileScope;
   friend class igsTraversalScope;
   friend class igsFactory;
+  friend class igsInFileMemory;
   friend class igsObject;
   friend class igsObjectPtr;
   friend class igsObjectError;
@@ -66,6 +68,8 @@ class IGS_API igsObjectSystem {
 
   static void file_created(igsFile* file);
   static void file_deleted(igsFile* file);
+  /// Of the current file.
+  static igsBlockMemory& memory();
   static void object_created(igsObject* object);
   static void ptr_created(igsObjectPtr* pointer, int slot);
   static void error_created(igsError* error);
@@ -88,6 +92,8 @@ class IGS_API igsTraversalScope {
  public:
   explicit igsTraversalScope(const igsFile& file);
   ~igsTraversalScope();
+  /// True while a traversal of this thread goes on.
+  static bool is_going_on();
   /// How many traversals go on within each other, this one included.
   int depth() const { return m_depth; }
   igsTraversalScope(const igsTraversalScope&) = delete;

@@ -110,18 +110,6 @@ void igsInBuffer::skip_line() {
   get_next_line();
 }
 
-void igsInBuffer::position(igsFileSection& section, int& line, int& column) const {
-  m_checker.position(section, line);
-  column = static_cast<int>(m_position - m_record);
-}
-
-int igsInBuffer::in_section(igsFileSection section) const {
-  igsFileSection current = igsNoSectionId;
-  int line = 0;
-  m_checker.position(current, line);
-  return m_has_record && !m_frozen && current == section ? 1 : 0;
-}
-
 void igsInBuffer::collect_errors(igsIOErrorcoDynArr& errors) {
   igsInBufferFiller::collect_errors(errors);
   m_checker.collect_errors(errors);

@@ -46,10 +46,15 @@ class IGS_API igsInBuffer : public igsInBufferFiller {
 
   /// Section and sequence number of the current record (of the last one at the end of input) and the 0-based column of
   /// the read position.
-  void position(igsFileSection& section, int& line, int& column) const;
+  void position(igsFileSection& section, int& line, int& column) const {
+    m_checker.position(section, line);
+    column = static_cast<int>(m_position - m_record);
+  }
   /// 1 while a record of this section can be read from; 0 when frozen, also at the end of input. Loops over the records
   /// of a section that ask this question end on every input.
-  int in_section(igsFileSection section) const;
+  int in_section(igsFileSection section) const {
+    return m_has_record && !m_frozen && m_checker.section() == section ? 1 : 0;
+  }
   /// Number of records read so far in the section.
   int num_lines(igsFileSection section) const { return m_checker.num_lines(section); }
   /// Sequence number of the current record as it stands there, whatever its place.

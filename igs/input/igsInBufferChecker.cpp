@@ -53,16 +53,26 @@ int igsInBufferChecker::check(char* record, std::size_t length, std::size_t& dat
   return syntax && semantics ? 1 : 0;
 }
 
-int igsInBufferChecker::check_plain(char* record, const igsRecordMarks& plain_marks, std::size_t& data_length) {
-  m_record = record;
-  m_length = record_length;
-  igsRecordMarks marks = plain_marks;
+int igsInBufferChecker::check_plain(char* record, const igsRecordMarks& marks, std::size_t& data_length) {
   m_number_as_read = marks.number;
   const bool goes_on = marks.section == m_current.section && marks.number == m_current.number + 1 &&
                        marks.backpointer == m_current.backpointer;
-  const bool semantics = goes_on || check_semantics(marks);
-  accept(marks);
-  data_length = mark_data_end(marks.section);
+  bool semantics = true;
+  if (goes_on) {
+    m_current.number = marks.number;
+    increase(m_lines[static_cast<std::size_t>(marks.section)]);
+  } else {
+    igsRecordMarks settled = marks;
+    semantics = check_semantics(settled);
+    accept(settled);
+  }
+  data_length = data_columns;
+  if (marks.section == igsParameterSectionId) {
+    data_length = pd_data_columns;
+    record[pd_data_columns] = '\n';
+  } else if (marks.section == igsGlobalSectionId) {
+    record[data_length++] = '\n';
+  }
   return semantics ? 1 : 0;
 }
 

@@ -27,6 +27,7 @@ class IGS_API igsInBufferChecker {
     section = m_current.section;
     line = m_current.number;
   }
+  igsFileSection section() const { return m_current.section; }
   /// Sequence number of the record checked last, as it stands there.
   int number_as_read() const { return m_number_as_read; }
   /// Back-pointers of the records whose column 65 belongs to their data, equal ones in a row once.

@@ -83,7 +83,8 @@ igsInBufferFiller::igsInBufferFiller(std::istream& in, const igsInOptions& optio
       m_shortcuts(options.shortcuts),
       m_recover(options.recover),
       m_wanted(options.recover ? 3 * with_line_end : with_line_end),
-      m_lines(options.lines) {
+      m_lines(options.lines),
+      m_plain_records(std::make_unique<igsPlainRecords>()) {
   m_overflow.reserve(2 * longest_line);
   if (options.note_line_end) note_line_end();
 }
@@ -131,10 +132,32 @@ void igsInBufferFiller::warn_once(bool& pending, const char* text) {
   pending = false;
 }
 
+// A line that the repair steps would leave as it is becomes the record where it stands in the block.
+inline bool igsInBufferFiller::get_plain(igsInBuffer& buffer) {
+  if (!m_overflow.empty()) return false;
+  igsInSource& source = *m_source;
+  if (source.available() < m_wanted) {
+    settle_continuation();  // the last record may be overwritten
+    if (source.require(m_wanted) < with_line_end) return false;
+  }
+  char* const text = source.data();
+  const bool lf = text[record_size] == '\n';
+  const bool cr_lf = text[record_size] == '\r' && text[record_size + 1] == '\n';
+  if (!(lf || cr_lf) || !m_plain_records->recognise(text)) return false;
+  m_plain_marks = &m_plain_records->marks();
+  text[record_size] = '\0';
+  if (m_lines) m_record_begin = source.position();
+  m_lf = true;
+  source.consume(lf ? record_size + 1 : record_size + 2);
+  m_unsettled = text;
+  buffer.set_record(text, record_size);
+  return true;
+}
+
 int igsInBufferFiller::get(igsInBuffer& buffer) {
   m_nul_in_record = false;
-  m_is_plain = m_shortcuts && get_plain(buffer);
-  if (m_is_plain) return 1;
+  if (m_shortcuts && get_plain(buffer)) return 1;
+  m_plain_marks = nullptr;
   settle_continuation();
   std::string& line = buffer.m_line;
   rebuild(line);
@@ -145,27 +168,6 @@ int igsInBufferFiller::get(igsInBuffer& buffer) {
   if (m_source->bad()) set_error(igsIOStreamBad);
   if (m_source->fail()) set_error(igsIOStreamFailed);
   return line.empty() ? 0 : 1;
-}
-
-// A line that the repair steps would leave as it is becomes the record where it stands in the block.
-bool igsInBufferFiller::get_plain(igsInBuffer& buffer) {
-  if (!m_overflow.empty()) return false;
-  igsInSource& source = *m_source;
-  if (source.available() < m_wanted) {
-    settle_continuation();  // the last record may be overwritten
-    if (source.require(m_wanted) < with_line_end) return false;
-  }
-  char* const text = source.data();
-  const bool lf = text[record_size] == '\n';
-  const bool cr_lf = text[record_size] == '\r' && text[record_size + 1] == '\n';
-  if (!(lf || cr_lf) || !read_plain_record(text, m_marks)) return false;
-  text[record_size] = '\0';
-  if (m_lines) m_record_begin = source.position();
-  m_lf = true;
-  source.consume(lf ? record_size + 1 : record_size + 2);
-  m_unsettled = text;
-  buffer.set_record(text, record_size);
-  return true;
 }
 
 int igsInBufferFiller::num_numbered_on(igsFileSection section, int number) const {

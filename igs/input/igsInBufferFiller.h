@@ -8,12 +8,13 @@
 
 #include "igs/input/igsIOErrorSet.h"
 #include "igs/input/igsInOptions.h"
-#include "igs/input/igsRecordMarks.h"
 #include "igs/support/export.h"
 #include "igs/support/igsWritingStyle.h"
 
 class igsInBuffer;
 class igsInSource;
+class igsPlainRecords;
+struct igsRecordMarks;
 
 /// Makes 80-column records of the physical lines of a stream. Repairs tabs, NUL characters (code 19), blank lines (20),
 /// lines that were split or run together, missing trailing blanks, shifted section letters and sequence numbers, and a
@@ -62,7 +63,7 @@ class IGS_API igsInBufferFiller {
   /// Line of the input on which the last record begins, 1-based; 0 unless lines are counted.
   int line_of_record() const;
   /// The marks of the last record when it needed no repair, else null.
-  const igsRecordMarks* plain_marks() const { return m_is_plain ? &m_marks : nullptr; }
+  const igsRecordMarks* plain_marks() const { return m_plain_marks; }
 
  private:
   void note_line_end();
@@ -110,6 +111,6 @@ class IGS_API igsInBufferFiller {
   bool m_two_points_pending = true;
   /// Characters read from the stream that belong to the next record; never more than a few lines.
   std::string m_overflow;
-  igsRecordMarks m_marks;
-  bool m_is_plain = false;
+  std::unique_ptr<igsPlainRecords> m_plain_records;
+  const igsRecordMarks* m_plain_marks = nullptr;
 };

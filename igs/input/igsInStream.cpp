@@ -54,33 +54,54 @@ void igsInStream::read_integer(unsigned width, int& value) {
   value = decoded(m_integer, [=, this] { fixed_decode(width); });
 }
 
-// Blanks, or a number right-aligned behind blanks, are almost all there is in fields of fixed width; nothing else is
-// touched. `present` tells the two apart.
-inline bool igsInStream::read_plain_integer(unsigned width, int& value, bool& present) {
-  if (width > 8 || record_end() - cursor() < 8) return false;
-  const std::uint64_t columns = igs_eight::right_aligned(igs_eight::load(cursor()), width);
+namespace {
+
+// Blanks, or a number right-aligned behind blanks, are almost all there is in fields of eight columns. `present` tells
+// the two apart; false for anything else.
+inline bool take_eight_columns(std::uint64_t columns, int& value, bool& present) {
   std::uint64_t number = 0;
   present = columns == igs_eight::single_zero || igs_eight::right_aligned_number(columns, number);
-  if (!present && columns != igs_eight::blanks) return false;
   value = static_cast<int>(number);
-  *this += width;
-  return true;
+  if (present || columns == igs_eight::blanks) return true;
+  present = igs_eight::right_aligned_number(igs_eight::without_minus(columns), number);
+  value = -static_cast<int>(number);
+  return present;
 }
 
-template <unsigned width>
-void igsInStream::read_columns(std::initializer_list<int*> values) {
-  bool any_present = false;
-  begin_field(0);
-  for (int* const value : values) {
-    bool present = false;
-    if (read_plain_integer(width, *value, present)) {
-      m_value_present = present ? 1 : 0;
-      any_present |= present;
-    } else {
-      read_integer(width, *value);
-    }
+}  // namespace
+
+/// Takes fields of eight columns as long as they are plain, and returns the first that is not.
+inline int* const* igsInStream::read_plain_columns(int* const* value, int* const* end) {
+  if (frozen() || data_end() - cursor() < 8 * (end - value)) return value;
+  const char* columns = cursor();
+  bool any_present = false, present = false;
+  for (; value != end; ++value, columns += 8) {
+    bool is_present = false;
+    if (!take_eight_columns(igs_eight::load(columns), **value, is_present)) break;
+    present = is_present;
+    any_present |= present;
   }
   if (any_present) m_field_errors.set(igsIOValuePresent);
+  m_value_present = present ? 1 : 0;
+  *this += static_cast<unsigned>(columns - cursor());
+  return value;
+}
+
+/// Takes four fields of two columns where both are digits in all of them.
+inline bool igsInStream::read_plain_pairs(std::initializer_list<int*> values) {
+  std::uint64_t digits = 0;
+  if (values.size() != 4 || frozen() || data_end() - cursor() < 8 ||
+      igs_eight::leading_digits(igs_eight::load(cursor()), digits) != 8) {
+    return false;
+  }
+  std::uint64_t pairs = digits * 10 + (digits >> 8);
+  for (int* const value : values) {
+    *value = static_cast<int>(pairs & 0xFF);
+    pairs >>= 16;
+  }
+  note_value();
+  *this += 8;
+  return true;
 }
 
 // Knots, weights and components of directions are mostly a digit, a point and perhaps a zero; nothing else is touched.
@@ -98,10 +119,13 @@ inline bool igsInStream::read_plain_double(double& value) {
 }
 
 void igsInStream::read_integers(unsigned width, std::initializer_list<int*> values) {
-  // The widths of directory entries, so that the shifts are known when this is compiled.
-  if (width == 8) return read_columns<8>(values);
-  if (width == 2) return read_columns<2>(values);
-  for (int* const value : values) read_integer(width, *value);
+  begin_field(0);
+  if (width == 2 && read_plain_pairs(values)) return;
+  int* const* value = values.begin();
+  while (value != values.end()) {
+    if (width == 8) value = read_plain_columns(value, values.end());
+    if (value != values.end()) read_integer(width, **value++);
+  }
 }
 
 void igsInStream::read_double(double& value) {
@@ -133,6 +157,17 @@ void igsInStream::read_string(unsigned width, utString& value) {
   } else {
     value = decoded(m_string, [=, this] { fixed_decode(width); });
   }
+}
+
+bool igsInStream::take_blanks(unsigned width) {
+  if (frozen() || data_end() - cursor() < static_cast<std::ptrdiff_t>(width)) return false;
+  for (unsigned i = 0; i < width; i += 8) {
+    if (igs_eight::load(cursor() + i) != igs_eight::blanks) return false;
+  }
+  begin_field(0);
+  note_value();
+  *this += width;
+  return true;
 }
 
 void igsInStream::collect_errors() {

@@ -40,6 +40,9 @@ class IGS_API igsInStream : public igsInEngine {
   void read_holerith(utString& value);
   /// A text of `width` columns.
   void read_string(unsigned width, utString& value);
+  /// As read_string of `width` columns, a multiple of 8, that are all blank; returns false, nothing done, where they
+  /// are not, or there are not as many.
+  bool take_blanks(unsigned width);
   /// Passes over `width` columns.
   void skip_columns(unsigned width) {
     begin_field(0);
@@ -95,10 +98,9 @@ class IGS_API igsInStream : public igsInEngine {
     m_value_present = 1;
   }
   bool read_plain_integer(int& value);
-  bool read_plain_integer(unsigned width, int& value, bool& present);
   bool read_plain_double(double& value);
-  template <unsigned width>
-  void read_columns(std::initializer_list<int*> values);
+  int* const* read_plain_columns(int* const* value, int* const* end);
+  bool read_plain_pairs(std::initializer_list<int*> values);
   bool end_fast_field(std::size_t length);
   template <class Decoder, class Decode>
   decltype(auto) decoded(Decoder& decoder, Decode decode);

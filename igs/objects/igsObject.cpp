@@ -82,15 +82,7 @@ void igsObject::visit_pointers(igsPointerVisitor& /*visitor*/) {}
 
 void igsObject::visit_fields(igsFieldVisitor& /*visitor*/) const {}
 
-int igsObject::de_number() const { return m_manager != nullptr ? 2 * m_manager->system_location() + 1 : 0; }
-
-igsDirectoryEntry& igsObject::directory_entry() const { return *m_manager->directory_entry(); }
-
-igsFile& igsObject::file() const { return *m_manager->file(); }
-
 const utString& igsObject::name() const { return igsInfoDB::entity_name(directory_entry().entity_type()); }
-
-int igsObject::num_references() const { return m_manager->num_references(); }
 
 int igsObject::num_logged_errors() const {
   const igsErrorLog& log = file().error_log();
@@ -158,6 +150,8 @@ int igsObject::check() const {
   // Checks call each other through references: on the call stack as far as that is surely deep enough.
   constexpr int max_check_depth = 201;
 
+  // Most references lead to what has been checked.
+  if (m_manager->visited() != 0 && igsTraversalScope::is_going_on()) return m_manager->validated();
   const igsTraversalScope traversal(file());
   if (m_manager->visited() == 0) {
     if (traversal.depth() <= max_check_depth) {

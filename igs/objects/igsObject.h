@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "igs/objects/igsEntityType.h"
+#include "igs/objects/igsInFileMemory.h"
 #include "igs/objects/igsObjectPtr.h"
 #include "igs/support/export.h"
 #include "igs/support/igsTyped.h"
@@ -15,7 +16,6 @@ class igsFieldVisitor;
 class igsFile;
 class igsInStream;
 class igsObjectError;
-class igsObjectManager;
 class igsOutStream;
 class igsStructureError;
 class utOstream;
@@ -30,7 +30,7 @@ class IGS_API igsPointerVisitor {
 
 /// An IGES entity. Constructing one registers it with the current file (igsObjectSystem::set_current_file), which gives
 /// it a DE number and owns it from then on: create entities with `new`. Deleting one makes every pointer to it null.
-class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
+class IGS_API igsObject : public igsInFileMemory, public igsTypedRoot<"igsObject"> {
  public:
   /// A new entity of the class that stands for the type and form; an igsUnknown where none does.
   static igsObject* create(igsEntityType type, int form);
@@ -81,14 +81,14 @@ class IGS_API igsObject : public igsTypedRoot<"igsObject"> {
   virtual void visit_fields(igsFieldVisitor& visitor) const;
 
   /// 1, 3, 5, ...; may change when the file is written.
-  int de_number() const;
-  igsDirectoryEntry& directory_entry() const;
-  igsFile& file() const;
+  int de_number() const { return m_manager != nullptr ? 2 * m_manager->system_location() + 1 : 0; }
+  igsDirectoryEntry& directory_entry() const { return *m_manager->directory_entry(); }
+  igsFile& file() const { return *m_manager->file(); }
   igsObjectManager* manager() const { return m_manager; }
   /// The entity type's name, "Line" for example; empty for a type that the standard does not know.
   const utString& name() const;
   /// Number of pointers to this entity.
-  int num_references() const;
+  int num_references() const { return m_manager->num_references(); }
   /// Number of active errors under this DE number in the object and structure logs of the entity's file.
   int num_logged_errors() const;
 

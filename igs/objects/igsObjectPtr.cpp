@@ -31,15 +31,6 @@ void igsObjectPtr::release() {
   m_index = -1;
 }
 
-igsObject* igsObjectPtr::object() const { return m_manager != nullptr ? m_manager->object() : nullptr; }
-
-igsObjectPtr::operator void*() const { return object(); }
-
-int igsObjectPtr::de_number() const {
-  const int slot = m_manager != nullptr ? m_manager->system_location() : -1;
-  return slot >= 0 ? 2 * slot + 1 : 0;
-}
-
 namespace {
 // A cascade of deletions runs on the call stack as far as that is surely deep enough; below that, entities wait here
 // for their turn. When memory runs out, those that wait stay.

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "igs/objects/igsObjectManager.h"
 #include "igs/support/export.h"
 
 class igsObject;
-class igsObjectManager;
 
 /// A counted pointer from one entity to another. It never owns its target, and becomes null by itself when the target
 /// is deleted. Built from a DE number it may also wait for an entity that is yet to be made.
@@ -39,9 +39,12 @@ class IGS_API igsObjectPtr {
   }
 
   /// The target; null for a null pointer and for one whose entity does not exist yet.
-  igsObject* object() const;
+  igsObject* object() const { return m_manager != nullptr ? m_manager->object() : nullptr; }
+  /// True for a pointer to an entity, also where that does not exist yet.
+  bool is_bound() const { return m_manager != nullptr; }
   /// Null exactly where object() is.
-  operator void*() const;  // NOLINT(google-explicit-constructor): pointers are tested and compared like raw ones
+  // NOLINTNEXTLINE(google-explicit-constructor): pointers are tested and compared like raw ones
+  operator void*() const { return object(); }
   /// True where object() is not null.
   explicit operator bool() const { return object() != nullptr; }
   /// Makes `delete pointer` ambiguous, so that it does not compile. Nothing else chooses it.
@@ -51,7 +54,10 @@ class IGS_API igsObjectPtr {
   igsObject* operator->() const { return object(); }
   /// The target's DE number, 0 for a null pointer: what is written to a file. Where the file has no such entity, but
   /// keeps what it reads (igsFileOptions::keep), the number that was read, until an entity that was there is deleted.
-  int de_number() const;
+  int de_number() const {
+    const int slot = m_manager != nullptr ? m_manager->system_location() : -1;
+    return slot >= 0 ? 2 * slot + 1 : 0;
+  }
 
   /// Same target. Two null pointers are equal.
   bool operator==(const igsObjectPtr& other) const { return object() == other.object(); }

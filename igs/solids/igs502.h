@@ -6,6 +6,7 @@
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/fields/igsNamedError.h"
+#include "igs/objects/igsList.h"
 #include "igs/support/giPoint.h"
 
 /// The vertex list is empty, or its count is negative or out of proportion to the record.
@@ -34,5 +35,5 @@ class IGS_API igs502 : public igsEntity<igs502, "igs502", igsObject> {
   }
 
  private:
-  std::vector<giPoint3> m_vertices;
+  igsList<giPoint3> m_vertices;
 };

@@ -6,6 +6,7 @@
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/fields/igsNamedError.h"
+#include "igs/objects/igsList.h"
 
 /// The face has no loops, or their number is negative or out of proportion to the record.
 using igs510NoLoops = igsNamedError<"igs510NoLoops">;
@@ -49,9 +50,9 @@ class IGS_API igs510 : public igsEntity<igs510, "igs510", igsObject> {
   }
 
  private:
-  igsObjectPtr m_surface;
+  [[no_unique_address]] igsObjectPtr m_surface;
   int m_outer_loop_flag = 0;
-  std::vector<igsObjectPtr> m_loops;
+  igsList<igsObjectPtr> m_loops;
   int m_solid_id = 0;
   int m_orientation = 1;
 };

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "igs/objects/igsList.h"
 #include "igs/objects/igsObjectPtr.h"
 #include "igs/support/export.h"
 
@@ -42,10 +43,10 @@ class IGS_API igsEdge {
 
  private:
   igsObjectPtr m_curve;
-  igsObjectPtr m_first_list;
+  [[no_unique_address]] igsObjectPtr m_first_list;
   int m_first_offset = 0;
-  igsObjectPtr m_second_list;
+  [[no_unique_address]] igsObjectPtr m_second_list;
   int m_second_offset = 0;
 };
 
-using igsEdgecoDynArr = std::vector<igsEdge>;
+using igsEdgecoDynArr = igsList<igsEdge>;

@@ -5,6 +5,7 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsListAccess.h"
 #include "igs/fields/igsNamedError.h"
+#include "igs/objects/igsList.h"
 #include "igs/objects/igsObjectPtr.h"
 #include "igs/support/export.h"
 
@@ -38,11 +39,11 @@ class IGS_API igsHalfEdge {
   }
 
  private:
-  igsObjectPtr m_curve;
+  [[no_unique_address]] igsObjectPtr m_curve;
   int m_isoparametric_flag = 0;
 };
 
-using igsHalfEdgecoDynArr = std::vector<igsHalfEdge>;
+using igsHalfEdgecoDynArr = igsList<igsHalfEdge>;
 
 /// One step of a loop (igs508): an edge of an edge list (igs504, edge type 0) or a vertex of a vertex list (igs502,
 /// edge type 1) by its 0-based position there; orientation 1 when the loop follows the edge's curve, 0 when it goes
@@ -87,11 +88,11 @@ class IGS_API igsOrientedEdge {
   }
 
  private:
-  int m_edge_type = 0;
-  igsObjectPtr m_list;
+  [[no_unique_address]] igsObjectPtr m_list;
   int m_index = 0;
+  int m_edge_type = 0;
   int m_orientation = 0;
   igsHalfEdgecoDynArr m_half_edges;
 };
 
-using igsOrientedEdgecoDynArr = std::vector<igsOrientedEdge>;
+using igsOrientedEdgecoDynArr = igsList<igsOrientedEdge>;

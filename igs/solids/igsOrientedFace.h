@@ -30,7 +30,7 @@ class IGS_API igsOrientedFace {
   }
 
  private:
-  igsObjectPtr m_face;
+  [[no_unique_address]] igsObjectPtr m_face;
   int m_orientation = 0;
 };
 

@@ -30,7 +30,7 @@ class IGS_API igsOrientedShell {
   }
 
  private:
-  igsObjectPtr m_shell;
+  [[no_unique_address]] igsObjectPtr m_shell;
   int m_orientation = 0;
 };
 

@@ -17,11 +17,12 @@ class IGS_API igsFontCode : public igsDEAttribute {
   igsFontCode() : igsFontCode(standard) {}
   /// From the field as read.
   explicit igsFontCode(int field) : igsDEAttribute(field) {
-    if (field < 0) m_value = standard;
+    if (field < 0) set_value(standard);
   }
   explicit igsFontCode(const igsObjectPtr& text_font) : igsFontCode() { set_definition(text_font); }
 
-  int number() const { return m_value; }
+  /// 1, or the number before, where there is a text font.
+  int number() const { return value(); }
 };
 
 /// How a text is set: the part that a string of a general note (igs212) and a text template (igs312) have in common.

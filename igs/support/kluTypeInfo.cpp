@@ -20,9 +20,7 @@ kluTypeInfo::kluTypeInfo(const utString& name, const kluTypeInfo* const* parents
   if (count > 1) m_other_parents = kept_copy(parents + 1, count);
 }
 
-bool kluTypeInfo::operator==(const kluTypeInfo& other) const {
-  return m_hash == other.m_hash && (this == &other || std::strcmp(m_name, other.m_name) == 0);
-}
+bool kluTypeInfo::has_name_of(const kluTypeInfo& other) const { return std::strcmp(m_name, other.m_name) == 0; }
 
 bool kluTypeInfo::childof(const kluTypeInfo& other) const {
   for (const kluTypeInfo* record = this; record != nullptr; record = record->m_parent) {

@@ -30,9 +30,12 @@ class IGS_API kluTypeInfo {
   bool childof(const kluTypeInfo& other) const;
 
   /// Same class. Records are compared by name: a host linked to a shared library may hold its own copy of a record.
-  bool operator==(const kluTypeInfo& other) const;
+  bool operator==(const kluTypeInfo& other) const {
+    return m_hash == other.m_hash && (this == &other || has_name_of(other));
+  }
 
  private:
+  bool has_name_of(const kluTypeInfo& other) const;
   static constexpr std::uint64_t hash(const char* text) {
     std::uint64_t value = 14695981039346656037ULL;  // FNV-1a
     for (; *text != '\0'; ++text) value = (value ^ static_cast<unsigned char>(*text)) * 1099511628211ULL;

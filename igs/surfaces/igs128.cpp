@@ -21,8 +21,8 @@ int igs128::set_order_size(int order_u, int order_v, int count_u, int count_v) {
   if (any_array || order_u < 1 || order_v < 1 || count_u < order_u || count_v < order_v) return 0;
   if (!can_be_counted(order_u, order_v, count_u, count_v)) return 0;
   const auto size = static_cast<std::size_t>(count_u) * static_cast<std::size_t>(count_v);
-  std::vector<giPoint3> control_points(size);
-  std::vector<double> weights(size, igs_undefined_real);
+  igsList<giPoint3> control_points(size);
+  igsList<double> weights(size, igs_undefined_real);
   m_u.make(order_u, count_u);
   m_v.make(order_v, count_v);
   m_count_u = count_u;
@@ -125,8 +125,8 @@ int igs128::refuse_sizes(const Size& size) {
   }
   m_u.clear();
   m_v.clear();
-  m_weights = std::vector<double>();
-  m_control_points = std::vector<giPoint3>();
+  m_weights = igsList<double>();
+  m_control_points = igsList<giPoint3>();
   return 0;
 }
 

@@ -7,6 +7,7 @@
 #include "igs/fields/igsBoundedList.h"
 #include "igs/fields/igsEntity.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/objects/igsList.h"
 #include "igs/objects/igsSurface.h"
 #include "igs/support/giPoint.h"
 
@@ -161,6 +162,6 @@ class IGS_API igs128 : public igsWrittenEntity<igs128, "igs128", igsParameterize
   igsKnotVector m_v;
   int m_count_u = 0;
   int m_count_v = 0;
-  std::vector<giPoint3> m_control_points;
-  std::vector<double> m_weights;
+  igsList<giPoint3> m_control_points;
+  igsList<double> m_weights;
 };

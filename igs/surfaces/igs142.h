@@ -41,6 +41,6 @@ class IGS_API igs142 : public igsEntity<igs142, "igs142", igsObject> {
   int m_curve_creation = 0;
   igsObjectPtr m_surface;
   igsObjectPtr m_curve_2d;
-  igsObjectPtr m_curve_3d;
+  [[no_unique_address]] igsObjectPtr m_curve_3d;
   int m_preferred_representation = 0;
 };

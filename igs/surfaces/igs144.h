@@ -58,7 +58,7 @@ class IGS_API igs144 : public igsEntity<igs144, "igs144", igsObject> {
  private:
   void check_inner_boundaries() const;
 
-  igsObjectPtr m_surface;
+  [[no_unique_address]] igsObjectPtr m_surface;
   int m_outer_boundary_flag = 0;
   igsObjectPtr m_outer_boundary;
   mutable igsReferenceList m_inner_boundaries;  // a check, which is const, starts the index list anew

@@ -292,6 +292,29 @@ TEST(Fields, AreWhatTheConversionsOfTheCLibraryMakeOfThem) {
   for (int i = 0; i < 1600 && !testing::Test::HasFailure(); ++i) expect_promises(igs_fuzz_field, random_input(fields));
 }
 
+// Fields of a directory entry are taken together where they are as usual.
+TEST(Fields, OfFixedWidthAreTheSameTogetherAndOneByOne) {
+  Fields fields;
+  const std::array usual = {"       0", "        ", "      -5", "  -12345", "12345678", "    1000", "     - 5",
+                            "       -", "-1234567", "  5     ", "00010500", " 1 2 3 4", "     1.0", "    12-3"};
+  for (int i = 0; i < 2000 && !HasFailure(); ++i) {
+    std::string text;
+    while (text.size() < 72) text += fields.below(9) == 0 ? fields.some(" 0123456789-+.\t", 8) : fields.one_of(usual);
+    const unsigned width = fields.below(2) == 0 ? 2 : 8;
+    std::istringstream first(record('D', 1, text)), second(record('D', 1, text));
+    igsInStream together(first), one_by_one(second);
+    std::array<int, 4> all{}, each{};
+    together.read_integers(width, {&all[0], &all[1], &all[2], &all[3]});
+    for (int& value : each) one_by_one.read_integer(width, value);
+    EXPECT_EQ(all, each) << text;
+    EXPECT_EQ(together.take_value_present(), one_by_one.take_value_present()) << text;
+    EXPECT_EQ(codes(together.errors()), codes(one_by_one.errors())) << text;
+    one_by_one.read_integer(8, each[0]);
+    together.read_integer(8, all[0]);
+    EXPECT_EQ(all[0], each[0]) << text;
+  }
+}
+
 TEST(Stream, KeepsTheCodesUntilTheyAreCollected) {
   std::istringstream stream(record('P', 1, "1 2,,3.,nan,x,") + "\n" + record('P', 2, "4,"));
   igsInStream in(stream);

@@ -1,15 +1,22 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cfloat>
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <locale>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "igs/errors/igsError.h"
 #include "igs/support/giPoint.h"
 #include "igs/support/igsTyped.h"
 #include "igs/support/kelabsOutput.h"
+#include "igs/support/private/addressSanitizer.h"
+#include "igs/support/private/igsBlockMemory.h"
 #include "igs/support/ubFStream.h"
 #include "igs/support/utOstream.h"
 
@@ -53,6 +60,32 @@ TEST(Output, FormatsLongTextsWhole) {
   const std::string name(5000, 'x');
   sink.print("iges", "Warning : %s at DE %d.\n", name.c_str(), 7);
   EXPECT_EQ(text.str(), "Warning : " + name + " at DE 7.\n");
+}
+
+// Of all sizes, and more than a block: nothing lies on anything else, and what is given back serves its size again.
+TEST(BlockMemory, OutlivesItsOwnerAsLongAsItIsUsed) {
+  std::vector<std::pair<unsigned char*, std::size_t>> used;
+  const auto fill = [&used](igsBlockMemory& memory, std::size_t size) {
+    used.emplace_back(static_cast<unsigned char*>(memory.take(size)), size);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(used.back().first) % (size % 16 == 0 ? 16 : 8), 0U) << size;
+    std::memset(used.back().first, static_cast<int>(used.size() % 251), size);
+  };
+  {
+    igsBlockMemory memory;
+    for (std::size_t i = 0; i < 4000; ++i) fill(memory, 1 + i * 7 % 600);
+    for (std::size_t i = 0; i < used.size(); i += 3) {
+      const auto [place, size] = std::exchange(used[i], {});
+      igsBlockMemory::give_back(place, size);
+      void* const again = memory.take(size);
+      EXPECT_TRUE(again == place || size > 512 || under_address_sanitizer) << size;
+      igsBlockMemory::give_back(again, size);
+    }
+  }
+  for (std::size_t i = 0; i < used.size(); ++i) {
+    const auto [place, size] = used[i];
+    EXPECT_TRUE(std::all_of(place, place + size, [i](unsigned char c) { return c == (i + 1) % 251; })) << i;
+    igsBlockMemory::give_back(place, size);
+  }
 }
 
 TEST(TempFile, IsCreatedOnceAndNeverInABadDirectory) {

@@ -10,7 +10,7 @@
 namespace {
 // Most lists are no longer than what was read before them, so that they are made at once and leave no room unused.
 template <class Element>
-void reserve_in_proportion(std::vector<Element>& list, std::int64_t count, std::size_t read_before) {
+void reserve_in_proportion(igsList<Element>& list, std::int64_t count, std::size_t read_before) {
   list.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, static_cast<std::int64_t>(read_before))));
 }
 }  // namespace
@@ -21,7 +21,7 @@ double igs_read_supplied(igsInStream& in) {
   return in.take_value_present() != 0 ? value : igs_undefined_real;
 }
 
-int igs_read_reals(igsInStream& in, std::int64_t count, std::vector<double>& reals, std::size_t read_before) {
+int igs_read_reals(igsInStream& in, std::int64_t count, igsList<double>& reals, std::size_t read_before) {
   if (!in.frozen()) reserve_in_proportion(reals, count, read_before);
   const auto read = [&in](double& real) {
     if (in.frozen()) return igsSupply::ended;
@@ -33,7 +33,7 @@ int igs_read_reals(igsInStream& in, std::int64_t count, std::vector<double>& rea
   return igs_read_bounded(in, count, reals, read, igs_undefined_real);
 }
 
-int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& points, std::size_t read_before) {
+int igs_read_points(igsInStream& in, std::int64_t count, igsList<giPoint3>& points, std::size_t read_before) {
   if (!in.frozen()) reserve_in_proportion(points, count, read_before);
   const auto read = [&in](giPoint3& point) {
     if (in.frozen()) return igsSupply::ended;
@@ -54,7 +54,7 @@ void igs_print_flag(utOstream& os, const char* label, int value, int true_value)
   os << label << " = " << value << meaning << utEndl;
 }
 
-igsWeightSpread igs_weight_spread(const std::vector<double>& weights, double tolerance) {
+igsWeightSpread igs_weight_spread(const igsList<double>& weights, double tolerance) {
   igsWeightSpread spread;
   for (const double weight : weights) {
     spread.all_exact &= weight == weights.front();

@@ -8,6 +8,7 @@
 #include "igs/curves/igsKnotVector.h"
 #include "igs/curves/private/igsGeometryChecks.h"
 #include "igs/fields/igsListAccess.h"
+#include "igs/objects/igsList.h"
 #include "igs/objects/igsObject.h"
 #include "igs/support/giPoint.h"
 
@@ -18,9 +19,9 @@ double igs_read_supplied(igsInStream& in);
 /// Reads `count` reals, -DBL_MAX for those that the record does not supply. Returns 1; returns 0 for a count that
 /// cannot be believed. `read_before`: how many values the record is known to have supplied, from which the memory set
 /// aside at once follows.
-int igs_read_reals(igsInStream& in, std::int64_t count, std::vector<double>& reals, std::size_t read_before = 0);
+int igs_read_reals(igsInStream& in, std::int64_t count, igsList<double>& reals, std::size_t read_before = 0);
 /// As above for points: an empty field is 0, and the points behind the record's end are undefined.
-int igs_read_points(igsInStream& in, std::int64_t count, std::vector<giPoint3>& points, std::size_t read_before);
+int igs_read_points(igsInStream& in, std::int64_t count, igsList<giPoint3>& points, std::size_t read_before);
 /// Prints "label = 1(True)"; `true_value` is the value that means so, 0 or 1.
 void igs_print_flag(utOstream& os, const char* label, int value, int true_value = 1);
 /// What PROP3 holds for a rational spline: 0, and 1 for a polynomial one.
@@ -31,7 +32,7 @@ struct igsWeightSpread {
   bool all_exact = true;
   bool all_close = true;
 };
-igsWeightSpread igs_weight_spread(const std::vector<double>& weights, double tolerance);
+igsWeightSpread igs_weight_spread(const igsList<double>& weights, double tolerance);
 
 enum class igsWeightFault { none, zero, unset, negative };
 inline igsWeightFault igs_weight_fault(double weight, double tolerance) {
@@ -41,8 +42,8 @@ inline igsWeightFault igs_weight_fault(double weight, double tolerance) {
 }
 
 /// Tags `entity` with the faults of the knots themselves: unset ones and those below the largest one before them.
-template <class Errors>
-void igs_check_knot_sequence(const igsObject& entity, const std::vector<double>& knots) {
+template <class Errors, class Reals>
+void igs_check_knot_sequence(const igsObject& entity, const Reals& knots) {
   double previous = igs_undefined_real;
   for (std::size_t i = 0; i < knots.size(); ++i) {
     const double knot = knots[i];
@@ -73,7 +74,8 @@ void igs_check_break_points(const igsObject& entity, const std::vector<double>& 
 
 /// Raises knot or break point `i` to `previous`, the largest one before it, and returns 1; returns 0 and changes
 /// nothing where it is not less than `tolerance` below.
-inline int igs_raise_knot(std::vector<double>& knots, int i, double previous, double tolerance) {
+template <class Reals>
+int igs_raise_knot(Reals& knots, int i, double previous, double tolerance) {
   double* const knot = igs_place(knots, i);
   if (knot == nullptr || !(previous - *knot < tolerance)) return 0;
   *knot = previous;
@@ -84,7 +86,7 @@ inline int igs_raise_knot(std::vector<double>& knots, int i, double previous, do
 /// spans of the range. `Errors` names the six error classes.
 template <class Errors>
 void igs_check_knots(const igsObject& entity, const igsKnotVector& direction, double tolerance) {
-  const std::vector<double>& knots = direction.knots();
+  const igsList<double>& knots = direction.knots();
   if (knots.empty()) return;
   igs_check_knot_sequence<Errors>(entity, knots);
 

@@ -51,12 +51,19 @@ class igsDirectoryReader {
   }
   void statuses(auto&... fields) { m_in.read_integers(igsDirectoryFields<utString>::status_width, {&fields...}); }
   void label(utString& label) {
+    using Fields = igsDirectoryFields<utString>;
     if (m_lost_second) return;
-    m_in.skip_columns(igsDirectoryFields<utString>::reserved_width);
-    m_in.read_string(igsDirectoryFields<utString>::field_width, label);
+    if (m_in.take_blanks(Fields::reserved_width + Fields::field_width)) {
+      m_label_is_blank = true;
+    } else {
+      m_in.skip_columns(Fields::reserved_width);
+      m_in.read_string(Fields::field_width, label);
+    }
   }
 
   bool has_nul() const { return m_has_nul; }
+  /// The label is left empty then.
+  bool label_is_blank() const { return m_label_is_blank; }
   bool lost_second_record() const { return m_lost_second; }
 
  private:
@@ -65,6 +72,7 @@ class igsDirectoryReader {
   int m_first_number = 0;
   bool m_lost_second = false;
   bool m_has_nul = false;
+  bool m_label_is_blank = false;
 };
 
 /// Puts the fields that it is handed side by side.

@@ -60,6 +60,16 @@ inline bool right_aligned_number(std::uint64_t characters, std::uint64_t& value)
   return true;
 }
 
+/// Eight characters, not all blank, with a blank in place of the minus sign that comes first behind the blanks and
+/// right before another character; all blank where there is none.
+inline std::uint64_t without_minus(std::uint64_t characters) {
+  constexpr std::uint64_t minus_or_blank = '-' ^ ' ';
+  const int first = std::countr_zero(characters ^ blanks) & 56;
+  const std::uint64_t behind_blanks = characters >> first;
+  if ((behind_blanks & 0xFF) != '-' || ((behind_blanks >> 8) & 0xFF) == ' ') return blanks;
+  return characters ^ (minus_or_blank << first);
+}
+
 /// Number of blanks that lead.
 inline unsigned leading_blanks(std::uint64_t characters) {
   const std::uint64_t not_blank = characters ^ blanks;

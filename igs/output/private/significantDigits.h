@@ -45,7 +45,7 @@ inline SignificantDigits significant_digits([[maybe_unused]] std::uint64_t value
   // counts as below it.
   int exponent = ((e + 63) * 315653) >> 20;
   const bool in_doubt = igs_power_of_ten::log2(exponent + 1) == e + 63;
-  exponent += in_doubt & (m > igs_power_of_ten::mantissa(exponent + 1).high) ? 1 : 0;
+  exponent += (in_doubt & (m > igs_power_of_ten::mantissa(exponent + 1).high)) ? 1 : 0;
   const int k = count - 1 - exponent;
   const igs_power_of_ten::uint128 product = igs_power_of_ten::high_bits_of_product(m, igs_power_of_ten::mantissa(k));
   const auto high = static_cast<std::uint64_t>(product >> 64), low = static_cast<std::uint64_t>(product);

@@ -5,19 +5,11 @@
 #include <new>
 #include <unordered_set>
 
-#include "igs/file/igsFile.h"
 #include "igs/objects/igsObjectManager.h"
 #include "igs/structure/igs410_0.h"
 #include "igs/structure/igs410_0_errors.h"
 
 namespace {
-std::vector<const igs410_0*> views_of(const igsFile& file) {
-  std::vector<const igs410_0*> views;
-  igsFileTypeIT entities(&file, igs410_0::type());
-  while (++entities != 0) views.push_back(static_cast<const igs410_0*>(entities()));
-  return views;
-}
-
 /// Numbers that no view has: those above the largest, and when these are used up the lowest ones.
 class FreeNumbers {
  public:
@@ -38,8 +30,11 @@ class FreeNumbers {
 };
 }  // namespace
 
-std::vector<igsViewNumberFault> igs_view_number_faults(const igsFile& file) {
-  const std::vector<const igs410_0*> views = views_of(file);
+void igs_note_view(const igsObject& entity, std::vector<const igs410_0*>& views) {
+  if (entity.isa(igs410_0::type())) views.push_back(static_cast<const igs410_0*>(&entity));
+}
+
+std::vector<igsViewNumberFault> igs_view_number_faults(const std::vector<const igs410_0*>& views) {
   FreeNumbers free_numbers(views);
   std::unordered_set<int> seen;
   std::vector<igsViewNumberFault> faults;
