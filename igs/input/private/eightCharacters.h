@@ -43,11 +43,6 @@ inline constexpr std::uint64_t blanks = every_byte * ' ';
 /// A zero behind blanks.
 inline constexpr std::uint64_t single_zero = (blanks >> 8) | (std::uint64_t{'0'} << 56);
 
-/// The first `width` (1 to 8) characters at the end of eight, behind blanks.
-inline std::uint64_t right_aligned(std::uint64_t characters, unsigned width) {
-  return width == 8 ? characters : (characters << (64 - 8 * width)) | (blanks >> (8 * width));
-}
-
 /// The number that eight characters make, right-aligned behind blanks; false when they hold anything else, and when all
 /// are blank.
 inline bool right_aligned_number(std::uint64_t characters, std::uint64_t& value) {
