@@ -16,6 +16,15 @@ bool read_number(const char* start, const char* end, int& number) {
   return start + igs_number::parse_int(start, number) == end;
 }
 
+// The end of the data of a record of 80 columns; returns where that is.
+inline std::size_t mark_full_record(char* record, igsFileSection section) {
+  if (section == igsNoSectionId) return 0;
+  if (section != igsGlobalSectionId && section != igsParameterSectionId) return data_columns;
+  const std::size_t mark = section == igsParameterSectionId ? pd_data_columns : data_columns;
+  record[mark] = '\n';
+  return section == igsParameterSectionId ? mark : mark + 1;  // the line feed of a Global record is read
+}
+
 void increase(int& counter) {
   if (counter < INT_MAX) ++counter;
 }
@@ -66,13 +75,7 @@ int igsInBufferChecker::check_plain(char* record, const igsRecordMarks& marks, s
     semantics = check_semantics(settled);
     accept(settled);
   }
-  data_length = data_columns;
-  if (marks.section == igsParameterSectionId) {
-    data_length = pd_data_columns;
-    record[pd_data_columns] = '\n';
-  } else if (marks.section == igsGlobalSectionId) {
-    record[data_length++] = '\n';
-  }
+  data_length = mark_full_record(record, marks.section);
   return semantics ? 1 : 0;
 }
 
@@ -173,6 +176,7 @@ bool igsInBufferChecker::check_backpointer_sequence(const igsRecordMarks& marks)
 
 // Records that were cut short (at the end of the input only) end before their data columns do.
 std::size_t igsInBufferChecker::mark_data_end(igsFileSection section) {
+  if (m_length == record_length) return mark_full_record(m_record, section);
   constexpr std::size_t plain_end = data_columns;
   std::size_t mark = plain_end;
   switch (section) {
@@ -183,12 +187,9 @@ std::size_t igsInBufferChecker::mark_data_end(igsFileSection section) {
       m_record[plain_end] = '\n';
       return plain_end + 1;
     case igsParameterSectionId:
-      mark = pd_data_columns;
-      if (m_length != record_length) {
-        mark = m_length - ending_columns;
-        const std::size_t last = mark - std::min(mark, ending_columns);
-        while (mark > last && m_record[mark] != ' ') --mark;
-      }
+      mark = m_length - ending_columns;
+      for (const std::size_t last = mark - std::min(mark, ending_columns); mark > last && m_record[mark] != ' ';)
+        --mark;
       m_record[mark] = '\n';
       return mark;
     default:
