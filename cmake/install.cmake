@@ -1,5 +1,5 @@
-# What `cmake --install` puts in place: the library with its headers, and how CMake and pkg-config find it. The prefix may be
-# moved afterwards. Components: igs_runtime (a shared library), igs_development, igs_tool.
+# What `cmake --install` puts in place: the libraries with their headers, and how CMake and pkg-config find them. The prefix
+# may be moved afterwards. Components: igs_runtime (a shared library), igs_development, igs_tool.
 include(CMakePackageConfigHelpers)
 
 set(igs_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/igs)
@@ -7,29 +7,32 @@ set(igs_library_components
   RUNTIME COMPONENT igs_runtime
   LIBRARY COMPONENT igs_runtime NAMELINK_COMPONENT igs_development
   ARCHIVE COMPONENT igs_development)
-install(TARGETS igs EXPORT igs ${igs_library_components} INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(TARGETS igs igs_shape EXPORT igs ${igs_library_components} INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 if(TARGET igs_static)
   target_compile_features(igs_static INTERFACE cxx_std_20)
   target_compile_options(igs_static INTERFACE $<TARGET_PROPERTY:igs,INTERFACE_COMPILE_OPTIONS>)
   target_compile_definitions(igs_static INTERFACE IGS_STATIC)
-  install(TARGETS igs_static EXPORT igs ${igs_library_components} INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+  install(TARGETS igs_static igs_shape_static EXPORT igs ${igs_library_components} INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 endif()
 
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME igs_development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/igs/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/igs
   FILES_MATCHING PATTERN *.h PATTERN private EXCLUDE)
 
-install(EXPORT igs NAMESPACE igs:: FILE igs-config.cmake DESTINATION ${igs_cmake_dir})
+install(EXPORT igs NAMESPACE igs:: FILE igs-targets.cmake DESTINATION ${igs_cmake_dir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/igs-config-version.cmake COMPATIBILITY SameMinorVersion)
-install(FILES ${PROJECT_BINARY_DIR}/igs-config-version.cmake DESTINATION ${igs_cmake_dir})
+install(FILES ${CMAKE_CURRENT_LIST_DIR}/igs-config.cmake ${PROJECT_BINARY_DIR}/igs-config-version.cmake
+  DESTINATION ${igs_cmake_dir})
 
 file(RELATIVE_PATH igs_pc_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" igs_pc_to_prefix ${igs_pc_to_prefix})
 if(NOT BUILD_SHARED_LIBS)
   set(igs_pc_definitions -DIGS_STATIC)
 endif()
-configure_file(${CMAKE_CURRENT_LIST_DIR}/igs.pc.in ${PROJECT_BINARY_DIR}/igs.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/igs.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+foreach(package igs igs-shape)
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/${package}.pc.in ${PROJECT_BINARY_DIR}/${package}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${package}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()
 
 if(IGS_BUILD_TOOL)
   install(FILES ${PROJECT_SOURCE_DIR}/docs/man/igs.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT igs_tool)

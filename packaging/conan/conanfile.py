@@ -62,9 +62,17 @@ class IgsRecipe(ConanFile):
         rmdir(self, Path(self.package_folder) / "lib" / "pkgconfig")
 
     def package_info(self):
-        self.cpp_info.libs = ["igs"]
         self.cpp_info.set_property("cmake_file_name", "igs")
-        self.cpp_info.set_property("cmake_target_name", "igs::igs")
-        self.cpp_info.set_property("pkg_config_name", "igs")
-        self.cpp_info.cxxflags = [] if self.settings.compiler == "msvc" else ["-fno-gnu-keywords"]
-        self.cpp_info.defines = [] if self.options.shared else ["IGS_STATIC"]
+        for name, library, package in (("igs", "igs", "igs"), ("shape", "igs_shape", "igs-shape")):
+            component = self.cpp_info.components[name]
+            component.libs = [library]
+            component.set_property("cmake_target_name", f"igs::{name}")
+            component.set_property("pkg_config_name", package)
+        igs, shape = self.cpp_info.components["igs"], self.cpp_info.components["shape"]
+        igs.cxxflags = [] if self.settings.compiler == "msvc" else ["-fno-gnu-keywords"]
+        igs.defines = [] if self.options.shared else ["IGS_STATIC"]
+        shape.requires = ["igs"]
+        if self.settings.os == "Linux":
+            shape.system_libs = ["pthread"]
+        if self.options.tool:
+            igs.requires = ["cli11::cli11", "nlohmann_json::nlohmann_json", "zlib::zlib"]

@@ -12,9 +12,9 @@ foreach(component ${CPACK_COMPONENTS_ALL})
 
  -- ${CPACK_PACKAGE_CONTACT}  ${date}
 ")
-  file(GLOB programs ${root}/bin/*)
-  foreach(program ${programs})
-    file(RPATH_REMOVE FILE ${program})
+  file(GLOB_RECURSE binaries ${root}/bin/* ${root}/lib/*.so.*)
+  foreach(binary ${binaries})
+    file(RPATH_REMOVE FILE ${binary})
   endforeach()
   file(GLOB texts ${doc}/changelog ${root}/share/man/man*/*.[1-9])
   execute_process(COMMAND gzip -9n ${texts} COMMAND_ERROR_IS_FATAL ANY)

@@ -1,6 +1,7 @@
 // Reads, checks, prints, repairs and writes files on several threads, each with files of its own, then the same files
-// on one thread: what comes of each file has to be the same. The threads are the first to use the library. The files
-// are those of the folder that IGES_CORPUS names, or else of the folder given:
+// on one thread: what comes of each file has to be the same, also where several threads make the triangles of one file.
+// The threads are the first to use the library. The files are those of the folder that IGES_CORPUS names, or else of
+// the folder given:
 //   igs_thread_tests FOLDER
 
 #include <algorithm>
@@ -17,6 +18,7 @@
 #include <vector>
 
 #include "igs/igs.h"
+#include "igs/shape/igsShape.h"
 
 namespace {
 
@@ -27,7 +29,7 @@ thread_local std::size_t records_read = 0;
 thread_local std::unique_ptr<igsFile> last_file;
 
 /// A hash of all that is said of a file and written; 0 when it cannot be read.
-std::size_t work_on(const std::filesystem::path& path, bool keep) {
+std::size_t work_on(const std::filesystem::path& path, bool keep, int threads_of_file) {
   const auto bytes = std::filesystem::file_size(path);
   std::ifstream in(path, std::ios::binary);
   std::ostringstream out;
@@ -41,7 +43,13 @@ std::size_t work_on(const std::filesystem::path& path, bool keep) {
   for (int log = 0; log < igs_num_section_logs; ++log) {
     out << ' ' << file.error_log().get_section_log(static_cast<igsLogID>(log))->num_errors();
   }
-  if (bytes <= longest_to_print) file.print(messages);
+  if (bytes <= longest_to_print) {
+    file.print(messages);
+    const igsShapeTolerance coarse{.chord = 1, .most = 1'000};
+    for (const igsShapeMesh& mesh : igs_meshes(igsShapeModel(file), coarse, threads_of_file)) {
+      out << ' ' << mesh.points.size() << ' ' << mesh.triangles.size() << ' ' << mesh.area;
+    }
+  }
   file.clean(1);
   out << file.write(out, messages);
   return std::hash<std::string>()(out.str());
@@ -50,10 +58,11 @@ std::size_t work_on(const std::filesystem::path& path, bool keep) {
 using Results = std::vector<std::size_t>;
 
 /// Works on each `step`th file from `first` on.
-void work(const std::vector<std::filesystem::path>& paths, Results& results, std::size_t first, std::size_t step) {
+void work(const std::vector<std::filesystem::path>& paths, Results& results, std::size_t first, std::size_t step,
+          int threads_of_file) {
   last_file.reset();  // noted before anything of the library is, therefore deleted after it
   igsInBuffer::set_line_read_callback([] { ++records_read; });
-  for (std::size_t i = first; i < paths.size(); i += step) results[i] = work_on(paths[i], i % 2 == 1);
+  for (std::size_t i = first; i < paths.size(); i += step) results[i] = work_on(paths[i], i % 2 == 1, threads_of_file);
 }
 
 /// Leaves an entity of the default file, and perhaps a file that goes very late. All has to go with the thread: the
@@ -81,7 +90,7 @@ int main(int argc, char** argv) {
   for (std::size_t i = 0; i < num_threads; ++i) {
     threads.emplace_back([&, i] {
       all_are_there.arrive_and_wait();
-      work(paths, at_once, i, num_threads);
+      work(paths, at_once, i, num_threads, i % 2 == 0 ? 2 : 8);
       leave_something(i % 2 == 1);
     });
   }
@@ -89,7 +98,7 @@ int main(int argc, char** argv) {
   igsFilecoDynArr files;
   igsObjectSystem::get_all_files(files);
   bool is_as_expected = files.empty();
-  work(paths, one_by_one, 0, 1);
+  work(paths, one_by_one, 0, 1, 1);
 
   for (std::size_t i = 0; i < paths.size(); ++i) {
     if (at_once[i] == one_by_one[i]) continue;
