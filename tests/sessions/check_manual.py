@@ -22,8 +22,8 @@ for command in commands:
         once(rf"^\.It .*Fl {option}(?![-\w])")
         if option not in ("-help", "-output"):
             once(rf"Fl {option}(?![-\w])", synopsis)
-rows = re.findall(r"^\| `(kel\w+)` \| (\S+) \| (.*?) \|", (ROOT / "docs/tolerances.md").read_text(), re.M)
-keys = sorted(set(re.findall("kel(?:Tol|Opt)[A-Za-z0-9]+", igs("check", "--help"))))
+rows = re.findall(r"^\| `([\w-]+)` \| (\S+) \| (.*?) \|", (ROOT / "docs/tolerances.md").read_text(), re.M)
+keys = sorted(set(re.findall(r"\bkel(?:Tol|Opt)[A-Za-z0-9]+|\bshape-[a-z]+", igs("check", "--help"))))
 if len(commands) < 6 or keys != sorted(name for name, _, _ in rows):
     print(commands, keys, rows)
 for name, value, meaning in rows:

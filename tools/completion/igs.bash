@@ -4,7 +4,7 @@
 _igs_commands() { "$1" --help 2>/dev/null | sed -n 's/^  \([a-z][a-z]*\) .*/\1/p'; }
 _igs_options() { "$1" $2 --help 2>/dev/null | sed -n 's/^  \(-[a-z], \)\{0,1\}\(--[a-z-]*\).*/\2/p'; }
 _igs_values() { "$1" $2 --help 2>/dev/null | sed -n "s/^  $3 \([A-Za-z]*|[A-Za-z|]*\).*/\1/p" | tr '|' '\n'; }
-_igs_keys() { "$1" check --help 2>/dev/null | grep -o '\bkel[A-Z][A-Za-z0-9]*'; }
+_igs_keys() { "$1" check --help 2>/dev/null | grep -o '\bkel[A-Z][A-Za-z0-9]*\|\bshape-[a-z]*'; }
 _igs_classes() { "$1" explain --color never 2>/dev/null | sed 's/ .*//'; }
 
 _igs() {

@@ -35,7 +35,7 @@ constexpr const char* diff_exit_status_help =
 /// The keys of --set.
 std::string keys_help() {
   std::string keys;
-  for (const coResourceInfo& key : coResourceTable::keys()) keys += ' ' + std::string(key.name);
+  for (const coResourceInfo& key : setting_keys()) keys += ' ' + std::string(key.name);
   return "Keys of --set, which igs explain KEY explains:\n" + wrapped(keys, 2);
 }
 
@@ -86,6 +86,7 @@ class CommandLine {
   void add_format(CLI::App& command, Options& options, bool has_sarif = false);
   void add_limit(CLI::App& command, Options& options, const char* name, const char* description);
   void add_settings(CLI::App& command, Options& options);
+  void apply_settings(Options& options) const;
   void add_color(CLI::App& command, Options& options);
   void add_jobs(CLI::App& command, Options& options);
   void add_many_names(CLI::App& command, Options& options);
@@ -153,10 +154,7 @@ CLI::App& CommandLine::add_command(const char* name, const char* description, co
       .add_option("--config", "take options from FILE; else from the nearest igs.toml, here or above; \"\" for none")
       ->configurable(false)
       ->option_text("FILE");
-  command.callback([this, run] {
-    for (const std::string& setting : m_settings) set_resource(setting);
-    m_status = std::max(m_status, run());
-  });
+  command.callback([this, run] { m_status = std::max(m_status, run()); });
   return command;
 }
 
@@ -179,6 +177,10 @@ void CommandLine::add_settings(CLI::App& command, Options& options) {
       ->option_text("KEY=VALUE");
   add_limit(command, options, "--max-errors",
             "list at most N errors a file (and N repaired ones); 1000 in text, all otherwise");
+}
+
+void CommandLine::apply_settings(Options& options) const {
+  for (const std::string& setting : m_settings) apply_setting(setting, options.shape);
 }
 
 void CommandLine::add_color(CLI::App& command, Options& options) {
@@ -224,6 +226,7 @@ void CommandLine::add_info() {
     m_options.names = names_to_work_on(m_options.names);
     return run_info(m_options);
   });
+  command.add_flag("--geometry", m_options.has_geometry, "measure the geometry, too: box, area, edges, volume");
   add_format(command, m_options);
   add_color(command, m_options);
   add_jobs(command, m_options);
@@ -233,6 +236,7 @@ void CommandLine::add_info() {
 void CommandLine::add_check() {
   CLI::App& command = add_command("check", "List the errors of files", [this] {
     m_options.names = names_to_work_on(m_options.names);
+    apply_settings(m_options);
     return run_check(m_options);
   });
   add_report_options(command, m_options);
@@ -249,6 +253,7 @@ void CommandLine::add_repair() {
     m_repair.folders = m_repair.names;
     m_repair.names = names_to_work_on(m_repair.names);
     expect_targets(m_repair);
+    apply_settings(m_repair);
     return run_repair(m_repair);
   });
   add_repair_options(command, m_repair);
@@ -273,6 +278,12 @@ void CommandLine::add_diff() {
   command.add_option("--tolerance", m_diff.tolerance, "reals at most T apart count as the same; equal ones without it")
       ->check(is_tolerance)
       ->option_text("T");
+  command.add_flag("--geometry", m_diff.has_geometry, "compare what the files and their faces measure, too");
+  command
+      .add_option("--geometry-tolerance", m_diff.figure_tolerance,
+                  "figures that differ by at most this part of the larger one are the same; 1e-6 without it")
+      ->check(is_tolerance)
+      ->option_text("R");
   command.add_flag("--stat", m_diff.stat, "count what changed, by entity type, instead of listing it");
   add_limit(command, m_diff, "--max-changes", "list at most N changes; 1000 in text, all in json");
   add_names(command, m_diff, "the old file and the new one; one of them may be -, standard input", "OLD NEW")

@@ -64,6 +64,7 @@ void add_report_options(CLI::App& command, Options& options) {
   command.add_option_function<std::vector<std::string>>("--severity", rate, "rate classes as error, warning or note")
       ->allow_extra_args(false)
       ->option_text("PATTERN=LEVEL");
+  command.add_flag("--no-geometry", options.no_geometry, "leave out the geometric checks: gaps, free edges, ...");
   add_choice(command, "--fail-on", "from where on findings make the exit status 1; warning without it", levels,
              options.fail_on);
   command.add_flag("--all", options.all, "list consequences of other faults, and all that are alike, too");

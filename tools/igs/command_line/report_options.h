@@ -4,7 +4,7 @@
 
 #include "commands/commands.h"
 
-/// Which findings count and how they are listed: --ignore, --only, --severity, --fail-on, --all, -q.
+/// Which findings count and how they are listed: --ignore, --only, --severity, --no-geometry, ...
 void add_report_options(CLI::App& command, Options& options);
 /// How `repair` repairs and writes.
 void add_repair_options(CLI::App& command, RepairOptions& options);

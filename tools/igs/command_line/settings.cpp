@@ -1,23 +1,48 @@
 #include "command_line/settings.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <chrono>
+#include <cmath>
 #include <cstdlib>
+#include <numbers>
 #include <optional>
 #include <string_view>
 #include <vector>
 
 #include "command_line/nearest.h"
-#include "igs/igs.h"
 #include "text/text.h"
 
 namespace {
 
+/// An option of the geometric checks.
+struct ShapeKey {
+  coResourceInfo info;
+  void (*set)(igsShapeCheckOptions& shape, double value);
+};
+
+constexpr double largest = co_resource::any, half_turn = 180;
+constexpr std::array<ShapeKey, 5> shape_keys{{
+    {{"shape-tolerance", coResourceType::real, 0, 0, largest,
+      "a distance above this is a warning, above ten times as much an error, below it a note; 0: as the file tells"},
+     [](igsShapeCheckOptions& shape, double value) { shape.tolerance = value; }},
+    {{"shape-least", coResourceType::real, 0, 0, largest,
+      "distances up to this are not reported; 0: as the file tells"},
+     [](igsShapeCheckOptions& shape, double value) { shape.least = value; }},
+    {{"shape-tiny", coResourceType::real, 0, 0, largest,
+      "edges shorter and faces narrower than this are reported; 0: the tolerance"},
+     [](igsShapeCheckOptions& shape, double value) { shape.tiny = value; }},
+    {{"shape-angle", coResourceType::real, 3, 0, half_turn, "kinks sharper than this are reported, in degrees"},
+     [](igsShapeCheckOptions& shape, double value) { shape.angle = value * std::numbers::pi / half_turn; }},
+    {{"shape-degree", coResourceType::integer, 8, 0, 1000, "curves and surfaces of a higher degree are reported"},
+     [](igsShapeCheckOptions& shape, double value) { shape.degree = static_cast<int>(value); }},
+}};
+
 /// Empty when there is such a key.
 std::string key_fault(const std::string& key) {
   std::vector<std::string_view> known;
-  for (const coResourceInfo& each : coResourceTable::keys()) known.push_back(each.name);
+  for (const coResourceInfo& each : setting_keys()) known.push_back(each.name);
   if (std::find(known.begin(), known.end(), key) != known.end()) return "";
   return "no key \"" + printable(key) + '"' + suggestion(key, known);
 }
@@ -48,8 +73,20 @@ utDateTime source_clock() {
           static_cast<int>(time.seconds().count())};
 }
 
-/// Applies the setting to the table, or returns why that cannot be done.
-std::string apply(const std::string& setting, coResourceTable& table) {
+/// False when the key does not allow the value.
+bool set_value(const std::string& key, double value, coResourceTable& table, igsShapeCheckOptions& shape) {
+  const auto found =
+      std::find_if(shape_keys.begin(), shape_keys.end(), [&](const ShapeKey& each) { return each.info.name == key; });
+  if (found == shape_keys.end()) return table.set_value(key, value) != 0;
+  const coResourceInfo& info = found->info;
+  const bool is_whole = info.type == coResourceType::real || value == std::floor(value);
+  if (!(value >= info.minimum && value <= info.maximum) || !is_whole) return false;
+  found->set(shape, value);
+  return true;
+}
+
+/// Applies the setting, or returns why that cannot be done.
+std::string apply(const std::string& setting, coResourceTable& table, igsShapeCheckOptions& shape) {
   const std::size_t equals = setting.find('=');
   if (equals == std::string::npos) return '"' + printable(setting) + "\" is no KEY=VALUE";
   const std::string key = setting.substr(0, equals);
@@ -59,7 +96,7 @@ std::string apply(const std::string& setting, coResourceTable& table) {
   const std::optional<double> value = real_of(text);
   const std::string quoted = printable(text);
   if (!value) return '"' + quoted + "\" is no number";
-  return table.set_value(key, *value) == 0 ? quoted + " is not allowed for " + key : "";
+  return set_value(key, *value, table, shape) ? "" : quoted + " is not allowed for " + key;
 }
 
 }  // namespace
@@ -68,9 +105,21 @@ void use_source_date() {
   if (source_date()) ut_set_clock(source_clock);
 }
 
-std::string setting_fault(const std::string& setting) {
-  coResourceTable trial;
-  return apply(setting, trial);
+const std::vector<coResourceInfo>& setting_keys() {
+  static const std::vector<coResourceInfo> all = [] {
+    std::vector<coResourceInfo> keys(coResourceTable::keys().begin(), coResourceTable::keys().end());
+    for (const ShapeKey& key : shape_keys) keys.push_back(key.info);
+    return keys;
+  }();
+  return all;
 }
 
-void set_resource(const std::string& setting) { apply(setting, kel_resource_table_inquire()); }
+std::string setting_fault(const std::string& setting) {
+  coResourceTable trial;
+  igsShapeCheckOptions trial_shape;
+  return apply(setting, trial, trial_shape);
+}
+
+void apply_setting(const std::string& setting, igsShapeCheckOptions& shape) {
+  apply(setting, kel_resource_table_inquire(), shape);
+}

@@ -15,6 +15,8 @@ Tally check_file(Model& model, const Options& options, Report& report, const Str
   if (model.has_entities()) {
     model.progress().stage("checking");
     check_faults(model.file());
+    model.progress().stage("checking the geometry");
+    check_geometry(model.file(), options.geometric_checks());
   }
   model.progress().end();
   Outcome outcome{.model = model, .found = {model, model.name()}, .failure = model.read_error()};

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "findings/rules.h"
+#include "igs/shape/igsShapeCheck.h"
 #include "report/report.h"
 #include "text/paint.h"
 
@@ -22,7 +23,15 @@ struct Options {
   Severity fail_on = Severity::warning;  ///< findings from here up make the exit status 1
   bool all = false;                      ///< consequences and equal findings are listed, too
   bool quiet = false;                    ///< only files with findings are reported
+  bool no_geometry = false;              ///< points, lengths and areas are not looked at
+  igsShapeCheckOptions shape;            ///< of the geometric checks
+  bool has_geometry = false;             ///< info, diff: what the files measure
   std::vector<std::string> names;        ///< of files, or what is to be explained
+
+  /// How the geometry is to be checked; nothing: not at all.
+  std::optional<igsShapeCheckOptions> geometric_checks() const {
+    return no_geometry ? std::nullopt : std::optional(shape);
+  }
 
   std::size_t most_listed() const {
     constexpr std::size_t in_text = 1000;
@@ -53,6 +62,7 @@ struct RepairOptions : Options {
 
 struct DiffOptions : Options {      // the names are those of the old file and the new one
   std::optional<double> tolerance;  ///< nothing: reals must be equal
+  double figure_tolerance = 1e-6;   ///< of --geometry
   bool stat = false;                ///< counts instead of a list
 };
 

@@ -45,7 +45,8 @@ Tally compare(Model& old_model, Model& new_model, const DiffOptions& options, co
   if (!read_whole(old_model, options, streams) || !read_whole(new_model, options, streams))
     return {.status = exit_failed};
   const RealRule reals = options.tolerance ? RealRule::within(*options.tolerance) : RealRule::exact();
-  const Comparison comparison(old_model.file(), new_model.file(), reals);
+  Comparison comparison(old_model.file(), new_model.file(), reals);
+  if (options.has_geometry) comparison.compare_figures(options.figure_tolerance);
   return {.status = write_differences(comparison, options, streams.out).is_same() ? exit_clean : exit_errors};
 }
 

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "command_line/nearest.h"
+#include "command_line/settings.h"
 #include "explain/texts.h"
 #include "files/complaints.h"
 #include "files/exit_status.h"
@@ -15,8 +16,8 @@ namespace {
 
 void list(const ErrorText& text, const Paint& paint) {
   const bool is_repaired = text.repair_kind != RepairKind::none;
-  std::cout << paint(Ink::heading, text.name) << "  " << severity_name(text.severity) << ": " << general_sentence(text)
-            << " [" << paint(is_repaired ? Ink::good : Ink::bad, is_repaired ? "repaired" : "not repaired") << "]\n";
+  std::cout << paint(Ink::heading, text.name) << "  " << severity_words(text) << ": " << general_sentence(text) << " ["
+            << paint(is_repaired ? Ink::good : Ink::bad, is_repaired ? "repaired" : "not repaired") << "]\n";
 }
 
 void describe(const ErrorText& text, const Paint& paint) {
@@ -24,11 +25,14 @@ void describe(const ErrorText& text, const Paint& paint) {
   const char* const moves_geometry = " This changes geometry: --keep-geometry leaves the fault as it is.";
   const char* const loses = " To igs repair that is no repair but a loss, which it avoids or reports.";
   std::cout << paint(Ink::heading, text.name) << "\n  Meaning: " << general_sentence(text)
-            << ".\n  Severity: " << severity_name(text.severity)
+            << ".\n  Severity: " << severity_words(text)
             << (text.is_consequence ? ", a consequence of what is wrong with that entity" : "")
             << "\n  Repair: " << (text.repair.empty() ? no_repair : text.repair)
             << (text.repair_kind == RepairKind::geometry ? moves_geometry : "")
             << (text.repair_kind == RepairKind::removal ? loses : "") << '\n';
+  if (!text.quality_code.empty()) {
+    std::cout << "  Product data quality: " << text.quality_code << " (SASIG guideline)\n";
+  }
 }
 
 void describe(const coResourceInfo& key, const Paint& paint) {
@@ -42,7 +46,7 @@ void complain_of_name(const std::string& name) {
     return complain(std::cerr, name, "no error class and no key is as this pattern says");
   std::vector<std::string_view> known;
   for (const ErrorText& text : all_error_texts()) known.push_back(text.name);
-  for (const coResourceInfo& key : coResourceTable::keys()) known.push_back(key.name);
+  for (const coResourceInfo& key : setting_keys()) known.push_back(key.name);
   const std::vector<std::string_view> near = nearest(name, known);
   complain(std::cerr, name, "no error class of this name" + (near.empty() ? "" : "; near names: " + joined(near)));
 }
@@ -58,7 +62,7 @@ bool describe(const std::string& pattern, const Paint& paint) {
     }
   };
   describe_all(all_error_texts());
-  describe_all(coResourceTable::keys());
+  describe_all(setting_keys());
   return is_any;
 }
 

@@ -15,6 +15,7 @@
 #include "files/contents.h"
 #include "files/jobs.h"
 #include "files/sections.h"
+#include "report/figures.h"
 #include "report/report.h"
 #include "text/json_writer.h"
 #include "text/text.h"
@@ -91,7 +92,7 @@ void write_json_contents(JsonWriter& json, const igsFile& file) {
   json.end_array();
 }
 
-void write_json(std::ostream& out, const Model& model) {
+void write_json(std::ostream& out, const Model& model, const igsShapeFigures* figures) {
   const igsFile& file = model.file();
   JsonWriter json(out);
   json.begin_object();
@@ -108,6 +109,10 @@ void write_json(std::ostream& out, const Model& model) {
                  [&json](const char* name, int lines) { write_member(json, name, lines, lines != igs_unset_int); });
   json.end_object();
   write_json_contents(json, file);
+  if (figures != nullptr) {
+    json.key("geometry");
+    write_json_figures(json, *figures);
+  }
   json.end_object();
   out << '\n';
 }
@@ -184,12 +189,14 @@ class GlobalTexts {
 /// Writes one screen about a file.
 class TextInfo {
  public:
-  TextInfo(std::ostream& out, const Paint& paint, const Model& model)
-      : m_out(out), m_paint(paint), m_model(model), m_file(model.file()), m_texts(m_file) {}
+  /// `figures`: null where it is not measured.
+  TextInfo(std::ostream& out, const Paint& paint, const Model& model, const igsShapeFigures* figures)
+      : m_out(out), m_paint(paint), m_model(model), m_file(model.file()), m_figures(figures), m_texts(m_file) {}
 
   void write() {
     heading(printable(m_model.name()));
     write_first_parameters();
+    write_figures();
     write_levels();
     write_entities();
     write_other_parameters();
@@ -220,6 +227,12 @@ class TextInfo {
     line("IGES version", m_texts.version());
     line("largest coordinate", m_texts.number(20, global.max_coord_value()));
     line("resolution", m_texts.number(19, global.minimum_resolution()));
+  }
+
+  void write_figures() {
+    if (m_figures == nullptr) return;
+    heading("geometry");
+    write_text_figures(m_out, *m_figures, m_file);
   }
 
   void write_levels() {
@@ -288,15 +301,24 @@ class TextInfo {
   const Paint& m_paint;
   const Model& m_model;
   const igsFile& m_file;
+  const igsShapeFigures* m_figures;
   GlobalTexts m_texts;
 };
 
-Tally inform(Model& model, Format format, const Paint& paint, const Streams& streams) {
+Tally inform(Model& model, const Options& options, const Paint& paint, const Streams& streams) {
   model.set_options(options_to_show());
   model.read(streams.err);
+  std::optional<igsShapeFigures> measured;
+  if (options.has_geometry) {
+    model.progress().stage("measuring");
+    // Several files are worked on at a time instead.
+    measured = igs_measure(model.file(), options.names.size() == 1 ? static_cast<int>(options.jobs) : 1);
+  }
   model.progress().end();
-  if (format == Format::text) complain_of_messages(streams.err, model);
-  format == Format::json ? write_json(streams.out, model) : TextInfo(streams.out, paint, model).write();
+  const igsShapeFigures* const figures = measured ? &*measured : nullptr;
+  if (options.format == Format::text) complain_of_messages(streams.err, model);
+  options.format == Format::json ? write_json(streams.out, model, figures)
+                                 : TextInfo(streams.out, paint, model, figures).write();
   return tally_of(model, streams);
 }
 
@@ -305,7 +327,7 @@ Tally inform(Model& model, Format format, const Paint& paint, const Streams& str
 int run_info(const Options& options) {
   const Paint paint(options.color, STDOUT_FILENO);
   FilesWork work;
-  work.handle = [&](Model& model, const Streams& streams) { return inform(model, options.format, paint, streams); };
+  work.handle = [&](Model& model, const Streams& streams) { return inform(model, options, paint, streams); };
   work.failure = [&](const std::string& name, const std::string& reason, const Streams& streams) {
     print_failure(streams.out, options.format, name, reason);
   };

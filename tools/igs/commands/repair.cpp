@@ -75,7 +75,8 @@ void complain_of_units(const Model& model, igsUnitType wanted, const Streams& st
 Tally repair_file(Model& model, const RepairOptions& options, Report& report, const Streams& streams) {
   const std::string target = target_of(model.name(), options);
   const bool has_summary = options.summary || options.dry_run;
-  const RepairRules rules{options.rules, options.keep_geometry, options.units, options.delete_faulty};
+  const RepairRules rules{options.rules, options.keep_geometry, options.units, options.delete_faulty,
+                          options.geometric_checks()};
   RepairedFile repaired(model, rules, options_of_repair(options), has_summary, streams.err);
   report.warnings(model, streams.err);  // what the repairs say is in the report
   if (options.units) complain_of_units(model, *options.units, streams);

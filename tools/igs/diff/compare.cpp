@@ -82,10 +82,13 @@ DifferenceCounts Comparison::visit(const Visitor& visitor) const {
   const EntityGraph& new_entities = m_match.new_entities();
   DifferenceCounts counts;
   compare_sections(visitor, counts);
+  visit_figures(nullptr, nullptr, visitor, counts);
   for (EntityMatch::Node node = 0; node < old_entities.size(); ++node) {
     const igsObject& entity = old_entities.entity(node);
     if (m_match.new_of(node) != none) {
-      compare_entities(entity, new_entities.entity(m_match.new_of(node)), visitor, counts);
+      const igsObject& new_entity = new_entities.entity(m_match.new_of(node));
+      compare_entities(entity, new_entity, visitor, counts);
+      visit_figures(&entity, &new_entity, visitor, counts);
     } else {
       visitor({Difference::Kind::removed, &entity, nullptr});
       ++counts.removed;
@@ -97,6 +100,21 @@ DifferenceCounts Comparison::visit(const Visitor& visitor) const {
     ++counts.added;
   }
   return counts;
+}
+
+/// Of the files where the entities are null.
+void Comparison::visit_figures(const igsObject* old_entity, const igsObject* new_entity, const Visitor& visitor,
+                               DifferenceCounts& counts) const {
+  if (!m_figures) return;
+  const auto report = [&](const std::string& name, std::optional<double> old_value, std::optional<double> new_value) {
+    Difference difference{Difference::Kind::geometry, old_entity, new_entity, name};
+    if (old_value) difference.old_value = *old_value;
+    if (new_value) difference.new_value = *new_value;
+    visitor(difference);
+    ++counts.geometry;
+  };
+  if (old_entity == nullptr) return m_figures->visit_files(report);
+  m_figures->visit_faces(old_entity->de_number(), new_entity->de_number(), report);
 }
 
 long long Comparison::num_not_compared() const {

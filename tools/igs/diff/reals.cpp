@@ -1,21 +1,13 @@
 #include "diff/reals.h"
 
-#include <array>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
+
+#include "text/text.h"
 
 namespace {
 
 /// Some odd number of tolerances: few of the numbers that people choose lie on the border of two cells.
 constexpr double cell_in_tolerances = 61.803398875;
-
-double round_to_digits(double value, int digits) {
-  std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), "%.*e", digits - 1, value);
-  const double result = std::strtod(text.data(), nullptr);
-  return std::isfinite(result) ? result : value;
-}
 
 }  // namespace
 
@@ -29,7 +21,7 @@ bool RealRule::same(double a, double b) const {
 
 double RealRule::representative(double value) const {
   if (value == 0 || !std::isfinite(value)) return value == 0 ? 0 : value;  // the sign of 0 makes no difference
-  if (m_kind == Kind::digits) return round_to_digits(value, m_digits);
+  if (m_kind == Kind::digits) return rounded_to_digits(value, m_digits);
   if (m_kind == Kind::tolerance && m_tolerance > 0) return std::nearbyint(value / (m_tolerance * cell_in_tolerances));
   return value;
 }

@@ -27,8 +27,14 @@ std::string text_of(const std::optional<FieldValue>& value) {
   return value ? std::visit(TextOfValue(), *value) : "none";
 }
 
+std::string shown(const Difference& difference, const std::optional<FieldValue>& value) {
+  const bool is_figure = difference.kind == Kind::geometry && value;
+  return is_figure ? format_figure(std::get<double>(*value)) : text_of(value);
+}
+
 const char* title_of(Kind kind) {
   if (kind == Kind::start) return "Start section";
+  if (kind == Kind::geometry) return "Geometry";
   return kind == Kind::global ? "Global section" : "Left out on reading";
 }
 
@@ -60,8 +66,9 @@ void write_text(std::ostream& out, const Difference& difference) {
   } else if (difference.kind == Kind::added) {
     out << "added\n";
   } else {
-    out << difference.field << two_spaces << text_of(difference.old_value) << " -> " << text_of(difference.new_value)
-        << '\n';
+    const bool is_of_face = difference.kind == Kind::geometry && difference.old_entity != nullptr;
+    out << (is_of_face ? "geometry " : "") << difference.field << two_spaces << shown(difference, difference.old_value)
+        << " -> " << shown(difference, difference.new_value) << '\n';
   }
 }
 
@@ -75,6 +82,7 @@ void write_counts(std::ostream& out, const DifferenceCounts& counts, const Compa
   if (counts.global > 0) out << ", " << counted(counts.global, "Global parameter", "Global parameters") << " changed";
   if (counts.start > 0) out << ", " << counted(counts.start, "Start line", "Start lines") << " changed";
   if (counts.left_out > 0) out << ", left-out entities of " << counted(counts.left_out, "kind", "kinds") << " changed";
+  if (counts.geometry > 0) out << ", " << counted(counts.geometry, "figure", "figures") << " of the geometry changed";
   if (counts.close_reals > 0) {
     out << ", " << counted(counts.close_reals, "real differs", "reals differ") << ' ' << comparison.reals().excuse();
   }
@@ -111,6 +119,8 @@ const char* name_of(Kind kind) {
       return "global";
     case Kind::left_out:
       return "dropped";
+    case Kind::geometry:
+      return "geometry";
     case Kind::changed:
       return "changed";
     case Kind::removed:
@@ -170,6 +180,7 @@ void write_json_totals(JsonWriter& json, const DifferenceCounts& counts, const C
   json.member("global", counts.global);
   json.member("start", counts.start);
   json.member("dropped", counts.left_out);
+  if (comparison.has_figures()) json.member("geometry", counts.geometry);
   json.member("close", counts.close_reals);
   json.member("not_compared", comparison.num_not_compared());
 }
@@ -185,7 +196,7 @@ class TypeStatistics {
   void add(const Difference& difference) {
     const bool is_old = difference.old_entity != nullptr;
     const igsObject* const entity = is_old ? difference.old_entity : difference.new_entity;
-    if (entity == nullptr) return;
+    if (entity == nullptr || difference.kind == Kind::geometry) return;
     TypeCounts& counts = m_counts[entity->directory_entry().entity_type()];
     if (difference.kind == Kind::removed) ++counts.removed;
     if (difference.kind == Kind::added) ++counts.added;

@@ -15,7 +15,12 @@ std::string replaced(std::string text, std::string_view old, std::string_view by
 
 std::string completed(const std::string& text, std::string_view noun) {
   const std::string named = replaced(text, "@", noun);
-  return replaced(replaced(named, "{#0}", "{0} (counted from 0)"), "{#1}", "{1} (counted from 0)");
+  std::string counted = named;
+  for (const std::string_view digit : {"0}", "1}", "2}", "3}"}) {
+    counted =
+        replaced(counted, std::string("{#").append(digit), std::string("{").append(digit).append(" (counted from 0)"));
+  }
+  return counted;
 }
 
 std::vector<ErrorText> completed(const Rows& rows) {
@@ -47,6 +52,17 @@ Rows named(const std::array<const char*, 3>& names, std::string_view name, std::
 
 Rows::Rows(Severity severity, std::string_view name, std::string_view sentence, Repair repair)
     : texts{{std::string(name), std::string(sentence), std::string(repair.text), severity, repair.kind, false}} {}
+
+Rows by_size(std::string_view name, std::string_view sentence, Repair repair) {
+  Rows row(Severity::warning, name, sentence, repair);
+  row.texts.front().is_by_size = true;
+  return row;
+}
+
+Rows known_as(std::string_view quality_code, Rows row) {
+  row.texts.front().quality_code = quality_code;
+  return row;
+}
 
 Rows::Rows(std::initializer_list<Rows> parts) {
   for (const Rows& part : parts) texts.insert(texts.end(), part.texts.begin(), part.texts.end());
@@ -87,7 +103,8 @@ Rows in_u_and_v(const Rows& rows) {
 }
 
 const std::vector<ErrorText>& all_error_texts() {
-  static const std::vector<ErrorText> all = completed({section_texts(), curve_texts(), surface_texts(), solid_texts(),
-                                                       analytic_texts(), annotation_texts(), structure_texts()});
+  static const std::vector<ErrorText> all =
+      completed({section_texts(), curve_texts(), surface_texts(), solid_texts(), analytic_texts(), annotation_texts(),
+                 structure_texts(), shape_texts()});
   return all;
 }

@@ -8,7 +8,8 @@
 #include "explain/texts.h"
 
 // The notation of the tables of texts. What an entity's classes have in common, the beginning of their names and the
-// noun, is said once before their rows. In these "@" stands for the noun, and "{#0}" for "{0} (counted from 0)".
+// noun, is said once before their rows. In these "@" stands for the noun, and "{#0}" for "{0} (counted from 0)",
+// and so on up to "{#3}".
 
 /// What the repair of a class is and does.
 struct Repair {
@@ -36,6 +37,11 @@ struct Rows {
 
 /// The head of the rows of an entity, up to the next such head.
 Rows entity(std::string_view prefix, std::string_view noun = "");
+
+/// The row of a class whose errors are as severe as a distance is large.
+Rows by_size(std::string_view name, std::string_view sentence, Repair repair = {});
+/// A row with what the fault is called where the quality of product data is judged: "G-LO-LG".
+Rows known_as(std::string_view quality_code, Rows row);
 
 /// The row of a class that only says that an entity referred to has faults of its own. Like any reference to what is
 /// not sound it is a warning, whatever the severity of those faults.
@@ -68,3 +74,4 @@ Rows solid_texts();
 Rows analytic_texts();
 Rows annotation_texts();
 Rows structure_texts();
+Rows shape_texts();

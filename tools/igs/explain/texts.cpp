@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <numbers>
 #include <optional>
 #include <unordered_map>
 
@@ -29,6 +30,46 @@ std::string section_name(const std::string& number) {
   constexpr std::string_view names[] = {"Start", "Global", "Directory Entry", "Parameter Data", "Terminate"};
   const std::size_t index = number.size() == 1 ? static_cast<std::size_t>(number[0] - '0') : std::size(names);
   return index < std::size(names) ? std::string(names[index]) : number;
+}
+
+constexpr int digits_in_sentence = 4;  // the error carries the whole
+
+std::string short_real(const std::string& number) {
+  const std::optional<double> value = real_of(number);
+  return value ? format_real(rounded_to_digits(*value, digits_in_sentence)) : number;
+}
+
+std::string in_degrees(const std::string& radians) {
+  const std::optional<double> value = real_of(radians);
+  return value ? format_real(rounded_to_digits(*value * 180 / std::numbers::pi, digits_in_sentence)) + " degrees"
+               : radians;
+}
+
+std::string direction_name(const std::string& number) { return number == "1" ? "v" : "u"; }
+
+std::string side_name(const std::string& number) {
+  constexpr std::string_view names[] = {"where u is least", "where u is greatest", "where v is least",
+                                        "where v is greatest"};
+  const std::size_t index = number.size() == 1 ? static_cast<std::size_t>(number[0] - '0') : std::size(names);
+  return index < std::size(names) ? std::string(names[index]) : number;
+}
+
+/// What may stand behind the number of a value in a sentence.
+struct WayToSay {
+  std::string_view name;
+  std::string (*word)(const std::string& value);
+};
+constexpr WayToSay ways_to_say[] = {{"section", section_name},
+                                    {"short", short_real},
+                                    {"degrees", in_degrees},
+                                    {"direction", direction_name},
+                                    {"side", side_name}};
+
+std::string said(const std::string& value, std::string_view placeholder) {
+  for (const WayToSay& way : ways_to_say) {
+    if (placeholder.ends_with(way.name)) return way.word(value);
+  }
+  return value;
 }
 
 /// The number at the start of `text`.
@@ -78,7 +119,7 @@ std::string sentence_of(const igsError& error) {
     if (placeholder == "de") return std::to_string(de_number(error).value_or(0));
     const std::size_t index = leading_index(placeholder).value_or(values.words().size());
     if (index >= values.words().size()) return std::string("?");
-    return placeholder.ends_with(":section") ? section_name(values.words()[index]) : values.words()[index];
+    return said(values.words()[index], placeholder);
   });
 }
 
@@ -98,15 +139,45 @@ bool is_repairable(const ErrorText& text) {
          text.repair_kind == RepairKind::nulls || text.repair_kind == RepairKind::geometry;
 }
 
+namespace {
+
+/// The reals among the values of an error.
+class RealValues : public igsErrorValueVisitor {
+ public:
+  explicit RealValues(const igsError& error) { error.visit_values(*this); }
+  void value(int /*number*/) override {}
+  void value(double number) override { m_reals.push_back(number); }
+  void value(const utString& /*text*/) override {}
+  const std::vector<double>& reals() const { return m_reals; }
+
+ private:
+  std::vector<double> m_reals;
+};
+
+Severity severity_by_size(const igsError& error) {
+  constexpr double too_much = 10;
+  const RealValues values(error);
+  const double distance = values.reals().at(0), tolerance = values.reals().at(1);
+  if (distance <= tolerance) return Severity::note;
+  return distance <= too_much * tolerance ? Severity::warning : Severity::error;
+}
+
+}  // namespace
+
 Severity severity_of(const igsError& error) {
   const ErrorText* text = find_error_text(error.objtype().name());
   if (text == nullptr) return Severity::error;
+  if (text->is_by_size) return severity_by_size(error);
   return is_missing_units_flag(error) ? Severity::error : text->severity;
 }
 
 const char* severity_name(Severity severity) {
   constexpr const char* names[] = {"note", "warning", "error"};
   return names[static_cast<int>(severity)];
+}
+
+std::string severity_words(const ErrorText& text) {
+  return text.is_by_size ? "note, warning or error by size" : severity_name(text.severity);
 }
 
 std::string page_url(std::string_view class_name) {

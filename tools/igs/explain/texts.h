@@ -19,10 +19,12 @@ enum class RepairKind {
 };
 
 /// What people are told about one error class. `sentence` says what is wrong: {0}, {1}, ... stand for the values of the
-/// error in the order of its constructor, {de} for the DE number, and {0:section} for the name of the file section with
-/// that number. `repair` says what the repair does; it is empty for an error about which nothing is to be said. Where a
-/// repair does one thing or another, `repair_kind` is the one that goes further. `is_consequence`: the class only says
-/// that an entity referred to has faults of its own.
+/// error in the order of its constructor, {de} for the DE number, and {0:section} for what a number means: see
+/// ways_to_say in texts.cpp. `repair` says what the repair does; it is empty for an error about which nothing is to be
+/// said. Where a repair does one thing or another, `repair_kind` is the one that goes further. `is_consequence`: the
+/// class only says that an entity referred to has faults of its own. `is_by_size`: how severe an error is follows from
+/// its first two values, a distance and the tolerance of that; `severity` is that of a distance above the tolerance.
+/// `quality_code`: what the fault is called where the quality of product data is judged; empty where it has no name.
 struct ErrorText {
   std::string name;
   std::string sentence;
@@ -30,6 +32,8 @@ struct ErrorText {
   Severity severity;
   RepairKind repair_kind;
   bool is_consequence;
+  bool is_by_size = false;
+  std::string quality_code = {};
 };
 
 /// The texts of all error classes of the library, family by family. The tables stand beside; rows.h has their notation.
@@ -38,9 +42,11 @@ const std::vector<ErrorText>& all_error_texts();
 const ErrorText* find_error_text(std::string_view name);
 /// The sentence with the error's values; for a class without a row its bare values.
 std::string sentence_of(const igsError& error);
-/// The severity of its class, but for the values that matter more: an error where the units flag is missing. An error
-/// for a class without a row.
+/// The severity of its class, but for the values that matter more: an error where the units flag is missing; by size a
+/// note up to the tolerance, and an error above ten times as much. An error for a class without a row.
 Severity severity_of(const igsError& error);
+/// The severity of a class for people: "warning".
+std::string severity_words(const ErrorText& text);
 /// Where the page of the class is published, which scripts/docs makes.
 std::string page_url(std::string_view class_name);
 /// Whether the error leaves the size of the model in doubt: its units are missing, unknown or contradictory.

@@ -28,3 +28,7 @@ void check_faults(igsFile& file) {
   file.check();
   if (file.out_of_memory()) throw std::bad_alloc();
 }
+
+int check_geometry(igsFile& file, const std::optional<igsShapeCheckOptions>& options) {
+  return options ? igsShapeCheck(file, *options) : 0;
+}

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "igs/igs.h"
+#include "igs/shape/igsShapeCheck.h"
 
 /// An entity that could not be kept.
 struct LostEntity {
@@ -20,3 +21,6 @@ std::vector<LostEntity> lost_entities(const igsFile& file);
 /// Checks a file that has been read. The bookkeeping faults of entities, which writing cures, are taken for repaired
 /// before, so that no entity counts as faulty for them. Throws std::bad_alloc when memory runs out.
 void check_faults(igsFile& file);
+/// Looks at the geometry of a file that check_faults() has just checked, unless there is nothing to go by. Returns the
+/// number of faults.
+int check_geometry(igsFile& file, const std::optional<igsShapeCheckOptions>& options);

@@ -124,6 +124,7 @@ std::string RepairedFile::read_output(const std::string& target) {
   m_output = read_again(target, m_bytes, m_options);
   if (!m_output->was_read()) return cannot_be_read;
   check_faults(m_output->file());
+  check_geometry(m_output->file(), m_rules.geometry);
   return "";
 }
 

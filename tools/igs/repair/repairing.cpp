@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr int most_passes = 10;
+
 /// Repairs as long as that changes something.
 class CarefulFixer : public igsFixer {
  public:
@@ -72,13 +74,27 @@ void Repairing::settle_units() {
   m_file.set_global_section(global);
 }
 
-void Repairing::run() {
-  constexpr int most_rounds = 10;
-  long long changes = -1;
-  for (int round = 0; round < most_rounds && changes != num_changes(m_file); ++round) {
-    changes = num_changes(m_file);
+/// Repairs what the last check has found. False when that changes nothing.
+bool Repairing::repair_once() {
+  const long long before = num_changes(m_file);
+  CarefulFixer(m_file, m_rules, m_after_deletion).fix(m_file.error_log(), 1);
+  return num_changes(m_file) != before;
+}
+
+/// All but the geometry.
+void Repairing::repair_all() {
+  bool is_changed = true;
+  for (int round = 0; round < most_passes && is_changed; ++round) {
     check_faults(m_file);
-    CarefulFixer(m_file, m_rules, m_after_deletion).fix(m_file.error_log(), 1);
+    is_changed = repair_once();
   }
   check_faults(m_file);
+}
+
+// Geometry is looked at where everything else is in order: that takes longest.
+void Repairing::run() {
+  repair_all();
+  for (int round = 0; check_geometry(m_file, m_rules.geometry) > 0 && round < most_passes && repair_once(); ++round) {
+    repair_all();
+  }
 }

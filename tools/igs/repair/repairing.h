@@ -4,13 +4,15 @@
 #include <vector>
 
 #include "findings/findings.h"
+#include "igs/shape/igsShapeCheck.h"
 
 /// What a repair may do.
 struct RepairRules {
-  FindingRules findings;             ///< what does not count is not repaired
-  bool keep_geometry = false;        ///< coordinates, knots, weights and parameters stay as they are
-  std::optional<igsUnitType> units;  ///< what the units are where they are in doubt
-  bool delete_faulty = false;        ///< entities with errors or warnings that are left go
+  FindingRules findings;                         ///< what does not count is not repaired
+  bool keep_geometry = false;                    ///< coordinates, knots, weights and parameters stay as they are
+  std::optional<igsUnitType> units;              ///< what the units are where they are in doubt
+  bool delete_faulty = false;                    ///< entities with errors or warnings that are left go
+  std::optional<igsShapeCheckOptions> geometry;  ///< how it is checked; nothing: not at all
 };
 
 /// The repairs of one file, none of which loses anything: what takes out more than missing members of lists, and what
@@ -27,6 +29,8 @@ class Repairing {
 
  private:
   void settle_units();
+  void repair_all();
+  bool repair_once();
 
   igsFile& m_file;
   const RepairRules& m_rules;

@@ -1,6 +1,9 @@
 #include "text/text.h"
 
+#include <array>
 #include <cerrno>
+#include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <sstream>
 
@@ -80,10 +83,22 @@ std::string printable(std::string_view text) {
   return result;
 }
 
+double rounded_to_digits(double value, int digits) {
+  std::array<char, 64> text{};
+  std::snprintf(text.data(), text.size(), "%.*e", digits - 1, value);
+  const double result = std::strtod(text.data(), nullptr);
+  return std::isfinite(result) ? result : value;
+}
+
 std::string format_real(double value) {
   std::ostringstream text;
   utOstream(text) << value;
   return text.str();
+}
+
+std::string format_figure(double value) {
+  constexpr int digits = 12;
+  return std::isfinite(value) ? format_real(rounded_to_digits(value, digits)) : "not known";
 }
 
 std::optional<double> real_of(const std::string& text) {

@@ -21,6 +21,12 @@ std::string printable(std::string_view text);
 /// "-inf" and "nan".
 std::string format_real(double value);
 
+/// The value with so many significant digits, as a writer rounds them; the value itself where that is not finite.
+double rounded_to_digits(double value, int digits);
+
+/// What was measured, for people, in twelve digits; "not known" where it is no finite number.
+std::string format_figure(double value);
+
 /// The text as a decimal number, an infinity or NaN; nothing where it is more or less than one, or out of range.
 std::optional<double> real_of(const std::string& text);
 
