@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -96,6 +97,20 @@ inline std::unique_ptr<igsFile> read(const std::string& text, bool whole = false
   auto file = std::make_unique<igsFile>();
   const int was_read = file->read(in, messages);
   return was_read != 0 || !whole ? std::move(file) : nullptr;
+}
+
+using Files = std::vector<std::unique_ptr<igsFile>>;
+
+inline Files read_all(const Input& input) {
+  Files files;
+  for (const std::string& text : input.texts) files.push_back(read(text));
+  return files;
+}
+
+inline std::int64_t num_entities(const Files& files) {
+  std::int64_t sum = 0;
+  for (const auto& file : files) sum += file->num_entities();
+  return sum;
 }
 
 /// Hands every line to `visit`, without its line end.

@@ -14,8 +14,11 @@
 
 namespace {
 
+using igs_bench::Files;
 using igs_bench::Input;
+using igs_bench::num_entities;
 using igs_bench::read;
+using igs_bench::read_all;
 
 /// A figure of /proc/self/status in bytes; 0 where there is no such file.
 std::size_t memory(std::string_view label) {
@@ -55,20 +58,6 @@ double peak_memory(const Input& input) {
   if (child > 0) waitpid(child, nullptr, 0);
   close(channel[0]);
   return size > 0 ? std::strtod(text, nullptr) : 0;
-}
-
-using Files = std::vector<std::unique_ptr<igsFile>>;
-
-Files read_all(const Input& input) {
-  Files files;
-  for (const std::string& text : input.texts) files.push_back(read(text));
-  return files;
-}
-
-std::int64_t num_entities(const Files& files) {
-  std::int64_t sum = 0;
-  for (const auto& file : files) sum += file->num_entities();
-  return sum;
 }
 
 /// What is timed has to be right: a file is read whole, and what is written of it reads back with as many entities. A
