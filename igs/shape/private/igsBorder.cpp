@@ -198,12 +198,14 @@ class BorderMaker {
   // The direction of a closed curve is not told by its ends: one that winds round the surface a second time is turned.
   igsBorderLoop joined(std::vector<BorderPoints> ways) const {
     igsBorderLoop loop = closed(ways);
-    for (std::size_t i = ways.size(); i-- > 0 && winds_twice(loop.winding);) {
+    int turns_left = 8;  // more do not occur, but would take their number times the length of the loop
+    for (std::size_t i = ways.size(); i-- > 0 && turns_left > 0 && winds_twice(loop.winding);) {
       const igsVec2 gain = ways[i].back().uv - ways[i].front().uv;
       if ((ways[i].back().point - ways[i].front().point).length() > 0.01 * m_tolerance.chord) continue;
       if (!(gain.dot(loop.winding) > 0.5 * gain.length() * loop.winding.length())) continue;
       turn_round(ways[i]);
       loop = closed(ways);
+      --turns_left;
     }
     return loop;
   }

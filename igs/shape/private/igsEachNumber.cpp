@@ -4,7 +4,6 @@
 #include <atomic>
 #include <exception>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -26,7 +25,7 @@ void igs_for_each_number(std::size_t count, int threads, const std::function<voi
   std::vector<std::thread> workers;
   try {
     while (workers.size() + 1 < std::min(wanted, count)) workers.emplace_back(work);
-  } catch (const std::system_error&) {  // this thread does what is left
+  } catch (const std::exception&) {  // there are no more threads, or no room for one: this one does what is left
   }
   work();
   for (std::thread& worker : workers) worker.join();
