@@ -24,6 +24,10 @@ if(IGS_SANITIZE_THREADS)
   add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
   add_link_options(-fsanitize=thread)
 endif()
-if(IGS_BUILD_FUZZERS)
-  add_compile_options(-fsanitize=fuzzer-no-link)
-endif()
+
+# What a fuzzer is to see the ways through.
+function(igs_fuzzed target)
+  if(IGS_BUILD_FUZZERS)
+    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+  endif()
+endfunction()
