@@ -1,7 +1,8 @@
-// Any bytes at all as a file whose shapes are asked for points, polylines, lengths, boxes and triangles, and whose
-// geometry is checked. What comes back must be finite and lie within the bounds that were asked for; time and memory
-// stay in proportion to the input.
+// Any bytes at all as a file whose shapes are asked for points, polylines, lengths, boxes and triangles, whose points
+// and annotation are drawn, and whose geometry is checked. What comes back must be finite and lie within the bounds
+// that were asked for; time and memory stay in proportion to the input.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <sstream>
@@ -58,6 +59,20 @@ void ask_mesh(const igsShapeMesh& mesh) {
   }
 }
 
+void ask_drawing(const igsShapeDrawing& drawing) {
+  const auto check = [](const igsVec3& point) { require(point.is_finite(), "what is drawn is finite"); };
+  for (const auto* shapes : {&drawing.lines, &drawing.areas}) {
+    for (const std::vector<igsVec3>& points : *shapes) {
+      require(points.size() > 1, "lines and areas have points");
+      std::for_each(points.begin(), points.end(), check);
+    }
+  }
+  std::for_each(drawing.points.begin(), drawing.points.end(), check);
+  for (const igsShapeText& text : drawing.texts) {
+    for (const igsVec3& vector : {text.start, text.along, text.up}) check(vector);
+  }
+}
+
 void ask(const igsFile& file) {
   igsShapes shapes(file);
   igsFileIT entities(&file);
@@ -65,7 +80,9 @@ void ask(const igsFile& file) {
     if (const igsShapeCurvePtr curve = shapes.curve(entities())) ask_curve(*curve);
     if (const igsShapeSurfacePtr surface = shapes.surface(entities())) ask_surface(*surface);
   }
-  for (const igsShapeMesh& mesh : igs_meshes(igsShapeModel(file), coarse)) ask_mesh(mesh);
+  const igsShapeModel model(file, shapes, {.has_blanked = true, .has_marks = true});
+  for (const igsShapeMark& mark : model.marks()) ask_drawing(igs_draw(*mark.entity, shapes, coarse));
+  for (const igsShapeMesh& mesh : igs_meshes(model, coarse)) ask_mesh(mesh);
 }
 }  // namespace
 

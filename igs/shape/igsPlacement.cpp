@@ -1,6 +1,7 @@
 #include "igs/shape/igsPlacement.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "igs/curves/igs124.h"
 #include "igs/file/igsDirectoryEntry.h"
@@ -8,6 +9,7 @@
 
 namespace {
 constexpr int longest_chain = 32;
+constexpr double flattest = 1e-9;  // the volume of the unit cube, against that of the cube over its longest edge
 }  // namespace
 
 igsPlacement::igsPlacement(const giXform3& transform) {
@@ -19,7 +21,7 @@ igsPlacement::igsPlacement(const giXform3& transform) {
 }
 
 igsPlacement::igsPlacement(double scale, const igsVec3& translation)
-    : m_columns{{scale, 0, 0}, {0, scale, 0}, {0, 0, scale}}, m_translation(translation) {}
+    : igsPlacement({scale, 0, 0}, {0, scale, 0}, {0, 0, scale}, translation) {}
 
 igsPlacement igsPlacement::of(const igsObject& entity) {
   igsPlacement placement;
@@ -38,6 +40,18 @@ igsPlacement igsPlacement::operator*(const igsPlacement& inner) const {
   for (int j = 0; j < 3; ++j) both.m_columns[j] = vector(inner.m_columns[j]);
   both.m_translation = point(inner.m_translation);
   return both;
+}
+
+std::optional<igsPlacement> igsPlacement::inverse() const {
+  const auto& [a, b, c] = m_columns;
+  const double volume = determinant(), longest = scale();
+  if (!(std::abs(volume) > flattest * longest * longest * longest)) return std::nullopt;
+  const double factor = 1 / volume;
+  const igsVec3 x = b.cross(c) * factor, y = c.cross(a) * factor, z = a.cross(b) * factor;  // the rows
+  igsPlacement linear({x.x, y.x, z.x}, {x.y, y.y, z.y}, {x.z, y.z, z.z}, {});
+  linear.m_translation = linear.vector(m_translation) * -1;
+  const bool is_finite = std::isfinite(linear.scale()) && linear.m_translation.is_finite();
+  return is_finite ? std::optional(linear) : std::nullopt;
 }
 
 double igsPlacement::scale() const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "igs/shape/export.h"
 #include "igs/shape/igsVec.h"
 #include "igs/support/giXform3.h"
@@ -11,6 +13,9 @@ class IGS_SHAPE_API igsPlacement {
  public:
   igsPlacement() = default;
   explicit igsPlacement(const giXform3& transform);
+  /// Where the unit vectors of the axes come to stand, and then what all of it is moved by.
+  igsPlacement(const igsVec3& x, const igsVec3& y, const igsVec3& z, const igsVec3& translation)
+      : m_columns{x, y, z}, m_translation(translation) {}
   /// `scale` times, then moved.
   igsPlacement(double scale, const igsVec3& translation);
 
@@ -24,6 +29,8 @@ class IGS_SHAPE_API igsPlacement {
   igsVec3 vector(const igsVec3& v) const { return m_columns[0] * v.x + m_columns[1] * v.y + m_columns[2] * v.z; }
   /// This after `inner`.
   igsPlacement operator*(const igsPlacement& inner) const;
+  /// What undoes it; nothing where it is flat, or nearly so, or the numbers become too large.
+  std::optional<igsPlacement> inverse() const;
   /// True where nothing is moved.
   bool is_identity() const { return *this == igsPlacement(); }
   /// Of the linear map; negative where it mirrors.

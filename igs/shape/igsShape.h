@@ -3,6 +3,7 @@
 /// Everything that igs::shape offers: points, lengths, areas, triangles and geometric checks of what a file shows.
 
 #include "igs/shape/igsShapeCheck.h"
+#include "igs/shape/igsShapeDrawing.h"
 #include "igs/shape/igsShapeFigures.h"
 #include "igs/shape/igsShapeMesh.h"
 #include "igs/shape/igsShapeModel.h"

@@ -1,6 +1,7 @@
 #include "igs/shape/igsShapeMesh.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <utility>
 
@@ -12,10 +13,12 @@ namespace {
 /// Makes the mesh of one face.
 class FaceMesher {
  public:
-  FaceMesher(const igsShapeFace& face, const igsShapeEdgePoints& edges, const igsShapeTolerance& tolerance)
+  FaceMesher(const igsShapeFace& face, const igsShapeEdgePoints& edges, const igsShapeTolerance& tolerance,
+             bool is_measured)
       : m_face(face),
         m_edges(edges),
         m_tolerance(tolerance),
+        m_is_measured(is_measured),
         // A mirrored surface is seen from its other side.
         m_is_turned(face.is_reversed != (face.placement.determinant() < 0)) {}
 
@@ -47,7 +50,7 @@ class FaceMesher {
     const igsShapeSurface& surface = *m_face.surface;
     if (!igs_find_domain(m_face, attempt.loops, m_tolerance, attempt.domain)) return false;
     if (!igs_triangulate(surface, attempt.domain, m_tolerance, attempt.triangles)) return false;
-    attempt.integral = igs_integrate(surface, m_face.placement, attempt.domain, attempt.triangles);
+    if (m_is_measured) attempt.integral = igs_integrate(surface, m_face.placement, attempt.domain, attempt.triangles);
     return !attempt.triangles.triangles.empty() && std::isfinite(attempt.integral.area) &&
            std::isfinite(attempt.integral.volume);
   }
@@ -149,6 +152,7 @@ class FaceMesher {
   const igsShapeFace& m_face;
   const igsShapeEdgePoints& m_edges;
   const igsShapeTolerance& m_tolerance;
+  bool m_is_measured;
   bool m_is_turned;
   igsShapeMesh m_mesh;
   std::vector<int> m_numbers;  // of vertices in the mesh
@@ -177,14 +181,21 @@ igsShapeEdgePoints::igsShapeEdgePoints(const igsShapeModel& model, const igsShap
   }
 }
 
-igsShapeMesh igs_mesh(const igsShapeFace& face, const igsShapeEdgePoints& edges, const igsShapeTolerance& tolerance) {
-  return FaceMesher(face, edges, tolerance).mesh();
+igsShapeMesh igs_mesh(const igsShapeFace& face, const igsShapeEdgePoints& edges, const igsShapeTolerance& tolerance,
+                      bool is_measured) {
+  return FaceMesher(face, edges, tolerance, is_measured).mesh();
 }
 
-std::vector<igsShapeMesh> igs_meshes(const igsShapeModel& model, const igsShapeTolerance& tolerance, int threads) {
+std::vector<igsShapeMesh> igs_meshes(const igsShapeModel& model, const igsShapeTolerance& tolerance, int threads,
+                                     bool is_measured, std::size_t most_in_all) {
   const igsShapeEdgePoints edges(model, tolerance);
   std::vector<igsShapeMesh> meshes(model.faces().size());
-  igs_for_each_number(meshes.size(), threads,
-                      [&](std::size_t i) { meshes[i] = igs_mesh(model.faces()[i], edges, tolerance); });
+  std::atomic<std::size_t> num_triangles{0};
+  igs_for_each_number(meshes.size(), threads, [&](std::size_t i) {
+    if (num_triangles > most_in_all) return;
+    meshes[i] = igs_mesh(model.faces()[i], edges, tolerance, is_measured);
+    num_triangles += meshes[i].triangles.size();
+  });
+  if (num_triangles > most_in_all) meshes.clear();
   return meshes;
 }

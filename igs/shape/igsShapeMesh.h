@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <limits>
 #include <vector>
 
 #include "igs/shape/export.h"
@@ -34,9 +35,11 @@ class IGS_SHAPE_API igsShapeEdgePoints {
   std::vector<std::vector<igsPolylinePoint>> m_points;
 };
 
-/// Triangulates one face.
+/// Triangulates one face. `is_measured`: false leaves area and volume 0; to find them takes longer than the triangles.
 IGS_SHAPE_API igsShapeMesh igs_mesh(const igsShapeFace& face, const igsShapeEdgePoints& edges,
-                                    const igsShapeTolerance& tolerance);
-/// All faces of a model, in their order, by `threads` threads (0: as many as the machine has).
+                                    const igsShapeTolerance& tolerance, bool is_measured = true);
+/// All faces of a model, in their order, by `threads` threads (0: as many as the machine has). An empty list where they
+/// would have more than `most_in_all` triangles together.
 IGS_SHAPE_API std::vector<igsShapeMesh> igs_meshes(const igsShapeModel& model, const igsShapeTolerance& tolerance,
-                                                   int threads = 1);
+                                                   int threads = 1, bool is_measured = true,
+                                                   std::size_t most_in_all = std::numeric_limits<std::size_t>::max());

@@ -6,19 +6,24 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
 #include "igs/curves/igs102.h"
 #include "igs/curves/igs116.h"
+#include "igs/curves/igsPointset.h"
 #include "igs/file/igsDirectoryEntry.h"
 #include "igs/file/igsFile.h"
+#include "igs/objects/igsAnnotation.h"
 #include "igs/objects/igsCast.h"
 #include "igs/objects/igsCurve.h"
-#include "igs/objects/igsFieldVisitor.h"
 #include "igs/objects/igsSurface.h"
+#include "igs/shape/private/igsFieldsOf.h"
+#include "igs/shape/private/igsIsBlanked.h"
 #include "igs/shape/private/igsPlacedShapes.h"
+#include "igs/shape/private/igsSheets.h"
 #include "igs/shape/private/igsVecOf.h"
 #include "igs/solids/igs186.h"
 #include "igs/solids/igs502.h"
@@ -42,10 +47,10 @@ constexpr std::int64_t things_per_entity = 16, things_always = 10'000;
 constexpr std::int64_t breaks_per_piece = 16;  // of a shape that is used again
 constexpr std::int64_t boundaries_per_entity = 64, boundaries_always = 100'000;
 
-bool is_shown(const igsObject& entity) {
-  const igsStatusFlags& status = entity.directory_entry().status_flags();
-  return status.blank_status() != 1 && status.entity_use() != used_for_annotation &&
-         status.entity_use() != igsStatusFlags::use_2d_parametric;
+int entity_use(const igsObject& entity) { return entity.directory_entry().status_flags().entity_use(); }
+
+bool is_mark(const igsObject& entity) {
+  return entity.typeof(igsAnnotation::type()) || entity.typeof(igs116::type()) || entity.typeof(igsPointset::type());
 }
 
 igsVec3 vertex_of(const igsObjectPtr& list, int position) {
@@ -92,15 +97,15 @@ std::int64_t size_of(const igsObject& entity) {
 }  // namespace
 
 /// The entities that others are made of. Groups, drawings, views and properties only name what they show.
-class igsEntitiesInUse final : public igsFieldVisitor {
+class igsEntitiesInUse {
  public:
   explicit igsEntitiesInUse(const igsFile& file) {
     for (igsFileIT it(&file); ++it != 0;) {
       const igsEntityType type = it()->directory_entry().entity_type();
       const bool is_subfigure = type == igsEntity308;
       if (type >= igsEntity402 && type <= igsEntity416) continue;
-      m_users = is_subfigure ? &m_by_subfigures : &m_by_others;
-      it()->visit_fields(*this);
+      for (const igsObject* target : igsFieldsOf(*it()).targets)
+        add(*target, is_subfigure ? m_by_subfigures : m_by_others);
     }
   }
 
@@ -108,32 +113,26 @@ class igsEntitiesInUse final : public igsFieldVisitor {
   bool is_part(const igsObject& entity) const { return contains(m_by_others, entity); }
   bool is_member(const igsObject& entity) const { return contains(m_by_subfigures, entity); }
 
-  void integer(const char*, int) override {}
-  void real(const char*, double) override {}
-  void text(const char*, const utString&) override {}
-  void reference(const char*, const igsObject* target) override {
-    if (target == nullptr) return;
-    if (slot(*target) >= m_users->size()) m_users->resize(2 * slot(*target) + 1);
-    (*m_users)[slot(*target)] = true;
-  }
-  void begin_group(const char*) override {}
-  void end_group() override {}
-
  private:
   static std::size_t slot(const igsObject& entity) { return static_cast<std::size_t>(entity.de_number() / 2); }
   static bool contains(const std::vector<bool>& users, const igsObject& entity) {
     return slot(entity) < users.size() && users[slot(entity)];
   }
+  static void add(const igsObject& entity, std::vector<bool>& users) {
+    if (slot(entity) >= users.size()) users.resize(2 * slot(entity) + 1);
+    users[slot(entity)] = true;
+  }
 
   std::vector<bool> m_by_subfigures, m_by_others;  ///< by slot
-  std::vector<bool>* m_users = nullptr;
 };
 
 class igsShapeModelMaker {
  public:
-  igsShapeModelMaker(const igsFile& file, igsShapes& shapes, igsShapeModel& model)
+  igsShapeModelMaker(const igsFile& file, igsShapes& shapes, const igsShapeModelOptions& options, igsShapeModel& model)
       : m_model(model),
+        m_options(options),
         m_in_use(file),
+        m_sheets(file),
         m_shapes(shapes),
         m_placed_left(things_per_entity * file.num_entities() + things_always),
         m_pieces_left(boundaries_per_entity * file.num_entities() + boundaries_always) {
@@ -145,10 +144,15 @@ class igsShapeModelMaker {
   }
 
  private:
-  /// Where an entity stands. Within one context an edge of a list is one edge.
+  /// Where an entity stands, and what it takes over from what it is part of. Within one context an edge of a list is
+  /// one edge.
   struct Place {
     igsPlacement placement;
     int context = 0;
+    const igsObject* instance = nullptr;  ///< the outermost igs408
+    bool is_blanked = false;
+    bool is_annotation = false;
+    bool is_on_sheet = false;
   };
   struct Subfigure {
     const igs308* definition;
@@ -177,16 +181,19 @@ class igsShapeModelMaker {
   };
 
   void add_root(const igsObject& entity);
-  void add(const igsObject& entity, const Place& place);
+  void add(const igsObject& entity, const Place& outside);
+  bool is_shown(const igsObject& entity) const;
+  Place place_of_root(const igsObject& entity) const;
 
-  void place_instance(const igs408& root);
-  void open(const igs408& instance, const Place& place);
+  void place_instance(const igs408& root, Place place);
+  void open(const igs408& instance, const Place& outside);
   bool place_member(const igsObject* member, const Place& place);
 
   void add_solid(const igs186& solid, Place place);
   void add_shell(igsShapeShell shell, bool is_reversed, const Place& place);
   void add_surface(const igsObject& entity, const Place& place);
   void add_wire(const igsObject& entity, const Place& place);
+  void add_mark(const igsObject& entity, const Place& place);
   void add_face(const igsObject& entity, const Place& outside, int shell = -1, bool is_reversed = false);
 
   void bound(igsShapeFace& face, const igs144& entity);
@@ -205,18 +212,23 @@ class igsShapeModelMaker {
   igsShapeCurvePtr placed_curve(const igsObject* curve, const igsPlacement& placement);
 
   Place inside(const Place& place, const igsObject& entity);
+  Place moved(Place place, const igsPlacement& own);
   bool may_use(const igsShapeCurvePtr& curve);
   bool may_use(const igsShapeSurfacePtr& surface);
   bool may_use(const void* shape, std::size_t num_breaks);
+  bool may_draw(const igsObject& mark);
   bool may_add_piece() { return m_pieces_left > 0 && --m_pieces_left > 0; }
   void leave_out(const igsObject& entity) { m_model.m_left_out.push_back(entity.de_number()); }
 
   igsShapeModel& m_model;
+  const igsShapeModelOptions m_options;
   igsEntitiesInUse m_in_use;
+  igsSheets m_sheets;
   igsShapes& m_shapes;
   std::int64_t m_placed_left, m_pieces_left;
   int m_num_contexts = 1;
   std::unordered_set<const void*> m_used_shapes;
+  std::unordered_map<const igsObject*, std::size_t> m_mark_sizes;  ///< of marks and of what they consist of
   std::vector<Subfigure> m_open;
   std::unordered_set<const igs308*> m_open_definitions;
   std::unordered_map<EdgeKey, int, EdgeKey::Hash> m_edges;
@@ -224,23 +236,50 @@ class igsShapeModelMaker {
 
 igsShapeModel::igsShapeModel(const igsFile& file) {
   igsShapes shapes(file);
-  igsShapeModelMaker(file, shapes, *this);
+  igsShapeModelMaker(file, shapes, {}, *this);
 }
 
-igsShapeModel::igsShapeModel(const igsFile& file, igsShapes& shapes) { igsShapeModelMaker(file, shapes, *this); }
+igsShapeModel::igsShapeModel(const igsFile& file, igsShapes& shapes, const igsShapeModelOptions& options) {
+  igsShapeModelMaker(file, shapes, options, *this);
+}
 
 void igsShapeModelMaker::add_root(const igsObject& entity) {
   if (m_in_use.is_part(entity) || m_in_use.is_member(entity) || !is_shown(entity)) return;
-  if (entity.directory_entry().status_flags().entity_use() == used_for_definition) return;
+  if (entity_use(entity) == used_for_definition) return;
   if (const auto* const instance = igs_cast<igs408>(&entity)) {
-    place_instance(*instance);
+    place_instance(*instance, place_of_root(entity));
   } else {
-    add(entity, Place());
+    add(entity, place_of_root(entity));
   }
 }
 
-void igsShapeModelMaker::add(const igsObject& entity, const Place& place) {
-  if (const auto* const solid = igs_cast<igs186>(&entity)) {
+bool igsShapeModelMaker::is_shown(const igsObject& entity) const {
+  const int use = entity_use(entity);
+  return (m_options.has_blanked || !igs_is_blanked(entity)) && (m_options.has_marks || use != used_for_annotation) &&
+         use != igsStatusFlags::use_2d_parametric;
+}
+
+igsShapeModelMaker::Place igsShapeModelMaker::place_of_root(const igsObject& entity) const {
+  Place place;
+  if (!m_options.has_marks) return place;
+  if (const std::optional<igsPlacement>* const sheet = m_sheets.sheet_of(entity)) {
+    place.placement = sheet->value_or(igsPlacement());
+    place.is_on_sheet = !sheet->has_value();
+  }
+  return place;
+}
+
+void igsShapeModelMaker::add(const igsObject& entity, const Place& outside) {
+  Place place = outside;
+  place.is_blanked |= igs_is_blanked(entity);
+  place.is_annotation |= entity_use(entity) == used_for_annotation;
+  if (is_mark(entity)) {
+    if (m_options.has_marks) add_mark(entity, place);
+  } else if (entity.typeof(igsCurve::type()) || entity.typeof(igs142::type())) {
+    add_wire(entity, place);
+  } else if (place.is_annotation) {
+    return;
+  } else if (const auto* const solid = igs_cast<igs186>(&entity)) {
     add_solid(*solid, place);
   } else if (entity.typeof(igs514::type())) {
     add_shell({.entity = &entity}, false, place);
@@ -248,16 +287,15 @@ void igsShapeModelMaker::add(const igsObject& entity, const Place& place) {
     add_face(entity, place);
   } else if (entity.typeof(igsSurface::type())) {
     add_surface(entity, place);
-  } else if (entity.typeof(igsCurve::type()) || entity.typeof(igs142::type())) {
-    add_wire(entity, place);
   }
 }
 
 // Instances within instances, with a stack of their own. What goes round in circles is entered once.
-void igsShapeModelMaker::place_instance(const igs408& root) {
+void igsShapeModelMaker::place_instance(const igs408& root, Place place) {
   m_open.clear();
   m_open_definitions.clear();
-  open(root, Place());
+  place.instance = &root;
+  open(root, place);
   while (!m_open.empty()) {
     Subfigure& last = m_open.back();
     if (last.next == last.definition->entities().size()) {
@@ -270,10 +308,13 @@ void igsShapeModelMaker::place_instance(const igs408& root) {
   }
 }
 
-void igsShapeModelMaker::open(const igs408& instance, const Place& place) {
+void igsShapeModelMaker::open(const igs408& instance, const Place& outside) {
   const auto* const definition = igs_cast<igs308>(instance.subfigure().object());
   if (definition == nullptr || !m_open_definitions.insert(definition).second) return;
-  m_open.push_back({definition, 0, {place.placement * placement_of(instance), m_num_contexts++}});
+  Place place = moved(outside, placement_of(instance));
+  place.is_blanked |= igs_is_blanked(instance);
+  place.is_annotation |= entity_use(instance) == used_for_annotation;
+  m_open.push_back({definition, 0, place});
 }
 
 // False when it is too much for the file; nothing more is placed then.
@@ -295,7 +336,7 @@ bool igsShapeModelMaker::place_member(const igsObject* member, const Place& plac
 }
 
 void igsShapeModelMaker::add_solid(const igs186& solid, Place place) {
-  place = {place.placement * igsPlacement::of(solid), m_num_contexts++};
+  place = moved(place, igsPlacement::of(solid));
   const auto add = [&](const igsOrientedShell& shell, bool is_void) {
     add_shell({.entity = shell.shell().object(), .solid = &solid, .is_void = is_void}, shell.orientation() == 0, place);
   };
@@ -305,8 +346,9 @@ void igsShapeModelMaker::add_solid(const igs186& solid, Place place) {
 
 void igsShapeModelMaker::add_shell(igsShapeShell shell, bool is_reversed, const Place& place) {
   const auto* const entity = igs_cast<igs514>(shell.entity);
-  if (entity == nullptr || entity->directory_entry().status_flags().blank_status() == 1) return;
-  const Place within = inside(place, *entity);
+  if (entity == nullptr || (igs_is_blanked(*entity) && !m_options.has_blanked)) return;
+  Place within = inside(place, *entity);
+  within.is_blanked |= igs_is_blanked(*entity);
   shell.first_face = m_model.m_faces.size();
   for (const igsOrientedFace& face : entity->faces()) {
     if (!face.face()) continue;
@@ -325,6 +367,8 @@ void igsShapeModelMaker::add_surface(const igsObject& entity, const Place& place
   face.entity = &entity;
   face.surface = m_shapes.surface(&entity);
   face.placement = place.placement;
+  face.instance = place.instance;
+  face.is_blanked = place.is_blanked;
   if (plane != nullptr) {
     face.has_outer_loop = true;
     face.loops.emplace_back().entity = plane->boundary().object();
@@ -341,7 +385,14 @@ void igsShapeModelMaker::add_surface(const igsObject& entity, const Place& place
 void igsShapeModelMaker::add_wire(const igsObject& entity, const Place& place) {
   const igsShapeCurvePtr curve = m_shapes.curve(&entity);
   if (!may_use(curve)) return leave_out(entity);
-  if (curve == nullptr || curve->range().is_finite()) m_model.m_wires.push_back({&entity, curve, place.placement});
+  if (curve != nullptr && !curve->range().is_finite()) return;
+  m_model.m_wires.push_back(
+      {&entity, curve, place.placement, place.instance, place.is_blanked, place.is_annotation, place.is_on_sheet});
+}
+
+void igsShapeModelMaker::add_mark(const igsObject& entity, const Place& place) {
+  if (!may_draw(entity)) return leave_out(entity);
+  m_model.m_marks.push_back({&entity, place.placement, place.instance, place.is_blanked, place.is_on_sheet});
 }
 
 void igsShapeModelMaker::add_face(const igsObject& entity, const Place& outside, int shell, bool is_reversed) {
@@ -352,6 +403,8 @@ void igsShapeModelMaker::add_face(const igsObject& entity, const Place& outside,
   face.placement = place.placement;
   face.shell = shell;
   face.is_reversed = is_reversed;
+  face.instance = place.instance;
+  face.is_blanked = place.is_blanked;
   if (const auto* const trimmed = igs_cast<igs144>(&entity)) bound(face, *trimmed);
   if (const auto* const bounded = igs_cast<igs143>(&entity)) bound(face, *bounded);
   if (const auto* const of_solid = igs_cast<igs510>(&entity)) bound(face, *of_solid, place);
@@ -523,9 +576,27 @@ bool igsShapeModelMaker::may_use(const void* shape, std::size_t num_breaks) {
   return m_pieces_left > 0;
 }
 
+// A mark and what it consists of are drawn once for each use.
+bool igsShapeModelMaker::may_draw(const igsObject& mark) {
+  if (m_pieces_left <= 0) return false;
+  const igsFieldsOf fields(mark);
+  const auto may_use_fields = [&](const igsObject& entity) {
+    const auto [found, is_new] = m_mark_sizes.try_emplace(&entity, 0);
+    if (is_new) found->second = igsFieldsOf(entity).size;
+    return may_use(&entity, found->second);
+  };
+  return may_use_fields(mark) && std::all_of(fields.targets.begin(), fields.targets.end(),
+                                             [&](const igsObject* target) { return may_use_fields(*target); });
+}
+
 // What a matrix moves shares no edges with what it does not.
 igsShapeModelMaker::Place igsShapeModelMaker::inside(const Place& place, const igsObject& entity) {
   const igsPlacement own = igsPlacement::of(entity);
-  if (own.is_identity()) return place;
-  return {place.placement * own, m_num_contexts++};
+  return own.is_identity() ? place : moved(place, own);
+}
+
+igsShapeModelMaker::Place igsShapeModelMaker::moved(Place place, const igsPlacement& own) {
+  place.placement = place.placement * own;
+  place.context = m_num_contexts++;
+  return place;
 }

@@ -44,6 +44,8 @@ struct igsShapeFace {
   igsPlacement placement;              ///< of the solid and of subfigures; surface and loops stand as the face has them
   int shell = -1;                      ///< 0-based, in igsShapeModel::shells(); -1 for a loose face
   bool is_reversed = false;            ///< the shell uses the face against the normal of its surface
+  const igsObject* instance = nullptr;  ///< the outermost igs408 that places it; null where there is none
+  bool is_blanked = false;              ///< it, or what it is part of
 };
 
 /// An edge of an igs504 that a face uses.
@@ -68,9 +70,31 @@ struct igsShapeShell {
 
 /// A curve that stands alone.
 struct igsShapeWire {
-  const igsObject* entity = nullptr;  ///< never null
-  igsShapeCurvePtr curve;             ///< null where the entity makes no curve
-  igsPlacement placement;             ///< of subfigures
+  const igsObject* entity = nullptr;    ///< never null
+  igsShapeCurvePtr curve;               ///< null where the entity makes no curve
+  igsPlacement placement;               ///< of subfigures, and from a sheet into the space of the model
+  const igsObject* instance = nullptr;  ///< the outermost igs408 that places it; null where there is none
+  bool is_blanked = false;              ///< it, or what places it
+  bool is_annotation = false;           ///< it, or what places it, serves as annotation
+  /// It, or what places it, stands in the coordinates of a drawing (igs404) that has not just one view of the model.
+  bool is_on_sheet = false;
+};
+
+/// A point, a set of points, or an entity of annotation; igs_draw() tells what it looks like.
+struct igsShapeMark {
+  const igsObject* entity = nullptr;    ///< never null
+  igsPlacement placement;               ///< of subfigures, and from a sheet into the space of the model
+  const igsObject* instance = nullptr;  ///< the outermost igs408 that places it; null where there is none
+  bool is_blanked = false;              ///< it, or what places it
+  bool is_on_sheet = false;             ///< as for igsShapeWire
+};
+
+/// What else belongs to a model; nothing by default.
+struct igsShapeModelOptions {
+  bool has_blanked = false;  ///< what is blanked, marked as such
+  /// Points and annotation, curves that serve as annotation among them. What a drawing with one view lists is put where
+  /// the view shows it.
+  bool has_marks = false;
 };
 
 /// What a file shows: its faces, shells, edges and the curves that stand alone. Blanked entities, annotation and what
@@ -81,12 +105,14 @@ class IGS_SHAPE_API igsShapeModel {
  public:
   explicit igsShapeModel(const igsFile& file);
   /// As above, with shapes that `shapes`, of the same file, makes or has made.
-  igsShapeModel(const igsFile& file, igsShapes& shapes);
+  igsShapeModel(const igsFile& file, igsShapes& shapes, const igsShapeModelOptions& options = {});
 
   const std::vector<igsShapeFace>& faces() const { return m_faces; }
   const std::vector<igsShapeShell>& shells() const { return m_shells; }
   const std::vector<igsShapeEdge>& edges() const { return m_edges; }
   const std::vector<igsShapeWire>& wires() const { return m_wires; }
+  /// Empty unless they were asked for.
+  const std::vector<igsShapeMark>& marks() const { return m_marks; }
   /// DE numbers of the instances (igs408) and faces that were left out, as a whole or in part, because they place too
   /// much for the size of the file; ascending.
   const std::vector<int>& left_out() const { return m_left_out; }
@@ -98,5 +124,6 @@ class IGS_SHAPE_API igsShapeModel {
   std::vector<igsShapeShell> m_shells;
   std::vector<igsShapeEdge> m_edges;
   std::vector<igsShapeWire> m_wires;
+  std::vector<igsShapeMark> m_marks;
   std::vector<int> m_left_out;
 };

@@ -119,6 +119,93 @@ TEST(ShapeModel, instancesArePlacedByScaleAndTranslation) {
   EXPECT_TRUE(model.left_out().empty());
 }
 
+/// What the options add: the DE numbers of faces, wires and marks; 'b' for blanked, 'a' for annotation, and '@' before
+/// the instance.
+std::string all_shown(const igsFile& file) {
+  igsShapes shapes(file);
+  const igsShapeModel model(file, shapes, {.has_blanked = true, .has_marks = true});
+  std::string text;
+  const auto add = [&](const auto& shown, bool is_annotation) {
+    text += std::to_string(shown.entity->de_number()) + (shown.is_blanked ? "b" : "") + (is_annotation ? "a" : "");
+    if (shown.instance != nullptr) text += '@' + std::to_string(shown.instance->de_number());
+    text += ' ';
+  };
+  for (const igsShapeFace& face : model.faces()) add(face, false);
+  text += "| ";
+  for (const igsShapeWire& wire : model.wires()) add(wire, wire.is_annotation);
+  text += "| ";
+  for (const igsShapeMark& mark : model.marks()) add(mark, false);
+  return text;
+}
+
+/// Where a drawing of these fields, and form, puts the point (1, 2, 3) that it lists as annotation; (1, 2, 3) of the
+/// sheet.
+igsVec3 placed_by_drawing(int form, const std::string& views, const std::string& scale = "2.", double corner = 0) {
+  ShapedFile shape("404:" + std::to_string(form) + ' ' + views + ",1,3 116:0 1.,2.,3.,0 410:0 1," + scale +
+                   " 124:0 0.," + std::to_string(corner - 1) + ",0.,0.,1.,0.,0.,0.,0.,0.,1.,7. 410:0 2,1.");
+  shape.file.entity(5)->directory_entry().set_matrix(igsObjectPtr(shape.file.entity(7)));
+  igsShapes shapes(shape.file);
+  const igsShapeModel model(shape.file, shapes, {.has_marks = true});
+  const igsShapeMark& mark = model.marks().at(0);
+  const igsVec3 placed = mark.placement.point({1, 2, 3});
+  EXPECT_EQ(mark.is_on_sheet, placed == (igsVec3{1, 2, 3}));
+  return placed;
+}
+
+TEST(ShapeModel, whatADrawingOfOneViewListsStandsWhereTheViewShowsIt) {
+  // Sheet (1, 2, 3), less the origin (-3, -4), halved: (2, 3, 1.5) of the view, which is turned and moved by 7.
+  expect_near(placed_by_drawing(0, "1,5,-3.,-4."), {3, -2, -5.5}, 1e-12);
+  expect_near(placed_by_drawing(1, "1,5,-3.,-4.,1.5707963267948966"), {-2, -3, -5.5}, 1e-12);
+  const igsVec3 unmoved{1, 2, 3};
+  EXPECT_EQ(placed_by_drawing(0, "2,5,-3.,-4.,9,0.,0."), unmoved);
+  for (const char* view : {"0", "1,0,-3.,-4.", "1,3,-3.,-4.", "1,5,1.E999,0."}) {
+    EXPECT_EQ(placed_by_drawing(0, view), unmoved) << view;
+  }
+  for (const char* scale : {"0.", "-2.", "1.E-320", "1.E999", "1.E200"}) {
+    EXPECT_EQ(placed_by_drawing(0, "1,5,-3.,-4.", scale), unmoved) << scale;
+  }
+  EXPECT_EQ(placed_by_drawing(0, "1,5,-3.,-4.", "2.", 1), unmoved);  // its matrix is flat
+}
+
+TEST(ShapeModel, hasWhatIsBlankedAndMarksWhereTheyAreWanted) {
+  const auto with_flags = [](ShapedFile& shape, int de, int blank, int use) {
+    shape.file.entity(de)->directory_entry().set_status_flags({blank, 0, use, 0});
+  };
+  // An instance of a subfigure with an instance in it: lines, a leader, a patch. The centre of an arc is no mark.
+  const std::string leader = "214:1 1,1.,1.,0.,0.,0.,1.,0. ";
+  ShapedFile nested("408:0 3,0.,0.,0.,1. 308:0 1,1HA,2,5,9 408:0 7,0.,0.,0.,1. 308:0 0,1HB,3,11,13,15 " + line + line +
+                    leader + patch + "116:0 1.,2.,3.,0 106:1 1,1,0.,1.,1. 116:0 0.,0.,0.,0 196:0 21,1. ");
+  EXPECT_EQ(all_shown(nested.file), "15@1 23 | 11@1 9@1 | 13@1 17 19 ");
+  with_flags(nested, 5, 1, 0);
+  with_flags(nested, 9, 0, 1);
+  with_flags(nested, 17, 1, 0);
+  EXPECT_EQ(all_shown(nested.file), "15b@1 23 | 11b@1 9a@1 | 13b@1 17b 19 ");
+  with_flags(nested, 1, 0, 1);  // geometry that serves as annotation is curves alone
+  EXPECT_EQ(all_shown(nested.file), "23 | 11ba@1 9a@1 | 13b@1 17b 19 ");
+  EXPECT_EQ(shown(nested.file), "23 |");
+
+  ShapedFile solid("186:0 3,1,0 " + box_shell(3, {0, 0, 0}, {1, 1, 1}));
+  with_flags(solid, 3, 1, 0);
+  EXPECT_EQ(shown(solid.file), "|");
+  EXPECT_EQ(all_shown(solid.file), "5b 7b 9b 11b 13b 15b | | ");
+
+  // A dimension shows its note and leaders itself.
+  ShapedFile dimension("206:0 3,5,0,0.,0. 212:0 1,1,1.,1.,1,1.5,0.,0,0,0.,0.,0.,1HA " + leader + leader);
+  EXPECT_EQ(all_shown(dimension.file), "| | 1 7 ");
+}
+
+TEST(ShapeModel, marksAreNoMoreThanTheFileIsWorth) {
+  // 2,000 labels of one note, which is long.
+  std::string entities = "212:0 1,60000,1.,1.,1,1.5,0.,0,0,0.,0.,0.,60000H" + std::string(60'000, 'A') + ' ';
+  for (int i = 0; i < 2000; ++i) entities += "210:0 1,0 ";
+  ShapedFile shape(entities);
+  igsShapes shapes(shape.file);
+  const igsShapeModel model(shape.file, shapes, {.has_marks = true});
+  EXPECT_GT(model.marks().size(), 10U);
+  EXPECT_LT(model.marks().size(), 200U);
+  EXPECT_EQ(model.left_out().size() + model.marks().size(), 2000U);
+}
+
 TEST(ShapeModel, placesNoMoreThanTheFileIsWorth) {
   // Each of 40 subfigures places the next one twice; the last one has a line, and the first one itself.
   std::string entities = "408:0 3,0.,0.,0.,1. 308:0 1,1HA,3,5,7,251 ";

@@ -43,15 +43,11 @@ class PolylineShape final : public igsShapeCurve {
 
 igsShapeCurvePtr polyline_through(const igsCopiousData& data) {
   const int count = data.number_of_points();
-  const bool is_planar = data.layout() == igsCopiousData::planar;
-  const double z = igs_is_undefined_real(data.z_level()) ? 0 : data.z_level();
   if (count < 2) return nullptr;
   std::vector<igsVec3> points;
   points.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
-    if (data.is_point_undefined(i)) return nullptr;
-    const giPoint2 planar = data.planar_point(i);
-    points.push_back(is_planar ? igsVec3{planar.x(), planar.y(), z} : igs_vec_of(data.point(i)));
+    points.push_back(igs_vec_of(data, i));
     if (!points.back().is_finite()) return nullptr;
   }
   return std::make_shared<PolylineShape>(std::move(points));
