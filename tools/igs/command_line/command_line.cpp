@@ -14,6 +14,7 @@
 #include "command_line/nearest.h"
 #include "command_line/report_options.h"
 #include "command_line/settings.h"
+#include "command_line/view_options.h"
 #include "commands/commands.h"
 #include "files/complaints.h"
 #include "files/exit_status.h"
@@ -31,6 +32,11 @@ constexpr const char* exit_status_help =
 constexpr const char* diff_exit_status_help =
     "Exit status: 0 the files hold the same, 1 they differ, 2 a file could not be\n"
     "opened or read to its end, or the call is wrong.";
+
+constexpr const char* view_exit_status_help =
+    "Exit status: 0 the picture was written, faults or not, 2 a file could not be\n"
+    "opened, read to its end or written, or the call is wrong. What was read of a\n"
+    "file that ends early is drawn.";
 
 /// The keys of --set.
 std::string keys_help() {
@@ -79,16 +85,19 @@ class CommandLine {
   void add_repair();
   void add_diff();
   void add_print();
+  void add_view();
   void add_explain();
   void add_help();
 
   // Options that several commands have.
   void add_format(CLI::App& command, Options& options, bool has_sarif = false);
   void add_limit(CLI::App& command, Options& options, const char* name, const char* description);
-  void add_settings(CLI::App& command, Options& options);
+  void add_settings(CLI::App& command);
+  void add_max_errors(CLI::App& command, Options& options);
   void apply_settings(Options& options) const;
   void add_color(CLI::App& command, Options& options);
-  void add_jobs(CLI::App& command, Options& options);
+  void add_jobs(CLI::App& command, Options& options,
+                const char* description = "work on N files at a time; 1 without it");
   void add_many_names(CLI::App& command, Options& options);
   std::vector<std::string> names_to_work_on(const std::vector<std::string>& names);
   CLI::Option* add_names(CLI::App& command, Options& options, const char* description, const char* text);
@@ -97,6 +106,7 @@ class CommandLine {
   Options m_options;  ///< of commands that have no more
   RepairOptions m_repair;
   DiffOptions m_diff;
+  ViewOptions m_view;
   std::vector<std::string> m_settings;
   NameSources m_sources;  ///< of commands with many files; the names given are the command's
   int m_status = exit_clean;
@@ -113,6 +123,7 @@ CommandLine::CommandLine() {
   add_repair();
   add_diff();
   add_print();
+  add_view();
   add_explain();
   add_help();
 }
@@ -170,11 +181,14 @@ void CommandLine::add_limit(CLI::App& command, Options& options, const char* nam
   command.add_option(name, options.limit, description)->check(is_count)->option_text("N");
 }
 
-void CommandLine::add_settings(CLI::App& command, Options& options) {
+void CommandLine::add_settings(CLI::App& command) {
   command.add_option("--set", m_settings, "change a tolerance or option")
       ->allow_extra_args(false)
       ->check(CLI::Validator(setting_fault, ""))
       ->option_text("KEY=VALUE");
+}
+
+void CommandLine::add_max_errors(CLI::App& command, Options& options) {
   add_limit(command, options, "--max-errors",
             "list at most N errors a file (and N repaired ones); 1000 in text, all otherwise");
 }
@@ -189,11 +203,8 @@ void CommandLine::add_color(CLI::App& command, Options& options) {
   add_choice(command, "--color", "colour the text form; auto, the default, heeds NO_COLOR", modes, options.color);
 }
 
-void CommandLine::add_jobs(CLI::App& command, Options& options) {
-  command.add_option("--jobs", options.jobs, "work on N files at a time; 1 without it")
-      ->check(is_count)
-      ->check(is_number_of_jobs)
-      ->option_text("N");
+void CommandLine::add_jobs(CLI::App& command, Options& options, const char* description) {
+  command.add_option("--jobs", options.jobs, description)->check(is_count)->check(is_number_of_jobs)->option_text("N");
 }
 
 CLI::Option* CommandLine::add_names(CLI::App& command, Options& options, const char* description, const char* text) {
@@ -241,7 +252,8 @@ void CommandLine::add_check() {
   });
   add_report_options(command, m_options);
   add_format(command, m_options, true);
-  add_settings(command, m_options);
+  add_settings(command);
+  add_max_errors(command, m_options);
   command.footer(keys_help() + exit_status_help);
   add_color(command, m_options);
   add_jobs(command, m_options);
@@ -259,7 +271,8 @@ void CommandLine::add_repair() {
   add_repair_options(command, m_repair);
   add_report_options(command, m_repair);
   add_format(command, m_repair);
-  add_settings(command, m_repair);
+  add_settings(command);
+  add_max_errors(command, m_repair);
   command.footer(std::string("Keys of --set: see igs check --help.\n") + exit_status_help);
   add_color(command, m_repair);
   add_jobs(command, m_repair);
@@ -294,6 +307,20 @@ void CommandLine::add_diff() {
 void CommandLine::add_print() {
   CLI::App& command = add_command("print", "Print everything a file holds", [this] { return run_print(m_options); });
   add_names(command, m_options, "IGES file; - is standard input", " ")->expected(1);
+}
+
+void CommandLine::add_view() {
+  CLI::App& command = add_command("view", "Draw the model and its faults: as a page, glTF or SVG", [this] {
+    expect_picture(m_view);
+    apply_settings(m_view);
+    return run_view(m_view);
+  });
+  add_view_options(command, m_view);
+  add_finding_rules(command, m_view);
+  add_settings(command);
+  add_jobs(command, m_view, "triangulate on N threads; 1 without it");
+  add_names(command, m_view, "IGES file; - is standard input", " ")->expected(1);
+  command.footer(std::string("Keys of --set: see igs check --help.\n") + view_exit_status_help);
 }
 
 void CommandLine::add_explain() {

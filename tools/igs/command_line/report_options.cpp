@@ -55,7 +55,7 @@ std::string is_number_of_digits(const std::string& text) {
 
 }  // namespace
 
-void add_report_options(CLI::App& command, Options& options) {
+void add_finding_rules(CLI::App& command, Options& options) {
   add_patterns(command, "--ignore", "leave out faults of these classes; * is any text", options.rules.ignored);
   add_patterns(command, "--only", "heed faults of these classes alone", options.rules.only);
   const auto rate = [&options](const std::vector<std::string>& texts) {
@@ -65,6 +65,10 @@ void add_report_options(CLI::App& command, Options& options) {
       ->allow_extra_args(false)
       ->option_text("PATTERN=LEVEL");
   command.add_flag("--no-geometry", options.no_geometry, "leave out the geometric checks: gaps, free edges, ...");
+}
+
+void add_report_options(CLI::App& command, Options& options) {
+  add_finding_rules(command, options);
   add_choice(command, "--fail-on", "from where on findings make the exit status 1; warning without it", levels,
              options.fail_on);
   command.add_flag("--all", options.all, "list consequences of other faults, and all that are alike, too");

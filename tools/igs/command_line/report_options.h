@@ -4,7 +4,9 @@
 
 #include "commands/commands.h"
 
-/// Which findings count and how they are listed: --ignore, --only, --severity, --no-geometry, ...
+/// Which findings count: --ignore, --only, --severity, --no-geometry.
+void add_finding_rules(CLI::App& command, Options& options);
+/// The same, and how findings are listed.
 void add_report_options(CLI::App& command, Options& options);
 /// How `repair` repairs and writes.
 void add_repair_options(CLI::App& command, RepairOptions& options);

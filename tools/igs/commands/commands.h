@@ -10,6 +10,7 @@
 #include "igs/shape/igsShapeCheck.h"
 #include "report/report.h"
 #include "text/paint.h"
+#include "view/writers.h"
 
 // The commands, each in the source file of its name. Every one returns an ExitStatus.
 
@@ -66,10 +67,23 @@ struct DiffOptions : Options {      // the names are those of the old file and t
   bool stat = false;                ///< counts instead of a list
 };
 
+enum class Picture { page, glb, svg };
+
+struct ViewOptions : Options {  // the name is that of the file, or of the new one
+  std::string old_name;         ///< of the file to compare with; empty without one
+  std::string target;
+  std::optional<Picture> format_asked;
+  Picture picture = Picture::page;     ///< what is written
+  std::optional<double> chord, angle;  ///< in model units and degrees
+  std::optional<igsVec3> direction;    ///< in which one looks; nothing: the usual one
+};
+
 int run_info(const Options& options);
 int run_check(const Options& options);
 int run_repair(const RepairOptions& options);
 int run_diff(const DiffOptions& options);
+/// Draws a file with its faults.
+int run_view(const ViewOptions& options);
 int run_print(const Options& options);
 /// Explains the error classes, or keys of --set, of these names; all error classes without a name.
 int run_explain(const Options& options);

@@ -51,6 +51,7 @@ class Comparison {
   /// Number of entities that reading left out of both files: of these nothing but their kinds could be compared.
   long long num_not_compared() const;
   const RealRule& reals() const { return m_reals; }
+  const EntityMatch& match() const { return m_match; }
   bool has_figures() const { return m_figures.has_value(); }
 
  private:

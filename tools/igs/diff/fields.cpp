@@ -55,6 +55,7 @@ void visit_parameters(const igsObject& entity, igsFieldVisitor& visitor) {
 
 FieldList::FieldList(const igsObject& entity, bool with_paths) : m_with_paths(with_paths) {
   visit_attributes(entity, *this);
+  m_num_attributes = m_fields.size();
   visit_parameters(entity, *this);
 }
 

@@ -31,6 +31,8 @@ class FieldList : public igsFieldVisitor {
   FieldList(const igsObject& entity, bool with_paths);
 
   const std::vector<Field>& fields() const { return m_fields; }
+  /// How many of them, the first ones, are attributes.
+  std::size_t num_attributes() const { return m_num_attributes; }
 
   void integer(const char* label, int value) override { add(label, value); }
   void real(const char* label, double value) override { add(label, value); }
@@ -51,4 +53,5 @@ class FieldList : public igsFieldVisitor {
   std::string m_path;  ///< of the innermost group
   std::vector<Group> m_groups{Group{0}};
   std::vector<Field> m_fields;
+  std::size_t m_num_attributes = 0;
 };

@@ -20,9 +20,6 @@ EntityCounts::EntityCounts(const igsFile& file) {
   }
 }
 
-namespace {
-
-/// The numbers of a definition of levels (type 406 form 1), each once.
 std::vector<int> levels_of_definition(const igsObject& definition) {
   constexpr int property = 406;
   if (definition.directory_entry().entity_type() != property || !definition.isa(igsUnknown::type())) return {};
@@ -35,8 +32,6 @@ std::vector<int> levels_of_definition(const igsObject& definition) {
   levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
   return levels;
 }
-
-}  // namespace
 
 std::vector<LevelUse> levels_of(const igsFile& file) {
   std::map<int, long long> uses;

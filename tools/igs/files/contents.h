@@ -26,6 +26,8 @@ struct LevelUse {
   long long entities = 0;                ///< on this level, among others perhaps
 };
 
+/// The numbers of a definition of levels (type 406 form 1), rising, each once; none of any other entity.
+std::vector<int> levels_of_definition(const igsObject& definition);
 /// The levels that have a name or hold entities, in rising order; 0, which is no level, only with a name.
 std::vector<LevelUse> levels_of(const igsFile& file);
 

@@ -100,6 +100,15 @@ std::string place_of_entity(int de, std::optional<int> type) {
   return std::to_string(*type) + (name.empty() ? "" : ' ' + name) + " (" + number + ')';
 }
 
+std::string places_of_entities(const std::vector<int>& des) {
+  constexpr std::size_t most_listed = 20;
+  std::string text;
+  for (std::size_t i = 0; i < std::min(des.size(), most_listed); ++i) {
+    text += (i == 0 ? "DE " : ", DE ") + std::to_string(des[i]);
+  }
+  return des.size() > most_listed ? text + " and " + std::to_string(des.size() - most_listed) + " more" : text;
+}
+
 std::string place_of(igsLogID log, const igsError& error, const EntityTypes& types) {
   if (const std::optional<int> de = de_number(error)) return place_of_entity(*de, types.at(*de));
   if (log == igsGlobalLog) return "Global section";

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "files/model.h"
 
@@ -13,5 +14,7 @@ int line_of(const igsFile& file, igsLogID log, const igsError& error);
 int global_parameter(const igsError& error);
 /// An entity for people: "126 Rational B-Spline Curve (DE 41)", or "DE 41" where its type is not known.
 std::string place_of_entity(int de, std::optional<int> type);
+/// Several: "DE 41, DE 7", the first twenty "and 5 more".
+std::string places_of_entities(const std::vector<int>& des);
 /// What an error is about, for people: that, or "Global section".
 std::string place_of(igsLogID log, const igsError& error, const EntityTypes& types);

@@ -1,9 +1,9 @@
 #include "report/figures.h"
 
-#include <algorithm>
 #include <ostream>
 #include <string>
 
+#include "findings/place.h"
 #include "text/json_writer.h"
 #include "text/text.h"
 
@@ -20,15 +20,6 @@ std::string box_text(const igsBox& box) {
 std::string units_text(const igsFile& file) {
   const std::optional<igsUnitType> units = sound_units(file.global_section());
   return units ? unit_name(*units) : "in doubt";
-}
-
-std::string numbers_text(const std::vector<int>& des) {
-  constexpr std::size_t most_listed = 20;
-  std::string text;
-  for (std::size_t i = 0; i < std::min(des.size(), most_listed); ++i) {
-    text += (i == 0 ? "DE " : ", DE ") + std::to_string(des[i]);
-  }
-  return des.size() > most_listed ? text + " and " + std::to_string(des.size() - most_listed) + " more" : text;
 }
 
 void write_json_point(JsonWriter& json, const igsVec3& point) {
@@ -53,8 +44,8 @@ void write_text_figures(std::ostream& out, const igsShapeFigures& figures, const
   line("length units", units_text(file));
   line("bounding box", box_text(figures.box));
   line("faces", std::to_string(figures.faces));
-  if (!figures.unmeshed.empty()) line("faces that could not be triangulated", numbers_text(figures.unmeshed));
-  if (!figures.left_out.empty()) line("left out, too much for the file", numbers_text(figures.left_out));
+  if (!figures.unmeshed.empty()) line("faces that could not be triangulated", places_of_entities(figures.unmeshed));
+  if (!figures.left_out.empty()) line("left out, too much for the file", places_of_entities(figures.left_out));
   line("area", format_figure(figures.area));
   line("volume of closed shells", figures.volume ? format_figure(*figures.volume) : "none is closed");
   line("edges", std::to_string(figures.edges));

@@ -29,6 +29,14 @@ class JsonWriter {
     key(name);
     value(content);
   }
+  /// A member that is an array of whatever `write_one` makes of each element.
+  template <class List, class Write>
+  void list(std::string_view name, const List& elements, const Write& write_one) {
+    key(name);
+    begin_array();
+    for (const auto& element : elements) write_one(element);
+    end_array();
+  }
 
  private:
   void open(char bracket);
