@@ -183,6 +183,9 @@ TEST(Mesh, threadsMakeNoDifference) {
   const auto one = igs_meshes(model, fine, 1), three = igs_meshes(model, fine, 3);
   ASSERT_EQ(one.size(), three.size());
   for (std::size_t i = 0; i < one.size(); ++i) EXPECT_EQ(one[i].points, three[i].points);
+  constexpr std::size_t of_a_box = 12;
+  EXPECT_EQ(igs_meshes(model, fine, 2, false, of_a_box).size(), one.size());
+  EXPECT_TRUE(igs_meshes(model, fine, 2, false, of_a_box - 1).empty());
 }
 
 TEST(Mesh, brokenLoopsDoNoHarm) {

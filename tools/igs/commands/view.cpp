@@ -36,7 +36,7 @@ SceneOptions scene_options(const ViewOptions& options) {
   SceneOptions asked;
   asked.chord = options.chord;
   if (options.angle) asked.angle = *options.angle * std::numbers::pi / 180;
-  constexpr std::size_t most_in_glb = 5'000'000;
+  constexpr std::size_t most_in_glb = 2'000'000;
   if (options.picture == Picture::glb) asked.most_triangles = most_in_glb;
   asked.has_fields = options.picture == Picture::page;
   asked.threads = static_cast<int>(options.jobs);

@@ -168,7 +168,7 @@ std::string deflated(std::string plain) {
     return reinterpret_cast<Bytef*>(text);  // NOLINT(cppcoreguidelines-pro-type-reinterpret-cast): bytes
   };
   if (compress2(bytes(result.data() + 1), &size, bytes(plain.data()), static_cast<uLong>(plain.size()),
-                Z_BEST_COMPRESSION) != Z_OK) {
+                Z_DEFAULT_COMPRESSION) != Z_OK) {
     throw std::bad_alloc();
   }
   result.resize(1 + size);
