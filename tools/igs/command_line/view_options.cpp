@@ -72,7 +72,7 @@ void add_view_options(CLI::App& command, ViewOptions& options) {
       ->option_text("C");
   command
       .add_option("--angle", options.angle,
-                  "how far they may turn from one piece to the next; without it 20, free curves 5")
+                  "how far they may turn from one piece to the next; without it 20; free curves 5 at most")
       ->check(between(half_turn, "angle above 0, up to 180"))
       ->option_text("DEGREES");
   const auto is_direction = [](const std::string& text) {

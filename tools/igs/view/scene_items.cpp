@@ -145,7 +145,7 @@ void SceneItems::add_faces() {
 igsShapeTolerance SceneItems::tolerance_of_lines(ItemKind kind) const {
   constexpr double fine = std::numbers::pi / 36;
   igsShapeTolerance tolerance = m_scene.tolerance;
-  if (kind != ItemKind::edge && !m_options.angle) tolerance.angle = std::min(tolerance.angle, fine);
+  if (kind != ItemKind::edge) tolerance.angle = std::min(tolerance.angle, fine);
   return tolerance;
 }
 
