@@ -5,29 +5,22 @@ import { mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { after, test } from 'node:test';
-import { fileURLToPath, pathToFileURL } from 'node:url';
-import { build } from 'esbuild';
+import { fileURLToPath } from 'node:url';
+import { dataOfPage, viewer } from './viewer.mjs';
 
 const program = process.env.IGS_PROGRAM;
 assert.ok(program, 'IGS_PROGRAM names the program to test');
 const folder = mkdtempSync(join(tmpdir(), 'igs-comparison-'));
 after(() => rmSync(folder, { recursive: true }));
 
-const bundle = join(folder, 'unpack.mjs');
-await build({
-  entryPoints: [fileURLToPath(new URL('../viewer/unpack.ts', import.meta.url))],
-  bundle: true,
-  format: 'esm',
-  outfile: bundle,
-});
-const { unpack } = await import(pathToFileURL(bundle));
+const { unpack } = await viewer('unpack');
 
 const example = (name) => fileURLToPath(new URL(`../../examples/${name}.igs`, import.meta.url));
 
 function compared(oldFile, newFile) {
   const page = join(folder, 'page.html');
   execFileSync(program, ['view', '--compare', oldFile, '-o', page, newFile]);
-  return unpack(/id="model">([^<]*)</.exec(readFileSync(page, 'utf8'))[1].trim());
+  return unpack(dataOfPage(page));
 }
 
 /** A copy of an example in which a record, "P19" for the 19th of the parameters, has other contents. */

@@ -1,20 +1,15 @@
 // What the panels work out before they show it: which items are shown, how findings are grouped, how lengths are written.
 import assert from 'node:assert/strict';
-import { mkdtempSync, rmSync } from 'node:fs';
-import { tmpdir } from 'node:os';
-import { join } from 'node:path';
-import { after, test } from 'node:test';
-import { fileURLToPath, pathToFileURL } from 'node:url';
-import { build } from 'esbuild';
+import { test } from 'node:test';
+import { viewer } from './viewer.mjs';
 
-const folder = mkdtempSync(join(tmpdir(), 'igs-panels-'));
-after(() => rmSync(folder, { recursive: true }));
-const modules = ['visibility', 'store', 'model_index', 'findings_panel', 'words'];
-const exported = modules.map((name) => `export * from './${name}.ts';`).join('\n');
-const bundle = join(folder, 'panels.mjs');
-const resolveDir = fileURLToPath(new URL('../viewer/', import.meta.url));
-await build({ stdin: { contents: exported, resolveDir }, bundle: true, format: 'esm', outfile: bundle });
-const { formatLength, groupFindings, ModelIndex, Store, Visibility } = await import(pathToFileURL(bundle));
+const { formatLength, groupFindings, ModelIndex, Store, Visibility } = await viewer(
+  'visibility',
+  'store',
+  'model_index',
+  'findings_panel',
+  'words',
+);
 
 const entity = (type, name, levels, old = false) => ({ type, typeName: 'X', de: 1, name, levels, old, colourName: '' });
 const item = (kind, number, node, more = {}) => ({

@@ -1,32 +1,25 @@
 // What the program packs into a page is what its figures say of the file; damage is told in a sentence.
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
-import { mkdtempSync, readFileSync, rmSync } from 'node:fs';
+import { mkdtempSync, rmSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { after, test } from 'node:test';
-import { fileURLToPath, pathToFileURL } from 'node:url';
+import { fileURLToPath } from 'node:url';
 import { inflateSync } from 'node:zlib';
-import { build } from 'esbuild';
+import { dataOfPage, viewer } from './viewer.mjs';
 
 const program = process.env.IGS_PROGRAM;
 const examples = fileURLToPath(new URL('../../examples/', import.meta.url));
 const folder = mkdtempSync(join(tmpdir(), 'igs-unpack-'));
 after(() => rmSync(folder, { recursive: true }));
 
-const bundle = join(folder, 'unpack.mjs');
-await build({
-  entryPoints: [fileURLToPath(new URL('../viewer/unpack.ts', import.meta.url))],
-  bundle: true,
-  format: 'esm',
-  outfile: bundle,
-});
-const { unpack } = await import(pathToFileURL(bundle));
+const { unpack } = await viewer('unpack');
 
-function dataOfPage(name) {
+function dataOf(name) {
   const page = join(folder, name + '.html');
   execFileSync(program, ['view', '-o', page, examples + name]);
-  return /id="model">([^<]*)</.exec(readFileSync(page, 'utf8'))[1];
+  return dataOfPage(page);
 }
 
 const figuresOf = (name) =>
@@ -91,7 +84,7 @@ for (const name of ['box.igs', 'surfaces.igs', 'flange.igs', 'curves.igs']) {
   test(`${name} measures what the program says`, async () => {
     const figures = figuresOf(name);
     const size = length(minus(...figures.box));
-    const model = await unpack(dataOfPage(name));
+    const model = await unpack(dataOf(name));
     assert.equal(model.items.filter(({ kind }) => kind === 'face').length, figures.faces);
     near(areaOf(model), figures.area, 1e-2 * figures.area);
     // A surface that nothing trims ends where no curve of the file is.
@@ -104,7 +97,7 @@ for (const name of ['box.igs', 'surfaces.igs', 'flange.igs', 'curves.igs']) {
 }
 
 test('damage is told in a sentence, wherever it is', async () => {
-  const data = dataOfPage('box.igs');
+  const data = dataOf('box.igs');
   const told = { message: 'The model in this page is damaged.' };
   for (const part of ['', 'A', '!', data.slice(0, data.length / 2)]) await assert.rejects(unpack(part), told);
   // Where no checksum finds it, what is unpacked refers to nothing that is not there.
