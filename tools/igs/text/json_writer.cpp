@@ -1,5 +1,6 @@
 #include "text/json_writer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <nlohmann/json.hpp>
 #include <ostream>
@@ -59,6 +60,11 @@ void JsonWriter::separate() {
 }
 
 void JsonWriter::write_text(std::string_view text) {
+  const auto is_plain = [](char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; };
+  if (std::all_of(text.begin(), text.end(), is_plain)) {  // as nearly all are
+    m_out << '"' << text << '"';
+    return;
+  }
   constexpr int one_line = -1;
   constexpr bool ascii_only = true;
   m_out << nlohmann::json(to_utf8(text)).dump(one_line, ' ', ascii_only);
