@@ -27,7 +27,8 @@ function(igs_add_viewer target)
   file(GLOB viewer_sources CONFIGURE_DEPENDS ${web}/viewer/*)
   add_custom_command(OUTPUT ${template}
     COMMAND ${IGS_NODE} ${web}/build.mjs ${template}
-    DEPENDS ${viewer_sources} ${web}/build.mjs ${web}/node_modules/.package-lock.json
+    DEPENDS ${viewer_sources} ${web}/build.mjs ${web}/bundle.mjs
+      ${web}/node_modules/.package-lock.json
     COMMENT "Bundling the viewer of pages" VERBATIM)
   target_sources(${target} PRIVATE ${template})
   set_source_files_properties(${template} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)

@@ -25,7 +25,7 @@ std::string still_picture(const Scene& scene, PictureOptions options) {
 
 }  // namespace
 
-bool has_pages() { return true; }
+bool has_pages() { return !page_template()[0].empty(); }
 
 void write_page(std::ostream& out, const Scene& scene, const PictureOptions& still) {
   const std::string title = scene.old_title.empty() ? scene.title : scene.old_title + " - " + scene.title;
