@@ -1,20 +1,8 @@
 // Pages for everyone: without serious faults that axe-core finds, in the dark, on phones, without WebGL, without scripts.
 import assert from 'node:assert/strict';
-import { readFileSync } from 'node:fs';
-import { createRequire } from 'node:module';
 import { test } from 'node:test';
+import { faults, phone } from './axe.mjs';
 import { cameraOf, drawn, example, facesOf, opened, pageOf, picture, stageOf, until } from './browser.mjs';
-
-const axe = readFileSync(createRequire(import.meta.url).resolve('axe-core/axe.min.js'), 'utf8');
-const phone = { viewport: { width: 360, height: 640 }, hasTouch: true, isMobile: true };
-
-async function faults(page) {
-  if (!(await page.evaluate(() => 'axe' in globalThis))) await page.evaluate(axe);
-  const { violations } = await page.evaluate(() => globalThis.axe.run());
-  return violations
-    .filter(({ impact }) => impact === 'serious' || impact === 'critical')
-    .map(({ id, nodes }) => `${id}: ${nodes.map(({ target }) => target.join(' ')).join(', ')}`);
-}
 
 const sum = (colour) => colour[0] + colour[1] + colour[2];
 

@@ -7,7 +7,7 @@ const { formatLength, groupFindings, ModelIndex, Store, Visibility } = await vie
   'visibility',
   'store',
   'model_index',
-  'findings_panel',
+  'findings_list',
   'words',
 );
 
@@ -164,8 +164,14 @@ test('findings that differ in numbers alone are one group', () => {
     finding('knot 5 is 1', { className: 'B' }),
     finding('knot 7 is 2', { consequence: true }),
   ];
-  assert.deepEqual(groupFindings(findings, false), [[0, 1], [2], [3]]);
-  assert.deepEqual(groupFindings(findings, true), [[0, 1], [2], [3], [4]]);
+  assert.deepEqual(
+    groupFindings(findings, (each) => !each.consequence),
+    [[0, 1], [2], [3]],
+  );
+  assert.deepEqual(
+    groupFindings(findings, () => true),
+    [[0, 1], [2], [3], [4]],
+  );
 });
 
 test('lengths have the digits that the size of the model bears', () => {

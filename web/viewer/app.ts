@@ -15,7 +15,7 @@ import { Stage } from './stage.ts';
 import type { StageControls } from './stage_interface.ts';
 import { Store } from './store.ts';
 import { Tabs } from './tabs.ts';
-import { makeThemeSwitch, startsDark } from './theme.ts';
+import { followTheme, makeThemeSwitch, startsDark } from './theme.ts';
 import { makeLegend, makeToolbar } from './toolbar.ts';
 import { TreePanel } from './tree_panel.ts';
 import { Visibility } from './visibility.ts';
@@ -67,18 +67,27 @@ function arrange(viewer: HTMLElement, { tabs, details, legend, view, overlay, ch
   viewer.append(details);
 }
 
+/** What a page can do with the viewer in it. */
+export interface Viewer {
+  setDark(dark: boolean): void;
+  /** Chooses the finding that says this of this line; false where the model has none. */
+  showFinding(finding: { readonly line: number; readonly message: string }): boolean;
+  /** Takes it out again. */
+  stop(): void;
+}
+
 /**
- * Shows a model in `root`, which has a size. Throws, and leaves `root` as it was, where the browser cannot draw it. What
- * it returns takes the viewer out again.
+ * Shows a model in `root`, which has a size. Throws, and leaves `root` as it was, where the browser cannot draw it. A page
+ * that says whether it is dark has a switch for that itself.
  */
-export function startViewer(root: HTMLElement, model: Model): () => void {
-  const store = new Store(model, startsDark());
+export function startViewer(root: HTMLElement, model: Model, dark?: boolean): Viewer {
+  const store = new Store(model, dark ?? startsDark());
   const index = new ModelIndex(model);
   const visibility = new Visibility(store);
   const { picture, view, host } = makePicture(model);
   const header = make('div', { class: 'bar' }, makeTitle(model));
   const viewer = make('div', { class: 'viewer', tabindex: -1 }, header, picture);
-  const theme = makeThemeSwitch(viewer, store);
+  followTheme(viewer, store);
   root.append(viewer);
 
   // It is made last, when its place has its size.
@@ -106,7 +115,8 @@ export function startViewer(root: HTMLElement, model: Model): () => void {
   view.append(overlay);
   viewer.append(make('section', { class: 'panels', 'aria-label': 'Panels' }, tabs.bar, tabs.panels), region);
   const openHelp = startKeyboard(viewer, host, { store, stage, visibility, choice, findings });
-  header.append(theme, makeButton('Keys', openHelp, { title: 'Keys (?)' }));
+  if (dark === undefined) header.append(makeThemeSwitch(store));
+  header.append(makeButton('Keys', openHelp, { title: 'Keys (?)' }));
 
   store.listen((state, change) => {
     if (change.chosen && state.chosen.length > 0 && host.contains(document.activeElement)) tabs.open(details);
@@ -122,9 +132,17 @@ export function startViewer(root: HTMLElement, model: Model): () => void {
   const observer = new ResizeObserver(() => arrange(viewer, movables));
   observer.observe(viewer);
   if (document.activeElement === document.body) viewer.focus({ preventScroll: true });
-  return () => {
-    observer.disconnect();
-    drawn?.dispose();
-    viewer.remove();
+  return {
+    setDark: (isDark) => store.set({ dark: isDark }),
+    showFinding: ({ line, message }) => {
+      const number = model.findings.findIndex((finding) => finding.line === line && finding.message === message);
+      if (number >= 0) choice.finding(number);
+      return number >= 0;
+    },
+    stop: () => {
+      observer.disconnect();
+      drawn?.dispose();
+      viewer.remove();
+    },
   };
 }

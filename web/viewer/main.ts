@@ -1,4 +1,5 @@
-// Starts the viewer in the page that the program has written; where that fails, the still picture stays.
+// Starts the viewer in the page that the program has written; where that fails, the still picture stays. In a page that
+// holds no model whoever wants the viewer finds it by name.
 import { startViewer } from './app.ts';
 import { unpack } from './unpack.ts';
 
@@ -8,12 +9,7 @@ function element(id: string): HTMLElement {
   return found;
 }
 
-function hasWebGl2(): boolean {
-  return document.createElement('canvas').getContext('webgl2') !== null;
-}
-
 async function start(): Promise<void> {
-  if (!hasWebGl2()) throw new Error('This browser draws no models, as it lacks WebGL 2.');
   element('still-caption').textContent = 'Loading the model …';
   const data = element('model');
   const model = await unpack((data.textContent ?? '').trim());
@@ -29,8 +25,15 @@ async function start(): Promise<void> {
   }
 }
 
-start().catch((error: unknown) => {
+declare global {
+  var igsViewer: { readonly startViewer: typeof startViewer; readonly unpack: typeof unpack };
+}
+globalThis.igsViewer = { startViewer, unpack };
+
+function complain(error: unknown): void {
   console.warn(error);
   const reason = error instanceof Error ? error.message : String(error);
   element('still-caption').textContent = `This is a still picture. ${reason}`;
-});
+}
+
+if (document.getElementById('model')) start().catch(complain);

@@ -279,7 +279,7 @@ export class Stage implements StageControls {
 function makeRenderer(): WebGLRenderer {
   const canvas = document.createElement('canvas');
   const context = canvas.getContext('webgl2', { antialias: true, alpha: false, powerPreference: 'high-performance' });
-  if (!context) throw new Error('WebGL 2 is not there');
+  if (!context) throw new Error('This browser draws no models, as it lacks WebGL 2.');
   const renderer = new WebGLRenderer({ canvas, context, antialias: true });
   // The order is ours; sorting would measure the buffers, which hold more than points.
   renderer.sortObjects = false;

@@ -52,6 +52,11 @@ export class Tabs {
     }
   }
 
+  /** Goes to the tab that is open. */
+  focus(): void {
+    this.#tabs.find(({ panel }) => !panel.hidden)?.button.focus();
+  }
+
   #onKey(event: KeyboardEvent): void {
     const at = this.#tabs.findIndex((tab) => tab.button === event.target);
     const last = this.#tabs.length - 1;

@@ -18,24 +18,30 @@ export function startsDark(): boolean {
   return theme === null ? matchMedia('(prefers-color-scheme: dark)').matches : theme === 'dark';
 }
 
+/** Remembers what the reader has said. */
+export function keepTheme(dark: boolean): void {
+  try {
+    localStorage.setItem(key, dark ? 'dark' : 'light');
+  } catch {
+    // It holds for this time.
+  }
+}
+
 /** Keeps the theme of `viewer` as the store has it. */
-export function makeThemeSwitch(viewer: HTMLElement, store: Store): HTMLButtonElement {
-  const button = makeButton('Dark', () => {
-    const dark = !store.state.dark;
-    store.set({ dark });
-    try {
-      localStorage.setItem(key, dark ? 'dark' : 'light');
-    } catch {
-      // It holds for this time.
-    }
-  });
-  const show = (): void => {
-    setPressed(button, store.state.dark);
-    viewer.classList.toggle('dark', store.state.dark);
-  };
+export function followTheme(viewer: HTMLElement, store: Store): void {
+  const show = (): void => void viewer.classList.toggle('dark', store.state.dark);
   store.listen((_, change) => {
     if (change.dark !== undefined) show();
   });
   show();
+}
+
+export function makeThemeSwitch(store: Store): HTMLButtonElement {
+  const button = makeButton('Dark', () => {
+    store.set({ dark: !store.state.dark });
+    setPressed(button, store.state.dark);
+    keepTheme(store.state.dark);
+  });
+  setPressed(button, store.state.dark);
   return button;
 }
