@@ -3,11 +3,13 @@
 //   node wasm_program.mjs BUILD_DIR WORD...
 import { readdirSync, readFileSync, statSync, writeFileSync, writeSync } from 'node:fs';
 import { resolve } from 'node:path';
+import { fileURLToPath } from 'node:url';
 import { bundle } from '../../web/bundle.mjs';
 
 const [build, ...words] = process.argv.slice(2);
 const made = (name) => resolve(build, 'bin', name);
-const options = { alias: { 'igs-program': made('igs.js') }, format: 'esm' };
+const inject = [fileURLToPath(new URL('../../web/npm/random_node.ts', import.meta.url))];
+const options = { alias: { 'igs-program': made('igs.js') }, format: 'esm', platform: 'node', inject };
 const { text } = await bundle('module/program.ts', options);
 const { Program } = await import(`data:text/javascript,${encodeURIComponent(text)}`);
 
