@@ -61,6 +61,9 @@ function oldName(old: OldFile, name: string): string {
   return own === name ? `before-${own}` : own;
 }
 
+/** Beside the folder of the files, none of which it can be taken for. */
+const picturePath = '/picture';
+
 const nameOf = (options: Options): string =>
   safeName(typeof options['name'] === 'string' ? options['name'] : 'input.igs');
 
@@ -119,9 +122,9 @@ export async function view(
 ): Promise<Uint8Array<ArrayBuffer>> {
   const name = nameOf({ ...options });
   const compared = old ? [`--compare=${oldName(old, name)}`] : [];
-  const words = ['view', '--output=picture', ...compared, ...wordsOf({ ...options })];
+  const words = ['view', `--output=${picturePath}`, ...compared, ...wordsOf({ ...options })];
   const run = await runOn(program, words, bytes, name, { ...(old && { old }), ...(template && { template }) });
-  const picture = run.file('picture');
+  const picture = run.file(picturePath);
   if (!picture) throw complaintOf(run);
   return options.format === 'html' ? compactPage(picture) : picture;
 }

@@ -113,6 +113,8 @@ test('pictures are those of the program', async () => {
     }
   }
   await assert.rejects(view(Buffer.from('PK\x03\x04'), { format: 'svg' }), /it is a zip archive/);
+  const picture = await view(bytesOf('flange.igs'), { name: 'picture', format: 'svg' });
+  assert.match(Buffer.from(picture).toString(), /<svg/, 'whatever the file is called');
 });
 
 test('bytes come in several kinds, at the same time, with names and options of any kind', async () => {
