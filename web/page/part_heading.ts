@@ -15,7 +15,7 @@ function wordsOf({ source, report, failure, doing }: Part): string {
 
 export function makePartHeading(session: Session): HTMLElement {
   const [title, about] = [make('h2'), make('p', { class: 'where' })];
-  const stop = makeButton('Stop', () => session.workshop.stop());
+  const stop = makeButton('Stop', () => session.part && session.workshop.stop(session.part.source));
   const remove = makeButton('Remove', () => session.remove(session.state.chosen), {
     title: 'Remove the file from the list (Delete)',
   });

@@ -2,7 +2,7 @@
 import { make, makeButton, makeChoice } from '../viewer/dom.ts';
 import { nameWithEnding, save } from './save.ts';
 import { type Part, repairedSource, type Session } from './session.ts';
-import type { Source, Workshop } from './workshop.ts';
+import type { Picture, Source, Workshop } from './workshop.ts';
 
 type Side = 'came' | 'repaired';
 
@@ -10,7 +10,8 @@ interface Kind {
   readonly label: string;
   readonly title: string;
   readonly type: string;
-  make(workshop: Workshop, source: Source): Promise<Uint8Array<ArrayBuffer>>;
+  /** `drawn`: the picture of this file, where there is one already. */
+  make(workshop: Workshop, source: Source, drawn: Picture | null): Promise<Uint8Array<ArrayBuffer>>;
 }
 
 const kinds: readonly Kind[] = [
@@ -30,7 +31,7 @@ const kinds: readonly Kind[] = [
     label: 'HTML',
     title: 'The picture with its findings: a page that any browser opens',
     type: 'text/html',
-    make: async (workshop, source) => (await workshop.picture(source, {})).page,
+    make: async (workshop, source, drawn) => (drawn ?? (await workshop.picture(source, {}))).page,
   },
   {
     label: 'GLB',
@@ -96,7 +97,7 @@ export class SaveGroup {
     button.ariaBusy = 'true';
     this.#state.textContent = `${kind.label}: at work …`;
     try {
-      const bytes = await kind.make(workshop, source);
+      const bytes = await kind.make(workshop, source, source === part.source ? part.picture : null);
       const saved = nameWithEnding(source.name, kind.label.toLowerCase());
       save(bytes, saved, kind.type);
       this.#state.textContent = `${saved} is saved.`;

@@ -74,7 +74,8 @@ export class Session {
     const parts = sources.map((source): Part => {
       this.#lastId += 1;
       const nothing = { report: null, picture: null, repair: null, comparison: null };
-      return { id: this.#lastId, source, jobs: [], doing: '', failures: {}, failure: '', ...nothing };
+      // Of its own, as an example may be added twice.
+      return { id: this.#lastId, source: { ...source }, jobs: [], doing: '', failures: {}, failure: '', ...nothing };
     });
     const first = parts[0];
     if (!first) return;
@@ -95,15 +96,19 @@ export class Session {
   }
 
   clear(): void {
+    const { parts } = this.#state;
     this.#set({ parts: [], chosen: -1, finding: null });
+    for (const { source } of parts) this.workshop.stop(source);
   }
 
   remove(id: number): void {
     const at = this.#state.parts.findIndex((part) => part.id === id);
+    const removed = this.#state.parts[at];
     const parts = this.#state.parts.filter((part) => part.id !== id);
     const next = parts[Math.min(at, parts.length - 1)];
     if (id !== this.#state.chosen) this.#set({ parts });
     else this.#set({ parts, chosen: next?.id ?? -1, finding: null });
+    if (removed) this.workshop.stop(removed.source);
   }
 
   /** Repairs the file anew: what an earlier repair made is gone. */

@@ -30,6 +30,6 @@ export interface Workshop {
   view(source: Source, format: Exclude<PictureFormat, 'html'>): Promise<Uint8Array<ArrayBuffer>>;
   /** What `igs explain` prints. */
   explain(...words: string[]): Promise<string>;
-  /** Ends the job that is being done, if any. */
-  stop(): void;
+  /** Ends all jobs about the file: the one that is being done, and those that wait. */
+  stop(source: Source): void;
 }

@@ -85,8 +85,16 @@ export class WorkshopClient implements Workshop {
     for (let run = 0; run < 40; ++run) await this.#do(job, 'ahead');
   }
 
-  stop(): void {
-    this.#end('Stopped.');
+  stop(source: Source): void {
+    const reason = 'Stopped.';
+    for (const rank of ranks) {
+      const tasks = this.#waiting[rank].splice(0);
+      for (const task of tasks) {
+        if (sourcesOf(task.job).includes(source)) task.reject(new JobEnded(reason));
+        else this.#waiting[rank].push(task);
+      }
+    }
+    if (this.#current && sourcesOf(this.#current.job).includes(source)) this.#end(reason);
   }
 
   #do<Result>(job: Job, rank: Rank = 'answer'): Promise<Result> {

@@ -64,6 +64,19 @@ test('a picture that is being drawn makes room, and is drawn afterwards', async 
   assert.equal(await picture, 'drawn');
 });
 
+test('what is stopped ends, whether it is being done or waits, and nothing else does', async () => {
+  const { client, workers, given } = workshop();
+  const [stopped, other] = [source('stopped'), source('other')];
+  const ended = [client.check(stopped, {}), client.picture(stopped, {}), client.picture(other, {}, stopped)];
+  const kept = client.check(other, {});
+  client.stop(stopped);
+  for (const job of ended) await assert.rejects(job, { name: 'JobEnded', message: 'Stopped.' });
+  assert.ok(workers[0].ended);
+  assert.deepEqual(given(), ['other']);
+  workers[1].answer({ result: 'checked' });
+  assert.equal(await kept, 'checked');
+});
+
 test('a worker that has failed is made anew for the next job', async () => {
   const { client, workers } = workshop({ bytes: 1, seconds: 0.05, secondsPerMegabyte: 0 });
   const fails = async (promise, message) => assert.rejects(promise, { name: 'JobEnded', message });
