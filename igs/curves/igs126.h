@@ -39,6 +39,10 @@ class IGS_API igs126 : public igsWrittenEntity<igs126, "igs126", igsCurve> {
   int knot(int i, double& value) const { return m_direction.knot(i, value); }
   int set_knot(int i, double value) { return m_direction.set_knot(i, value); }
 
+  /// All of them, in their order; unset ones are there, too.
+  const igsList<giPoint3>& control_points() const { return m_control_points; }
+  const igsList<double>& weights() const { return m_weights; }
+
   /// The start and end of the curve's parameter, V(0) and V(1).
   void parametric_limits(double& start, double& end) const;
   /// Returns 1; returns 0 and stores nothing unless `end` >= `start`.

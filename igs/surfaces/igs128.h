@@ -47,6 +47,10 @@ class IGS_API igs128 : public igsWrittenEntity<igs128, "igs128", igsParameterize
   int set_knot_u(int i, double value) { return m_u.set_knot(i, value); }
   int set_knot_v(int i, double value) { return m_v.set_knot(i, value); }
 
+  /// All of them, u running fastest; unset ones are there, too.
+  const igsList<giPoint3>& control_points() const { return m_control_points; }
+  const igsList<double>& weights() const { return m_weights; }
+
   /// The limits of the parameters in use: U(0), U(1) and V(0), V(1).
   void parametric_limits_u(double& start, double& end) const;
   void parametric_limits_v(double& start, double& end) const;

@@ -3,6 +3,8 @@
 #include <climits>
 #include <utility>
 
+#include "text/text.h"
+
 namespace {
 
 void visit_attribute(igsFieldVisitor& visitor, const char* name, const igsDEAttribute& attribute) {
@@ -15,11 +17,6 @@ void visit_structure(igsFieldVisitor& visitor, const igsObject& entity) {
   const int field = entity.directory_entry().structure();
   const igsObject* const definition = field < 0 && field >= -INT_MAX ? entity.file().entity(-field) : nullptr;
   definition != nullptr ? visitor.reference("structure", definition) : visitor.integer("structure", field);
-}
-
-std::string without_outer_blanks(const std::string& text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 }  // namespace

@@ -49,6 +49,8 @@ std::string_view InputFile::foreign_kind() const {
 
 InputFile::InputFile(InMemory input) : m_memory(std::move(input.bytes)), m_stream(&m_memory) {}
 
+InputFile::InputFile(OpenStream input) : m_stream(&input.stream) { look_into(input.stream); }
+
 void InputFile::keep_bytes() {
   std::string bytes;
   std::array<char, 1U << 16U> block{};

@@ -15,6 +15,10 @@
 struct InMemory {
   std::string bytes;
 };
+/// A stream of the caller's, which outlives the reading.
+struct OpenStream {
+  std::istream& stream;
+};
 
 /// A file named on the command line, opened for reading; "-" is standard input. What is packed by gzip is unpacked on
 /// its way.
@@ -23,6 +27,8 @@ class InputFile {
   explicit InputFile(const std::string& name);
   /// Bytes in memory in the place of a file.
   explicit InputFile(InMemory input);
+  /// As a file of that content would be read.
+  explicit InputFile(OpenStream input);
 
   /// Takes all that is left to read into memory, where it stays after it has been read until take_bytes().
   void keep_bytes();

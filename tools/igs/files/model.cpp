@@ -88,6 +88,11 @@ Model::Model(const std::string& name, InMemory input)
   m_file.set_message_stream(&m_messages);
 }
 
+Model::Model(const std::string& name, OpenStream input)
+    : m_name(name), m_input(input), m_progress(name, m_input.size()), m_file(name) {
+  m_file.set_message_stream(&m_messages);
+}
+
 std::string Model::open_error() const {
   std::string error = m_input.error();
   if (!error.empty()) return error;

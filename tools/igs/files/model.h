@@ -65,6 +65,7 @@ class Model {
   explicit Model(const std::string& name);
   /// A file in memory, under a name for reports.
   Model(const std::string& name, InMemory input);
+  Model(const std::string& name, OpenStream input);
 
   /// Why the file cannot be opened, or is not worth reading; empty when it is.
   std::string open_error() const;

@@ -18,6 +18,15 @@ std::vector<LostEntity> lost_entities(const igsFile& file) {
   return list;
 }
 
+std::string what_is_missing(const Model& model) {
+  std::string missing = model.read_error();
+  for_each_active_error(model.file().error_log(), [&](igsLogID, const igsError& error) {
+    const bool is_whole = !error.isa(igsFileMissingSection::type()) && !error.isa(igsFileSecondFile::type());
+    if (missing.empty() && !is_whole) missing = "not whole: " + sentence_of(error);
+  });
+  return missing;
+}
+
 void check_faults(igsFile& file) {
   igsSimpleSectionLog& log = file.error_log().structure_log();
   igsSimpleSectionLogIT errors(log);

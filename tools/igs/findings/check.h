@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "files/model.h"
 #include "igs/igs.h"
 #include "igs/shape/igsShapeCheck.h"
 
@@ -17,6 +18,9 @@ struct LostEntity {
 
 /// In the order of their lines; before the file is written.
 std::vector<LostEntity> lost_entities(const igsFile& file);
+
+/// Why a file that has been read is not whole; empty when it is.
+std::string what_is_missing(const Model& model);
 
 /// Checks a file that has been read. The bookkeeping faults of entities, which writing cures, are taken for repaired
 /// before, so that no entity counts as faulty for them. Throws std::bad_alloc when memory runs out.

@@ -67,10 +67,7 @@ void RepairedFile::repair() {
 void RepairedFile::note_findings() {
   const igsFile& file = m_model.file();
   m_lost = lost_entities(file);
-  for_each_active_error(file.error_log(), [this](igsLogID, const igsError& error) {
-    const bool is_whole = !error.isa(igsFileMissingSection::type()) && !error.isa(igsFileSecondFile::type());
-    if (m_missing.empty() && !is_whole) m_missing = "not whole: " + sentence_of(error);
-  });
+  m_missing = ::what_is_missing(m_model);
   m_repaired->findings = Findings::repaired(file, m_rules.findings);
   m_left = FileFindings(m_model, m_model.name());
   m_left.findings = Findings::active(file, m_rules.findings);

@@ -90,6 +90,11 @@ double rounded_to_digits(double value, int digits) {
   return std::isfinite(result) ? result : value;
 }
 
+std::string without_outer_blanks(const std::string& text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
 std::string format_real(double value) {
   std::ostringstream text;
   utOstream(text) << value;

@@ -17,6 +17,9 @@ std::string to_utf8(std::string_view text);
 /// The text on one line: control characters and bytes that belong to no valid UTF-8 character become \xNN.
 std::string printable(std::string_view text);
 
+/// The text less the blanks before and behind it.
+std::string without_outer_blanks(const std::string& text);
+
 /// The shortest decimal number that reads back to the same double, in every locale. Infinities and NaN become "inf",
 /// "-inf" and "nan".
 std::string format_real(double value);
