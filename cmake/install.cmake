@@ -1,5 +1,5 @@
 # What `cmake --install` puts in place: the libraries with their headers, and how CMake and pkg-config find them. The prefix
-# may be moved afterwards. Components: igs_runtime (a shared library), igs_development, igs_tool.
+# may be moved afterwards. Components: igs_runtime (a shared library), igs_development, igs_tool, igs_python.
 include(CMakePackageConfigHelpers)
 
 set(igs_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/igs)

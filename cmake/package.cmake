@@ -1,4 +1,4 @@
-# Debian packages, by `cpack -G DEB` (scripts/package): libigs0.1, libigs-dev and igs, of a build with shared library.
+# Debian packages, by `cpack -G DEB` (scripts/package): libigs0.1, libigs-dev, igs and python3-igs, of a build with shared library.
 set(igs_soname_version ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 set(CPACK_PACKAGE_CONTACT "igs developers <igs@example.invalid>")
 set(CPACK_PACKAGE_VENDOR "igs developers")
@@ -36,5 +36,15 @@ igs_debian_package(igs_runtime libigs${igs_soname_version} libs "library for IGE
 igs_debian_package(igs_development libigs-dev libdevel "library for IGES files, development files" igs_runtime)
 if(IGS_BUILD_TOOL)
   igs_debian_package(igs_tool igs utils "read, check and repair IGES files" igs_runtime)
+endif()
+if(IGS_BUILD_PYTHON)
+  igs_debian_package(igs_python python3-igs python "read, check and repair IGES files in Python" igs_runtime)
+  # The module is for this version of Python.
+  math(EXPR igs_next_python "${Python_VERSION_MINOR} + 1")
+  set(CPACK_DEBIAN_IGS_PYTHON_PACKAGE_DEPENDS
+    "python3 (>= 3.${Python_VERSION_MINOR}~), python3 (<< 3.${igs_next_python}), python3-numpy")
+  set(CPACK_DEBIAN_IGS_PYTHON_PACKAGE_SUGGESTS python3-pandas)
+  set(CPACK_DEBIAN_IGS_PYTHON_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_SOURCE_DIR}/packaging/debian/python/postinst ${PROJECT_SOURCE_DIR}/packaging/debian/python/prerm)
 endif()
 include(CPack)

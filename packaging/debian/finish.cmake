@@ -12,7 +12,7 @@ foreach(component ${CPACK_COMPONENTS_ALL})
 
  -- ${CPACK_PACKAGE_CONTACT}  ${date}
 ")
-  file(GLOB_RECURSE binaries ${root}/bin/* ${root}/lib/*.so.*)
+  file(GLOB_RECURSE binaries ${root}/bin/* ${root}/lib/*.so.* ${root}/lib/python3/*.so)
   foreach(binary ${binaries})
     file(RPATH_REMOVE FILE ${binary})
   endforeach()
