@@ -1,4 +1,4 @@
-# Compares the manual page, docs/tolerances.md and the matchers of docs/integration.md with what the program prints.
+# Compares the manual page, docs/tolerances.md, the matcher of docs/integration.md and that of the action with what the program prints.
 import json, pathlib, re, subprocess, sys
 
 ROOT = pathlib.Path(sys.argv[1])
@@ -33,7 +33,8 @@ for name, value, meaning in rows:
     once(re.escape(f".It Cm {name} No {told[2]} {told[1]}"))
 report = subprocess.run(["igs", "check", *(ROOT / "examples").glob("*-faulty.igs")], capture_output=True, text=True).stdout
 places = re.findall(r"^(.*):([0-9]+): (error|warning): (.*) \[(igs.*)\]$", report, re.M)
-matchers = re.findall(r'"regexp": (".*"),', (ROOT / "docs/integration.md").read_text())
+with_matchers = ("docs/integration.md", "packaging/github/problem-matcher.json")
+matchers = re.findall(r'"regexp": (".*"),', "".join((ROOT / name).read_text() for name in with_matchers))
 for matcher in map(json.loads, matchers):
     if not places or [place for place in re.findall(matcher, report, re.M) if place[2] != "note"] != places:
         print(f"{matcher} does not match")
