@@ -3,8 +3,6 @@
 #include "spline.h"
 #include "view.h"
 
-namespace py = pybind11;
-
 namespace {
 
 using Surface = EntityOf<igs128>;

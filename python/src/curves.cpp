@@ -5,8 +5,6 @@
 #include "shapes.h"
 #include "view.h"
 
-namespace py = pybind11;
-
 namespace {
 
 py::array_t<double> angles_of(const EntityOf<igs100>& self) {

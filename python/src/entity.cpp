@@ -12,8 +12,6 @@
 #include "text/text.h"
 #include "values.h"
 
-namespace py = pybind11;
-
 namespace {
 
 using Number = std::variant<int, std::shared_ptr<Entity>>;

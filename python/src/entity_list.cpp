@@ -8,8 +8,6 @@
 #include "entity.h"
 #include "text/text.h"
 
-namespace py = pybind11;
-
 namespace {
 
 bool is_on_level(const igsObject& object, int level) {

@@ -7,8 +7,6 @@
 #include "entity.h"
 #include "text/text.h"
 
-namespace py = pybind11;
-
 namespace {
 
 /// Builds what Python shows of fields: a group whose fields have labels is a dict, any other a list.

@@ -21,8 +21,6 @@
 #include "report/report.h"
 #include "text/pattern.h"
 
-namespace py = pybind11;
-
 namespace {
 
 constexpr ReportOptions json_of_everything{.format = Format::json,

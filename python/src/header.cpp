@@ -14,8 +14,6 @@
 #include "text/text.h"
 #include "values.h"
 
-namespace py = pybind11;
-
 namespace {
 
 using Section = igsGlobalSection;

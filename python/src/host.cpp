@@ -13,8 +13,6 @@
 #include "findings/check.h"
 #include "shapes.h"
 
-namespace py = pybind11;
-
 class FilesOfThread {
  public:
   /// Those of this thread. Deletes what other threads have given back.

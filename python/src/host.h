@@ -9,6 +9,8 @@
 
 #include "files/model.h"
 
+namespace py = pybind11;
+
 class Entity;
 class EntityList;
 class FileShapes;

@@ -17,8 +17,6 @@
 #include "input.h"
 #include "text/text.h"
 
-namespace py = pybind11;
-
 namespace {
 
 igsFileOptions make_options(bool keep, bool strict, bool recover) {

@@ -11,8 +11,6 @@
 #include "entity.h"
 #include "igs/shape/igsPlacement.h"
 
-namespace py = pybind11;
-
 const igsShapeModel& FileShapes::model() {
   if (m_model == nullptr) {
     m_model = std::make_unique<igsShapeModel>(m_file, m_shapes, igsShapeModelOptions{.has_blanked = true});

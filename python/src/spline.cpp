@@ -4,8 +4,6 @@
 #include <climits>
 #include <span>
 
-namespace py = pybind11;
-
 SplineSize SplineSize::wanted(const py::object& degree, py::ssize_t count) {
   if (PyIndex_Check(degree.ptr()) == 0) throw py::type_error("a degree is an int");
   const py::ssize_t number = PyNumber_AsSsize_t(degree.ptr(), nullptr);

@@ -2,8 +2,6 @@
 
 #include "view.h"
 
-namespace py = pybind11;
-
 namespace {
 
 std::vector<igsObjectPtr> model_space_curves_of(const igs141& boundary) {

@@ -5,8 +5,6 @@
 #include <cmath>
 #include <utility>
 
-namespace py = pybind11;
-
 namespace {
 
 /// False for NaN, too.

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-namespace py = pybind11;
-
 namespace {
 
 /// An object of another class than its type number says is shown like any entity.
