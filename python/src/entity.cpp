@@ -59,12 +59,11 @@ void set_level(Entity& entity, const Number& number) {
 }
 
 void set_form(Entity& entity, int form) {
-  igsObject& object = entity.changed_object();
-  const int type = object.directory_entry().entity_type();
+  const int type = entity.object().directory_entry().entity_type();
   if (!igsInfoDB::form_exists(type, form, entity.host().file().options())) {
     throw py::value_error("type " + std::to_string(type) + " has no form " + std::to_string(form));
   }
-  object.directory_entry().set_form_number(form);
+  entity.changed_object().directory_entry().set_form_number(form);
 }
 
 std::string name_of(const Entity& entity) {

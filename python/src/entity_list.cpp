@@ -24,33 +24,32 @@ bool fits(const igsFile& file, const igsObject& object, const EntityQuery& query
 
 }  // namespace
 
-const std::vector<const igsObject*>& EntityList::objects() const {
+const EntityList::Objects& EntityList::objects() const {
   static_cast<void>(m_host->model());
   if (m_num_removed != m_host->num_removed()) {
     throw std::runtime_error("an entity was removed since these were listed; ask the file for its entities again");
   }
-  return m_objects;
+  return *m_objects;
 }
 
 std::shared_ptr<Entity> EntityList::at(std::size_t position) const {
-  if (position >= m_objects.size())
-    throw py::index_error("there are " + std::to_string(m_objects.size()) + " entities");
+  if (position >= size()) throw py::index_error("there are " + std::to_string(size()) + " entities");
   return m_host->entity(objects()[position]);
 }
 
 EntityList EntityList::take(const std::vector<std::size_t>& positions) const {
-  std::vector<const igsObject*> taken;
+  Objects taken;
   taken.reserve(positions.size());
   for (const std::size_t position : positions) taken.push_back(objects().at(position));
-  return {m_host, std::move(taken)};
+  return {m_host, std::make_shared<const Objects>(std::move(taken))};
 }
 
 EntityList EntityList::find(const EntityQuery& query) const {
-  std::vector<const igsObject*> found;
+  Objects found;
   for (const igsObject* const object : objects()) {
     if (fits(m_host->file(), *object, query)) found.push_back(object);
   }
-  return {m_host, std::move(found)};
+  return {m_host, std::make_shared<const Objects>(std::move(found))};
 }
 
 void define_entity_list(py::module_& module) {

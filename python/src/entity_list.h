@@ -24,10 +24,12 @@ struct EntityQuery {
 /// entity of the file was removed.
 class EntityList {
  public:
-  EntityList(std::shared_ptr<Host> host, std::vector<const igsObject*> objects)
+  using Objects = std::vector<const igsObject*>;
+
+  EntityList(std::shared_ptr<Host> host, std::shared_ptr<const Objects> objects)
       : m_host(std::move(host)), m_objects(std::move(objects)), m_num_removed(m_host->num_removed()) {}
 
-  std::size_t size() const { return m_objects.size(); }
+  std::size_t size() const { return m_objects->size(); }
   /// Throws an IndexError where there is no such position, from 0.
   std::shared_ptr<Entity> at(std::size_t position) const;
   /// Those at these positions.
@@ -35,10 +37,10 @@ class EntityList {
   EntityList find(const EntityQuery& query) const;
 
  private:
-  const std::vector<const igsObject*>& objects() const;
+  const Objects& objects() const;
 
   std::shared_ptr<Host> m_host;
-  std::vector<const igsObject*> m_objects;
+  std::shared_ptr<const Objects> m_objects;
   int m_num_removed;
 };
 

@@ -135,16 +135,15 @@ std::shared_ptr<Entity> Host::entity(const igsObject* object) {
   return entity;
 }
 
-std::shared_ptr<const EntityList> Host::entities() {
+EntityList Host::entities() {
   const igsFile& now = file();
-  std::shared_ptr<const EntityList> all = m_all.lock();
-  if (all != nullptr) return all;
-  std::vector<const igsObject*> objects;
-  igsFileIT each(&now);
-  while (++each != 0) objects.push_back(each());
-  all = std::make_shared<EntityList>(shared_from_this(), std::move(objects));
-  m_all = all;
-  return all;
+  if (m_all == nullptr) {
+    std::vector<const igsObject*> objects;
+    igsFileIT each(&now);
+    while (++each != 0) objects.push_back(each());
+    m_all = std::make_shared<const std::vector<const igsObject*>>(std::move(objects));
+  }
+  return {shared_from_this(), m_all};
 }
 
 std::shared_ptr<Entity> Host::add(int type, int form) {
@@ -166,9 +165,10 @@ std::shared_ptr<Entity> Host::add(int type, int form) {
 }
 
 void Host::remove(Entity& entity) {
-  igsObject& object = entity.changed_object();
+  static_cast<void>(entity.object());
   if (&entity.host() != this) throw py::value_error("the entity is not of this file");
   if (entity.has_exports()) throw py::buffer_error("arrays of the entity are in use");
+  igsObject& object = entity.changed_object();
   m_entities.erase(&object);
   m_all.reset();
   ++m_num_removed;

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "files/model.h"
 
@@ -49,7 +50,7 @@ class Host : public std::enable_shared_from_this<Host> {
   /// The one Python object of an entity; null for null.
   std::shared_ptr<Entity> entity(const igsObject* object);
   /// All entities, in the order of their DE numbers.
-  std::shared_ptr<const EntityList> entities();
+  EntityList entities();
   /// A new entity. Throws a ValueError where no class stands for the type and form.
   std::shared_ptr<Entity> add(int type, int form);
   /// As long as arrays refer to its memory (Entity::export_array), an entity cannot be removed.
@@ -71,6 +72,6 @@ class Host : public std::enable_shared_from_this<Host> {
   bool m_is_past = false;
   int m_num_removed = 0;
   std::unordered_map<const igsObject*, Entity*> m_entities;
-  std::weak_ptr<const EntityList> m_all;
+  std::shared_ptr<const std::vector<const igsObject*>> m_all;  ///< null until they are asked for
   std::unique_ptr<FileShapes> m_shapes;
 };
